@@ -1,0 +1,16 @@
+# Warnings are errors. Four-character codes are the field's own spelling for control signatures and
+# commands, so their warning is off.
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror -Wno-multichar)
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  add_compile_options(-Wno-four-char-constants -Wno-unknown-warning-option)
+else()
+  add_compile_options(-Wno-missing-field-initializers)
+endif()
+add_link_options(-Wl,--as-needed)
+if(KALMO_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(KALMO_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

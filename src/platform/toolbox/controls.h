@@ -1,0 +1,92 @@
+// Controls: identity, values, texts, properties, place and state. A control is a widget; a null
+// control answers 0, null, false or paramErr and changes nothing.
+//
+// Programmatic changes raise no event. Values are 32-bit, clamped to minimum and maximum.
+#pragma once
+
+#include "foundation/string.h"
+#include "kalmo/statuses.h"
+#include "toolbox/windows.h"
+
+struct ControlID {
+    OSType signature;
+    SInt32 id;
+};
+
+#pragma GCC visibility push(default)
+
+/// In the window or anything embedded in it; controlNotFoundErr otherwise (`*control` untouched).
+OSStatus GetControlByID(WindowRef window, ControlID id, ControlRef* control);
+OSStatus GetControlID(ControlRef control, ControlID* id);
+OSStatus SetControlID(ControlRef control, ControlID id);
+/// The window the control stands in, null when it stands in none.
+[[nodiscard]] WindowRef GetControlOwner(ControlRef control);
+
+/// Popup: number of the chosen item from 1, 0 when none. Check box: 0 or 1. Spin, slider: the
+/// number.
+[[nodiscard]] SInt32 GetControl32BitValue(ControlRef control);
+void SetControl32BitValue(ControlRef control, SInt32 value);
+[[nodiscard]] SInt32 GetControl32BitMinimum(ControlRef control);
+void SetControl32BitMinimum(ControlRef control, SInt32 minimum);
+/// A popup's maximum may exceed its items; choosing beyond them chooses nothing.
+[[nodiscard]] SInt32 GetControl32BitMaximum(ControlRef control);
+void SetControl32BitMaximum(ControlRef control, SInt32 maximum);
+
+/// Title of a button or check box, text of a label.
+void SetControlTitleWithCFString(ControlRef control, CFStringRef title);
+[[nodiscard]] CFStringRef CopyControlTitleAsCFString(ControlRef control);
+/// What assistive technology reads: the name of a control without a text of its own, and the
+/// description of what a picture shows now.
+void SetControlAccessibleName(ControlRef control, CFStringRef name);
+void SetControlAccessibleDescription(ControlRef control, CFStringRef description);
+void SetControlHelpTag(ControlRef control, CFStringRef tip);
+/// A button's picture, drawn at the button's icon size. Null takes it away.
+void SetControlPicture(ControlRef control, PictureRef picture);
+
+/// Bytes kept at the control under creator and tag, copied.
+OSStatus SetControlProperty(ControlRef control, OSType creator, OSType tag, UInt32 size,
+                            const void* data);
+/// Up to `size` bytes; kPMKeyNotFound when there is no such property.
+OSStatus GetControlProperty(ControlRef control, OSType creator, OSType tag, UInt32 size,
+                            UInt32* actualSize, void* data);
+OSStatus RemoveControlProperty(ControlRef control, OSType creator, OSType tag);
+
+/// In the coordinates of the containing view.
+void GetControlBounds(ControlRef control, Rect* bounds);
+void SetControlBounds(ControlRef control, const Rect& bounds);
+/// The size the control wants for its texts and contents.
+void GetBestControlSize(ControlRef control, SInt32* width, SInt32* height);
+
+/// Takes `child` out of where it is and places it, at its bounds, in `parent`; the tab order of its
+/// controls stays. A user pane keeps its distances to all four edges when the parent changes size,
+/// and the parent never becomes smaller than the pane's contents need.
+OSStatus EmbedControl(ControlRef child, ControlRef parent);
+/// The first view inside `control`, then its sisters in order; null at the end.
+[[nodiscard]] ControlRef GetFirstSubcontrol(ControlRef control);
+[[nodiscard]] ControlRef GetNextSibling(ControlRef control);
+/// A bare view in `window` (its content view). A column of sections may be moved into it
+/// (AppendSubviews): they fill its width, and stack anew when one changes its height.
+OSStatus CreateUserPaneControl(WindowRef window, const Rect& bounds, ControlRef* pane);
+/// Moves every subview of `section` into `pane`, `top` pixels lower than it stood in the section.
+OSStatus MoveSubviewsToPane(ControlRef section, ControlRef pane, SInt32 top);
+/// Frees the control with all it holds. Null is ignored.
+void DisposeControl(ControlRef control);
+
+void ShowControl(ControlRef control);
+void HideControl(ControlRef control);
+/// The control's own state, whether or not its window is on screen.
+[[nodiscard]] Boolean IsControlVisible(ControlRef control);
+/// An inactive control looks and acts disabled, and remembers whether it is enabled.
+void ActivateControl(ControlRef control);
+void DeactivateControl(ControlRef control);
+[[nodiscard]] Boolean IsControlActive(ControlRef control);
+void EnableControl(ControlRef control);
+void DisableControl(ControlRef control);
+[[nodiscard]] Boolean IsControlEnabled(ControlRef control);
+void SetKeyboardFocus(ControlRef control);
+/// Asks for a 'cntl' draw event soon.
+void SetControlNeedsDisplay(ControlRef control);
+/// Acts as if the user had pressed the control: its value changes and a hit is sent.
+void SimulateControlHit(ControlRef control);
+
+#pragma GCC visibility pop

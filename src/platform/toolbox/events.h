@@ -1,0 +1,56 @@
+// Events and their handlers.
+//
+// An event goes to the handlers of its control, newest first, then to those of each containing
+// view, then to those of the window. The first that answers anything but eventNotHandledErr ends
+// the way; its answer is the event's. When all decline, the control's standard behaviour runs.
+#pragma once
+
+#include "foundation/string.h"
+#include "kalmo/statuses.h"
+#include "toolbox/controls.h"
+
+struct EventTypeSpec {
+    UInt32 eventClass;
+    UInt32 eventKind;
+};
+inline constexpr UInt32 kEventClassControl = 'cntl';
+inline constexpr UInt32 kEventControlHit = 1;
+inline constexpr UInt32 kEventControlDraw = 4;
+inline constexpr UInt32 kEventClassCommand = 'cmds';
+inline constexpr UInt32 kEventCommandProcess = 1;
+inline constexpr UInt32 kEventClassMenu = 'menu';
+/// A popup's menu is about to be opened and may still be changed.
+inline constexpr UInt32 kEventMenuPopulate = 8;
+
+using EventHandlerProc = OSStatus (*)(EventHandlerCallRef next, EventRef event, void* userData);
+
+#pragma GCC visibility push(default)
+
+/// `handler` (may be null) receives a reference for RemoveEventHandler; a handler also ends with
+/// its control or window. Removing is safe at any time, inside the handler too.
+OSStatus InstallControlEventHandler(ControlRef control, EventHandlerProc proc, UInt32 count,
+                                    const EventTypeSpec* types, void* userData,
+                                    EventHandlerRef* handler);
+OSStatus InstallWindowEventHandler(WindowRef window, EventHandlerProc proc, UInt32 count,
+                                   const EventTypeSpec* types, void* userData,
+                                   EventHandlerRef* handler);
+/// Null and references already gone are ignored.
+void RemoveEventHandler(EventHandlerRef handler);
+/// Runs the rest of the way and gives its answer.
+OSStatus CallNextEventHandler(EventHandlerCallRef next, EventRef event);
+
+[[nodiscard]] UInt32 GetEventClass(EventRef event);
+[[nodiscard]] UInt32 GetEventKind(EventRef event);
+/// The control that was hit or is drawn; null for a command without one.
+[[nodiscard]] ControlRef GetEventControl(EventRef event);
+/// The command of a 'cmds' event, 0 otherwise.
+[[nodiscard]] UInt32 GetEventCommand(EventRef event);
+/// The drawing of a draw event, null otherwise; valid during the event.
+[[nodiscard]] DrawingRef GetEventDrawing(EventRef event);
+
+/// Sends a 'cmds' event that starts at `control` (or at the window). The answer is the event's
+/// status.
+OSStatus SendCommandFromControl(ControlRef control, UInt32 command);
+OSStatus SendCommandToWindow(WindowRef window, UInt32 command);
+
+#pragma GCC visibility pop

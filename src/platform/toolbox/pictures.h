@@ -1,0 +1,18 @@
+// Pictures from files, drawn crisply at any scale inside a draw event.
+#pragma once
+
+#include "foundation/url.h"
+#include "kalmo/statuses.h"
+#include "toolbox/events.h"
+
+#pragma GCC visibility push(default)
+
+/// An SVG, PNG, GIF or ICNS file. Null when it is missing or no picture. DisposePicture frees it.
+[[nodiscard]] PictureRef CreatePictureFromURL(CFURLRef url);
+void DisposePicture(PictureRef picture);
+void GetPictureSize(PictureRef picture, SInt32* width, SInt32* height);
+/// Scaled to fit `bounds` (pixels of the drawn control, without the display's scale), proportions
+/// kept, centred.
+OSStatus DrawPictureInRect(DrawingRef drawing, PictureRef picture, const Rect& bounds);
+
+#pragma GCC visibility pop

@@ -1,0 +1,36 @@
+# The plug-in, the two programs, and the bundle around the plug-in.
+
+set(bundle ${CMAKE_BINARY_DIR}/KalmoFeatures.plugin)
+
+# Static libraries would be left out of the module, since nobody calls a panel by name: all objects go in.
+set(plugin_objects)
+foreach(folder shell_base settings controls special_pages image_options paper_output shell)
+  get_target_property(type ${folder} TYPE)
+  if(type STREQUAL "STATIC_LIBRARY")
+    list(APPEND plugin_objects $<TARGET_OBJECTS:${folder}>)
+  endif()
+endforeach()
+set(exports ${CMAKE_CURRENT_SOURCE_DIR}/shell/exports.map)
+if(plugin_objects AND EXISTS ${exports})
+  add_library(KalmoFeatures SHARED ${plugin_objects})
+  set_target_properties(KalmoFeatures PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${bundle}/Contents/Linux
+    LINK_DEPENDS ${exports})
+  target_link_libraries(KalmoFeatures PRIVATE kalmoplatform PkgConfig::CUPS)
+  # -Bsymbolic: a program built with -rdynamic must not replace the plug-in's own functions.
+  target_link_options(KalmoFeatures PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${exports}
+    $<$<NOT:$<BOOL:${KALMO_SANITIZE}>>:-Wl,-z,defs>)
+endif()
+
+if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/print_dialog/main.cpp)
+  add_executable(kalmo-print print_dialog/main.cpp)
+  target_link_libraries(kalmo-print PRIVATE print_dialog)
+  if(TARGET KalmoFeatures)
+    add_dependencies(kalmo-print KalmoFeatures bundle_resources)
+  endif()
+endif()
+
+if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/ticket_filter/main.cpp)
+  file(GLOB filter_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/ticket_filter/*.cpp)
+  add_executable(kalmo-ticket ${filter_sources})
+  target_link_libraries(kalmo-ticket PRIVATE job_ticket PkgConfig::CUPS CLI11::CLI11)
+endif()

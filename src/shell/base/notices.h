@@ -1,0 +1,18 @@
+// Notices and questions, built from a header key and a message key whose text is a format.
+#pragma once
+
+#include "foundation/bundle.h"
+
+namespace kalmo {
+
+/// `arguments` fill the message's placeholders in order.
+struct NoticeKeys {
+    CFStringRef header;
+    CFStringRef message;
+    CFStringRef table = nullptr;
+};
+
+void ShowNoticeWithKeys(CFBundleRef bundle, const NoticeKeys& keys, const CFTypeRef* arguments,
+                        CFIndex count);
+
+}  // namespace kalmo

@@ -1,0 +1,19 @@
+// Texts by key, in the user's language.
+#pragma once
+
+#include "foundation/bundle.h"
+
+namespace kalmo {
+
+/// What stands where a key has no text.
+inline constexpr char kStringNotFound[] = "STRING NOT FOUND";
+
+/// The text of `key` in TABLE.strings of the bundle ("Localizable" when `table` is null);
+/// "STRING NOT FOUND", and one line on standard error naming table and key, otherwise. Never null.
+[[nodiscard]] Owned<CFStringRef> CopyText(CFBundleRef bundle, CFStringRef key,
+                                          CFStringRef table = nullptr);
+/// The same, null when there is none and without a line.
+[[nodiscard]] Owned<CFStringRef> CopyTextIfPresent(CFBundleRef bundle, CFStringRef key,
+                                                   CFStringRef table = nullptr);
+
+}  // namespace kalmo

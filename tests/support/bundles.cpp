@@ -1,0 +1,35 @@
+#include "support/bundles.h"
+
+#include "support/private_home.h"
+
+namespace kalmo::test {
+
+std::filesystem::path WriteBundle(const std::filesystem::path& parent, const std::string& name,
+                                  const std::string& identifier,
+                                  const std::map<std::string, std::string>& files) {
+    const auto contents = parent / (name + ".plugin") / "Contents";
+    std::filesystem::create_directories(contents / "Resources");
+    WriteFile(contents / "Info.plist",
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist "
+              "version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>" +
+                  identifier + "</string><key>CFBundleExecutable</key><string>" + name +
+                  "</string></dict></plist>\n");
+    for (const auto& [path, text] : files) {
+        std::filesystem::create_directories((contents / path).parent_path());
+        WriteFile(contents / path, text);
+    }
+    return contents.parent_path();
+}
+
+CFBundleRef OpenBundle(const std::filesystem::path& folder) {
+    const auto path = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(folder.string()));
+    const auto url =
+        Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, true));
+    return CFBundleCreate(kCFAllocatorDefault, url);
+}
+
+std::filesystem::path ProductBundle() {
+    return std::filesystem::path(KALMO_BINARY_DIR) / "KalmoFeatures.plugin";
+}
+
+}  // namespace kalmo::test

@@ -1,0 +1,58 @@
+#include "support/private_home.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+namespace kalmo::test {
+namespace {
+
+std::filesystem::path home;  // NOLINT: lives as long as the program
+
+void RemoveHome() {
+    std::error_code ignored;
+    std::filesystem::remove_all(home, ignored);
+}
+
+}  // namespace
+
+void UsePrivateHome() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "kalmo-test-XXXXXX").string();
+    home = mkdtemp(pattern.data());
+    std::atexit(RemoveHome);
+    setenv("HOME", home.c_str(), 1);
+    for (const auto& [variable, folder] : {std::pair{"XDG_CONFIG_HOME", "config"},
+                                           {"XDG_CACHE_HOME", "cache"},
+                                           {"XDG_DATA_HOME", "data"},
+                                           {"XDG_STATE_HOME", "state"},
+                                           {"XDG_RUNTIME_DIR", "run"}}) {
+        std::filesystem::create_directory(home / folder);
+        std::filesystem::permissions(home / folder, std::filesystem::perms::owner_all);
+        setenv(variable, (home / folder).c_str(), 1);
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    unsetenv("LANGUAGE");
+    unsetenv("CUPS_SERVER");
+    unsetenv("DISPLAY");
+    unsetenv("WAYLAND_DISPLAY");
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+std::filesystem::path MakeFolder(const std::string& name) {
+    std::string pattern = (home / (name + "-XXXXXX")).string();
+    return mkdtemp(pattern.data());
+}
+
+std::string ReadFile(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void WriteFile(const std::filesystem::path& file, const std::string& bytes) {
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+}  // namespace kalmo::test
