@@ -1,0 +1,51 @@
+// The help book: every page is reachable from the first, and no link leads nowhere, in every
+// language.
+#include <gtest/gtest.h>
+
+#include <deque>
+
+#include "house/resource_files.h"
+
+namespace kalmo::test {
+namespace {
+
+const std::regex kLinks(R"re(<a href="([^"]+)")re");
+
+class HelpBook : public testing::TestWithParam<const char*> {
+protected:
+    std::filesystem::path folder() const {
+        return kResources / (std::string(GetParam()) + ".lproj") / "Help";
+    }
+};
+
+TEST_P(HelpBook, EveryPageIsReachableAndNoLinkIsBroken) {
+    std::set<std::filesystem::path> reached{folder() / "index.htm"};
+    std::deque<std::filesystem::path> open(reached.begin(), reached.end());
+    while (!open.empty()) {
+        const auto page = open.front();
+        open.pop_front();
+        for (const std::string& link : Matches(ReadFile(page), kLinks)) {
+            const auto target =
+                (page.parent_path() / link.substr(0, link.find('#'))).lexically_normal();
+            ASSERT_TRUE(std::filesystem::exists(target)) << page << " links to " << link;
+            if (reached.insert(target).second) open.push_back(target);
+        }
+    }
+    ForEachFile(folder(), {".htm"}, [&](const std::filesystem::path& page) {
+        EXPECT_TRUE(reached.contains(page)) << page;
+    });
+}
+
+TEST_P(HelpBook, PagesThatCodeOpensExist) {
+    const std::regex pages(R"re("([^"]+\.htm)(?:"|#))re");
+    ForEachFile(kSources, {".cpp"}, [&](const std::filesystem::path& file) {
+        for (const std::string& page : Matches(ReadFile(file), pages)) {
+            EXPECT_TRUE(std::filesystem::exists(folder() / page)) << page << " of " << file;
+        }
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, HelpBook, testing::Values("en", "de"));
+
+}  // namespace
+}  // namespace kalmo::test

@@ -1,0 +1,39 @@
+// The tree's own files, as the tests of this folder read them.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/private_home.h"
+
+namespace kalmo::test {
+
+inline const std::filesystem::path kSources = std::filesystem::path(KALMO_SOURCE_DIR) / "src";
+inline const std::filesystem::path kResources =
+    std::filesystem::path(KALMO_SOURCE_DIR) / "resources/KalmoFeatures.plugin/Contents/Resources";
+
+/// Calls for each file below `folder` with one of the endings (".cpp").
+inline void ForEachFile(const std::filesystem::path& folder, const std::set<std::string>& endings,
+                        const std::function<void(const std::filesystem::path&)>& visit) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        if (entry.is_regular_file() && endings.contains(entry.path().extension().string())) {
+            visit(entry.path());
+        }
+    }
+}
+
+/// The first group of every match.
+inline std::vector<std::string> Matches(const std::string& text, const std::regex& pattern) {
+    std::vector<std::string> found;
+    for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end;
+         ++match) {
+        found.push_back((*match)[1]);
+    }
+    return found;
+}
+
+}  // namespace kalmo::test

@@ -1,0 +1,93 @@
+// Every key that code and interface files use has a text, in every language, with the same places.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+#include "foundation/strings_table.h"
+#include "house/resource_files.h"
+
+namespace kalmo::test {
+namespace {
+
+std::string Unescaped(std::string text) {
+    for (std::size_t at = 0; (at = text.find('\\', at)) != std::string::npos; ++at)
+        text.erase(at, 1);
+    return text;
+}
+
+std::string WithoutEntities(std::string text) {
+    for (const auto& [entity, character] : {std::pair{"&quot;", "\""},
+                                            {"&lt;", "<"},
+                                            {"&gt;", ">"},
+                                            {"&apos;", "'"},
+                                            {"&amp;", "&"}}) {
+        for (std::size_t at = 0; (at = text.find(entity, at)) != std::string::npos; ++at) {
+            text.replace(at, std::string(entity).size(), character);
+        }
+    }
+    return text;
+}
+
+/// Key to the file that uses it.
+std::map<std::string, std::string> UsedKeys() {
+    std::map<std::string, std::string> used;
+    const std::regex calls(
+        R"((?:CopyText|CopyTextIfPresent|AnswerPanelPrologue|NoticeKeys)\b([^;]*);)");
+    const std::regex constants(R"re(CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
+    const std::regex rows(R"re(\{\s*CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
+    ForEachFile(kSources, {".cpp"}, [&](const std::filesystem::path& file) {
+        if (file.string().find("/platform/") != std::string::npos) return;
+        const std::string text = ReadFile(file);
+        for (const std::string& call : Matches(text, calls)) {
+            for (const std::string& key : Matches(call, constants)) used[Unescaped(key)] = file;
+        }
+        if (file.filename() == "setting_maps.cpp") {
+            for (const std::string& key : Matches(text, rows)) used[Unescaped(key)] = file;
+        }
+    });
+    const std::regex properties(
+        R"re(<property name="(?:textKey|nameKey|tipKey)"[^>]*>\s*<string[^>]*>([^<]*)</string>)re");
+    ForEachFile(kResources, {".ui"}, [&](const std::filesystem::path& file) {
+        for (const std::string& key : Matches(ReadFile(file), properties)) {
+            used[WithoutEntities(key)] = file;
+        }
+    });
+    return used;
+}
+
+std::multiset<std::string> Places(const std::string& text) {
+    const std::vector<std::string> found = Matches(text, std::regex("%(?:[0-9]+\\$)?(@|d|ld)"));
+    return {found.begin(), found.end()};
+}
+
+StringsTable Table(const std::string& language) {
+    return ReadStringsTable(ReadFile(kResources / (language + ".lproj") / "Localizable.strings"));
+}
+
+TEST(Texts, EveryUsedKeyHasATextInEveryLanguage) {
+    const auto used = UsedKeys();
+    ASSERT_GT(used.size(), 90u) << "the patterns above no longer fit the code";
+    for (const char* language : {"en", "de"}) {
+        const StringsTable table = Table(language);
+        EXPECT_TRUE(table.faults.empty()) << language << ": " << table.faults.front();
+        for (const auto& [key, file] : used) {
+            EXPECT_TRUE(table.texts.contains(key))
+                << language << " lacks \"" << key << "\" of " << file;
+        }
+    }
+}
+
+TEST(Texts, TranslationsKeepKeysAndPlaces) {
+    const StringsTable english = Table("en");
+    const StringsTable german = Table("de");
+    EXPECT_EQ(english.texts.size(), german.texts.size());
+    for (const auto& [key, text] : german.texts) {
+        const auto original = english.texts.find(key);
+        ASSERT_NE(original, english.texts.end()) << "unknown to English: " << key;
+        EXPECT_EQ(Places(original->second), Places(text)) << key;
+    }
+}
+
+}  // namespace
+}  // namespace kalmo::test
