@@ -1,0 +1,136 @@
+// The print system's side of one dialog: it owns the session with its tickets and printer, and
+// takes the extension through its life. The window and the run without a window drive the same
+// object.
+//
+//    load ─ setPrinter ─ [readTicket] ─ begin ─ [open] ─ apply, sync ... ─ [close] ─ end
+//                ▲                                                             │
+//                └────────────── another printer, with the same tickets ◀──────┘
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "foundation/collections.h"
+#include "kalmo/pde.h"
+#include "print_dialog/job_settings.h"
+
+namespace kalmo {
+
+/// Success, or one line that says what is wrong and what to do.
+struct [[nodiscard]] Outcome {
+    std::string error;
+    explicit operator bool() const { return error.empty(); }
+};
+
+/// Plain values. `ppdPath` is a local file; empty for a queue without one.
+struct HostPrinter {
+    std::string name;
+    std::string ppdPath;
+};
+
+/// Names of --panels and the interface functions behind them; null for an unknown name.
+[[nodiscard]] const char* PanelInterfaceName(std::string_view panel);
+
+class PrintJobHost final {
+public:
+    enum class State {
+        idle,         // no extension lives
+        refused,      // Initialize refused: no pane, only end() is left
+        initialized,  // Sync may run
+        open,         // the pane is shown
+    };
+
+    /// `panels` are names of --panels, each known to PanelInterfaceName.
+    explicit PrintJobHost(std::vector<std::string> panels = {});
+    /// Ends what still lives.
+    ~PrintJobHost();
+    PrintJobHost(const PrintJobHost&) = delete;
+    PrintJobHost& operator=(const PrintJobHost&) = delete;
+
+    /// Finds and opens the bundle. Fails when it is not installed.
+    Outcome load();
+
+    // Before begin, or between end and the next begin.
+
+    /// Reads the PPD file. When another printer goes, PPD choices that the new one does not have
+    /// go with it. Fails, changing nothing, when the file is no PPD file.
+    Outcome setPrinter(const HostPrinter& printer);
+    /// The job's name, known to the panels. Empty: none.
+    void setJobName(const std::string& name);
+
+    /// Replaces the tickets by those of a ticket file's bytes (no file name in the error); a living
+    /// pane then shows them. Fails, changing nothing, when the bytes are no ticket file.
+    Outcome readTicket(std::string_view bytes);
+
+    /// From the factory to Initialize. `parent` is the embedder for the pane, in a window that has
+    /// a default and a cancel button; both are lent until end(). Not noErr: refused (the extension
+    /// has said why on standard error), or no extension; then end() is the next call.
+    OSStatus begin(ControlRef parent);
+    OSStatus open();
+    OSStatus close();
+    OSStatus sync(Boolean direction);
+    /// Closes an open pane, terminates, releases. Safe in every state. `status` tells the extension
+    /// how the dialog ended (noErr: printed).
+    void end(OSStatus status);
+
+    /// Takes over the dialog's own choices. What a panel reads (paper, orientation, pages per
+    /// sheet) is written between a Sync towards the ticket and one towards the pane, and only when
+    /// it changes.
+    void apply(const JobSettings& settings);
+
+    /// Asks the pane whether the job may be printed, as its Print button would. False: refused, the
+    /// pane has told the user why.
+    [[nodiscard]] bool printCheck();
+
+    [[nodiscard]] State state() const { return state_; }
+    /// A pane lives.
+    [[nodiscard]] bool hasPane() const {
+        return state_ == State::initialized || state_ == State::open;
+    }
+    [[nodiscard]] const JobSettings& settings() const { return settings_; }
+    [[nodiscard]] const HostPrinter& printer() const { return printer_; }
+    [[nodiscard]] const std::string& jobName() const { return jobName_; }
+    /// Title and least size of the pane, from Prologue.
+    [[nodiscard]] const std::string& paneTitle() const { return paneTitle_; }
+    [[nodiscard]] int paneWidth() const { return paneWidth_; }
+    [[nodiscard]] int paneHeight() const { return paneHeight_; }
+
+    [[nodiscard]] PMPrintSession session() const { return session_; }
+    [[nodiscard]] PMTicketRef printSettings() const;
+    /// The choice in the PPD dictionary; empty when there is none.
+    [[nodiscard]] std::string ppdChoice(const std::string& keyword) const;
+    /// The tickets as a ticket file's bytes, with `extra` (may be null) among the print settings;
+    /// empty on failure.
+    [[nodiscard]] std::string ticketFile(CFDictionaryRef extra = nullptr) const;
+
+private:
+    OSStatus createExtension();
+    OSStatus prologue();
+    void releaseExtension();
+    void offerPanels();
+    void withdrawPanels();
+    void writeSettings(const JobSettings& settings);
+    void writePaper(const std::string& keyword);
+    void fillSession();
+    void dropForeignChoices(const std::vector<std::string>& known);
+
+    std::vector<std::string> panels_;
+    Owned<CFBundleRef> bundle_;
+    Owned<PMPrintSession> session_;
+    HostPrinter printer_;
+    std::string makeAndModel_;
+    std::string jobName_;
+    JobSettings settings_;
+
+    State state_ = State::idle;
+    IUnknownTable** extension_ = nullptr;
+    PDEInterfaceObject* interface_ = nullptr;
+    PDEContext context_ = nullptr;
+    ControlRef parent_ = nullptr;
+    std::string paneTitle_;
+    int paneWidth_ = 0, paneHeight_ = 0;
+};
+
+}  // namespace kalmo
