@@ -15,7 +15,7 @@ if(plugin_objects AND EXISTS ${exports})
   add_library(KalmoFeatures SHARED ${plugin_objects})
   set_target_properties(KalmoFeatures PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${bundle}/Contents/Linux
     LINK_DEPENDS ${exports})
-  target_link_libraries(KalmoFeatures PRIVATE kalmoplatform PkgConfig::CUPS)
+  target_link_libraries(KalmoFeatures PRIVATE kalmoplatform Cups::Cups)
   # -Bsymbolic: a program built with -rdynamic must not replace the plug-in's own functions.
   target_link_options(KalmoFeatures PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${exports}
     $<$<NOT:$<BOOL:${KALMO_SANITIZE}>>:-Wl,-z,defs>)
@@ -32,5 +32,5 @@ endif()
 if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/ticket_filter/main.cpp)
   file(GLOB filter_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/ticket_filter/*.cpp)
   add_executable(kalmo-ticket ${filter_sources})
-  target_link_libraries(kalmo-ticket PRIVATE job_ticket PkgConfig::CUPS CLI11::CLI11)
+  target_link_libraries(kalmo-ticket PRIVATE job_ticket Cups::Cups CLI11::CLI11)
 endif()
