@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "job_ticket/result.h"
+
 namespace kalmo::job_ticket {
 
 inline constexpr char kAttachmentKey[] = "com.kalmo.print.ticket";
@@ -18,12 +20,6 @@ inline constexpr char kAttachmentFileName[] = "com.kalmo.print.ticket.plist";
 inline constexpr char kDigestOption[] = "com.kalmo.print.ticket";
 /// Ticket key of the 16 random bytes that keep the public digest from giving anything away.
 inline constexpr char kNonceKey[] = "com.kalmo.print.nonce";
-
-/// Ok, or one line that says what is wrong (no file name in it).
-struct [[nodiscard]] Result {
-    std::string error;
-    explicit operator bool() const { return error.empty(); }
-};
 
 /// "sha256-" and 64 lower-case hexadecimal digits.
 [[nodiscard]] std::string TicketDigest(std::string_view ticket);
@@ -42,6 +38,7 @@ struct TakenOut {
 };
 /// With a digest: the attachment must be there and match; the document without it goes to `output`.
 /// Without one: an attachment is ignored and the document's bytes go to `output` unchanged.
+/// `output` is a file of mode 0600, written as AttachTicket does; empty: no document is written.
 Result TakeTicketOut(const std::filesystem::path& document,
                      const std::optional<std::string>& digest, const std::filesystem::path& output,
                      TakenOut* out);
