@@ -24,7 +24,8 @@ struct PageRange {
 /// they touch or overlap.
 [[nodiscard]] std::optional<std::vector<PageRange>> ParsePageRanges(std::string_view text,
                                                                     int pageCount);
-/// "1-3,5", the form of the job option page-ranges.
+/// "1-3,5", the form of the job option page-ranges. The server counts sheets there, not pages, when
+/// a sheet holds several: such a job's document is cut to its pages before it is sent.
 [[nodiscard]] std::string PageRangesText(const std::vector<PageRange>& ranges);
 
 struct JobSettings {

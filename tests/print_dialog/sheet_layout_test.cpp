@@ -1,0 +1,174 @@
+// The sheets that are shown are the sheets that come out of the print server's own filter.
+#include "print_dialog/sheet_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfDocument>
+#include <QProcess>
+#include <QTransform>
+
+#include "print_dialog/sample_documents.h"
+#include "support/private_home.h"
+
+namespace kalmo::test {
+namespace {
+
+constexpr auto kPPD = R"(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*Manufacturer: "Test"
+*ModelName: "Test"
+*NickName: "Test"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: True
+*OpenUI *PageSize: PickOne
+*DefaultPageSize: A4
+*PageSize A4: ""
+*CloseUI: *PageSize
+*DefaultImageableArea: A4
+*ImageableArea A4: "10 20 565 802"
+*DefaultPaperDimension: A4
+*PaperDimension A4: "595 842"
+*cupsFilter: "application/vnd.cups-pdf 0 -"
+)";
+const PPDPaper kA4{"A4", "A4", 595, 842, 10, 20, 565, 802};
+
+const QSizeF kSmallPage{300, 400}, kLargePage{842, 1191};
+
+std::vector<PageSize> Sizes(const std::vector<QSizeF>& pages) {
+    std::vector<PageSize> sizes;
+    for (const QSizeF& page : pages) sizes.push_back({page.width(), page.height()});
+    return sizes;
+}
+
+/// The sheets as the filter makes them, one pixel per point, paper upright.
+std::vector<QImage> PrintedSheets(const std::filesystem::path& document,
+                                  const SheetLayout& layout) {
+    const auto ppd = MakeFolder("ppd") / "test.ppd";
+    WriteFile(ppd, kPPD);
+    QString options = "PageSize=A4";
+    for (const auto& [name, value] : layout.jobOptions()) {
+        options += QString::fromStdString(" " + name + "=" + value);
+    }
+    QProcess filter;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("PPD", QString::fromStdString(ppd.string()));
+    environment.insert("CONTENT_TYPE", "application/pdf");
+    environment.insert("FINAL_CONTENT_TYPE", "application/vnd.cups-pdf");
+    filter.setProcessEnvironment(environment);
+    filter.start("/usr/lib/cups/filter/pdftopdf",
+                 {"1", "user", "title", "1", options, QString::fromStdString(document.string())});
+    EXPECT_TRUE(filter.waitForFinished()) << "cups-filters is not installed";
+    QByteArray bytes = filter.readAllStandardOutput();
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QPdfDocument pdf;
+    pdf.load(&buffer);
+    std::vector<QImage> sheets;
+    for (int page = 0; page < pdf.pageCount(); ++page) {
+        QImage sheet(595, 842, QImage::Format_RGB32);
+        sheet.fill(Qt::white);
+        QPainter(&sheet).drawImage(0, 0, pdf.render(page, sheet.size()));
+        sheets.push_back(sheet);
+    }
+    return sheets;
+}
+
+QImage AsRead(const QImage& printed, double degrees) {
+    return printed.transformed(QTransform().rotate(degrees));
+}
+
+int Distance(QColor a, QColor b) {
+    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
+           std::abs(a.blue() - b.blue());
+}
+
+void ExpectPageAt(const QImage& sheet, const PlacedPage& placed) {
+    const QRectF box(placed.box.x, placed.box.y, placed.box.width, placed.box.height);
+    const auto differs = [&](QPointF at, QColor color) {
+        const QPoint pixel(static_cast<int>(at.x()), static_cast<int>(at.y()));
+        return !sheet.rect().contains(pixel) || Distance(sheet.pixelColor(pixel), color) > 60;
+    };
+    const QColor color = PageColor(placed.page);
+    const QRectF inside = box.adjusted(4, 4, -4, -4);
+    const QRectF outside = box.adjusted(-4, -4, 4, 4);
+    EXPECT_FALSE(differs(placed.turned ? inside.topRight() : inside.topLeft(), Qt::black));
+    EXPECT_FALSE(differs(placed.turned ? inside.topLeft() : inside.topRight(), color));
+    EXPECT_FALSE(differs(inside.bottomLeft(), color));
+    EXPECT_FALSE(differs(inside.bottomRight(), color));
+    for (const QPointF at :
+         {QPointF(outside.left(), box.center().y()), QPointF(outside.right(), box.center().y()),
+          QPointF(box.center().x(), outside.top()), QPointF(box.center().x(), outside.bottom())}) {
+        EXPECT_TRUE(differs(at, color)) << "the page is larger than shown";
+    }
+}
+
+struct Document {
+    const char* name;
+    std::vector<QSizeF> pages;
+};
+
+TEST(SheetLayout, MatchesThePrintServersFilter) {
+    const Document documents[] = {
+        {"portrait", std::vector(7, kPortraitPage)},
+        {"landscape", std::vector(7, kLandscapePage)},
+        {"one across", {kPortraitPage, kLandscapePage, kPortraitPage}},
+        {"one upright", {kLandscapePage, kPortraitPage, kLandscapePage}},
+        {"small", std::vector(3, kSmallPage)},
+        {"large", std::vector(3, kLargePage)},
+    };
+    for (const Document& document : documents) {
+        const auto file = WriteDocument(document.pages);
+        for (const Orientation orientation : {Orientation::portrait, Orientation::landscape}) {
+            for (const int count : kPagesPerSheet) {
+                const bool landscape = orientation == Orientation::landscape;
+                SCOPED_TRACE(testing::Message() << document.name << ", " << count
+                                                << " on a sheet, landscape " << landscape);
+                JobSettings settings;
+                settings.orientation = orientation;
+                settings.pagesPerSheet = count;
+                const SheetLayout layout(kA4, settings, Sizes(document.pages));
+                const auto printed = PrintedSheets(file, layout);
+                ASSERT_EQ(static_cast<int>(printed.size()), layout.sheetCount());
+                const bool across = count == 2 || count == 6;
+                const double turn = landscape ? (across ? 180 : 90) : (across ? -90 : 0);
+                for (int index = 0; index < layout.sheetCount(); ++index) {
+                    const Sheet sheet = layout.sheet(index);
+                    const QImage read = AsRead(printed[static_cast<std::size_t>(index)], turn);
+                    ASSERT_EQ(read.size(), QSize(int(sheet.width), int(sheet.height)));
+                    for (const PlacedPage& page : sheet.pages) ExpectPageAt(read, page);
+                }
+            }
+        }
+    }
+}
+
+TEST(SheetLayout, ChosenPagesFillTheSheetsInOrder) {
+    JobSettings settings;
+    settings.pages = {{2, 3}, {6, 9}};
+    settings.pagesPerSheet = 4;
+    const SheetLayout layout(kA4, settings, Sizes(std::vector(7, kPortraitPage)));
+    std::vector<int> pages;
+    for (int index = -1; index <= layout.sheetCount(); ++index) {
+        for (const PlacedPage& placed : layout.sheet(index).pages) pages.push_back(placed.page);
+    }
+    EXPECT_EQ(layout.sheetCount(), 1);
+    EXPECT_EQ(pages, (std::vector{2, 3, 6, 7})) << "pages behind the end are no pages";
+}
+
+TEST(SheetLayout, OddInputGivesSheetsWithoutNonsense) {
+    JobSettings settings;
+    settings.pagesPerSheet = 5;  // not offered: one page per sheet
+    const SheetLayout layout({}, settings, {{0, 0}, {595, 842}});
+    EXPECT_EQ(layout.sheetCount(), 2);
+    EXPECT_EQ(layout.sheet(0).pages.front().box.width, 0);
+    EXPECT_EQ(SheetLayout().sheetCount(), 0);
+    EXPECT_TRUE(SheetLayout().sheet(0).pages.empty());
+}
+
+}  // namespace
+}  // namespace kalmo::test
