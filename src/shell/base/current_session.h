@@ -8,6 +8,8 @@
 /// The session of the running dialog; null outside Initialize ... Terminate.
 extern PMPrintSession gCurrentPrintSession;
 
+#pragma GCC visibility push(default)
+
 extern "C" {
 PMPrintSession GetCurrentPrintSession();
 
@@ -22,3 +24,5 @@ OSStatus KalmoPDEOpen(PDEContext context);
 OSStatus KalmoPDEClose(PDEContext context);
 OSStatus KalmoPDETerminate(PDEContext context, OSStatus status);
 }
+
+#pragma GCC visibility pop

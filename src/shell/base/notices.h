@@ -14,5 +14,9 @@ struct NoticeKeys {
 
 void ShowNoticeWithKeys(CFBundleRef bundle, const NoticeKeys& keys, const CFTypeRef* arguments,
                         CFIndex count);
+/// Asks with a default and an alternate button, whose texts are looked up by these keys; true when
+/// the default button was chosen.
+bool AskWithKeys(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef defaultButton,
+                 CFStringRef alternateButton, const CFTypeRef* arguments, CFIndex count);
 
 }  // namespace kalmo

@@ -29,7 +29,9 @@ OSStatus WithoutExceptions(OSStatus failure, Operation&& operation) noexcept {
 }
 
 /// Makes a panel's interface object with `operations` in slots 3 to 9 and slots 0 to 2 empty; null
-/// when memory is short. Always 0. Its owner, the shell, releases it with DisposePanelInterface.
+/// when memory is short. Always 0. Object and table come from malloc, as those of a panel in
+/// another plug-in do, so that the owner, the shell, gives any panel's back with
+/// DisposePanelInterface.
 OSStatus CreatePanelInterface(const PDEInterfaceTable& operations, PDEInterfaceObject** out);
 void DisposePanelInterface(PDEInterfaceObject* object);
 

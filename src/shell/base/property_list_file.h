@@ -9,5 +9,9 @@ namespace kalmo {
 /// The immutable property list in the file; null when it cannot be read or parsed. The caller
 /// releases it.
 [[nodiscard]] CFPropertyListRef CreatePropertiesFromXMLFile(CFURLRef url);
+/// The same with containers and leaves that may be changed.
+[[nodiscard]] CFPropertyListRef CreateMutablePropertiesFromXMLFile(CFURLRef url);
+/// Replaces the file as a whole. On failure false, with a platform error in `*error`.
+bool WritePropertiesToXMLFile(CFURLRef url, CFPropertyListRef list, SInt32* error);
 
 }  // namespace kalmo

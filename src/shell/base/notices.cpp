@@ -1,0 +1,40 @@
+#include "shell/base/notices.h"
+
+#include "shell/base/texts.h"
+#include "system/presence.h"
+
+namespace kalmo {
+namespace {
+
+struct NoticeTexts {
+    Owned<CFStringRef> header, message;
+};
+
+NoticeTexts TextsOf(CFBundleRef bundle, const NoticeKeys& keys, const CFTypeRef* arguments,
+                    CFIndex count) {
+    const auto format = CopyText(bundle, keys.message, keys.table);
+    auto message = Owned<CFStringRef>::Adopt(
+        CFStringCreateWithFormatAndValues(kCFAllocatorDefault, format, arguments, count));
+    return {CopyText(bundle, keys.header, keys.table), message ? message : format};
+}
+
+}  // namespace
+
+void ShowNoticeWithKeys(CFBundleRef bundle, const NoticeKeys& keys, const CFTypeRef* arguments,
+                        CFIndex count) {
+    const NoticeTexts texts = TextsOf(bundle, keys, arguments, count);
+    if (const auto& notice = CurrentPresence().notice) notice(texts.header, texts.message);
+}
+
+bool AskWithKeys(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef defaultButton,
+                 CFStringRef alternateButton, const CFTypeRef* arguments, CFIndex count) {
+    const NoticeTexts texts = TextsOf(bundle, keys, arguments, count);
+    const auto yes = CopyText(bundle, defaultButton), no = CopyText(bundle, alternateButton);
+    const auto& alert = CurrentPresence().alert;
+    return alert && alert({.header = texts.header,
+                           .message = texts.message,
+                           .defaultButton = yes,
+                           .alternateButton = no});
+}
+
+}  // namespace kalmo
