@@ -29,7 +29,8 @@ void CFReleaseAndNULL(Ref& reference) {
 /// The value when it is of that type, else null. Borrowed.
 template <typename Ref>
 [[nodiscard]] Ref ValueOfType(CFTypeRef value, CFTypeID type) {
-    return value && CFGetTypeID(value) == type ? static_cast<Ref>(value) : nullptr;
+    return value && CFGetTypeID(value) == type ? static_cast<Ref>(const_cast<void*>(value))
+                                               : nullptr;
 }
 
 }  // namespace kalmo

@@ -7,11 +7,12 @@
 namespace kalmo {
 
 struct _InstalledFeatureMap {
-    CFStringRef feature;   // null ends the table; several rows may carry one name, any one will do
-    CFStringRef option;    // keyword in the group "InstallableOptions"; null: always installed
-    CFStringRef choice;    // what means installed
-    CFStringRef labelKey;  // localization key, or null
-    SInt32 ticketValue;
+    // Null ends the table; several rows may carry one name, any one will do.
+    CFStringRef feature = nullptr;
+    CFStringRef option = nullptr;    // keyword in "InstallableOptions"; null: always installed
+    CFStringRef choice = nullptr;    // what means installed
+    CFStringRef labelKey = nullptr;  // localization key, or null
+    SInt32 ticketValue = 0;
 };
 extern const _InstalledFeatureMap InstalledFeatures[];
 

@@ -8,12 +8,12 @@
 namespace kalmo {
 
 struct PPDChoiceRow {
-    CFStringRef choice;  // null ends the map
-    SInt32 value;
+    CFStringRef choice = nullptr;  // null ends the map
+    SInt32 value = 0;
 };
 struct MainKeywordRow {
-    CFStringRef keyword;  // null ends the map
-    const PPDChoiceRow* choices;
+    CFStringRef keyword = nullptr;  // null ends the map
+    const PPDChoiceRow* choices = nullptr;
 };
 extern const MainKeywordRow MainKeywordMap[];
 

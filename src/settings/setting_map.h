@@ -17,11 +17,11 @@ namespace kalmo {
 inline constexpr SInt32 kPrinterDefault = INT32_MIN;
 
 struct _SettingMap {
-    CFStringRef key;      // localization key; null ends the map
-    SInt32 value;         // what the ticket holds
-    UInt32 command;       // menu command, 0 for none
-    CFStringRef feature;  // installable feature the row depends on, or null
-    UInt8 featureState;   // offered only in this state: 1 installed, 0 not
+    CFStringRef key = nullptr;      // localization key; null ends the map
+    SInt32 value = 0;               // what the ticket holds
+    UInt32 command = 0;             // menu command, 0 for none
+    CFStringRef feature = nullptr;  // installable feature the row depends on, or null
+    UInt8 featureState = 0;         // offered only in this state: 1 installed, 0 not
 };
 using SettingMap = _SettingMap;
 
@@ -29,6 +29,8 @@ using SettingMap = _SettingMap;
 enum class JobContext : SInt32 { job = 0, cover = 2, insert = 3, exception = 4 };
 enum class DialogMode : SInt32 { add = 0, edit = 1 };
 
+/// Whether the row's feature, if it names one, is in the state that the row asks for.
+[[nodiscard]] bool IsRowOffered(const SettingMap& row);
 [[nodiscard]] CFIndex CountMaps(const SettingMap* map);
 /// The value of row `index` (from 1). No bounds check: the caller passes a valid row.
 [[nodiscard]] SInt32 UIToTicket(const SettingMap* map, CFIndex index);
