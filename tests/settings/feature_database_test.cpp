@@ -1,0 +1,110 @@
+#include "settings/feature_database.h"
+
+#include "settings/ppd_file.h"
+#include "shell/base/plugin_bundle.h"
+#include "support/bundles.h"
+
+namespace kalmo {
+namespace {
+
+constexpr char kProfile[] = R"(<?xml version="1.0"?><plist version="1.0"><dict>
+<key>Features</key><dict>
+  <key>Resolution</key><dict>
+    <key>Properties</key><dict><key>Hidden</key><false/><key>Order</key><integer>0</integer></dict>
+    <key>Syntax</key><dict>
+      <key>Number</key><dict><key>Default</key><integer>600</integer></dict>
+      <key>Name</key><dict><key>Default</key><string>Fine</string></dict>
+      <key>Keyword</key><dict>
+        <key>Low</key><dict><key>Default</key><integer>1</integer></dict>
+        <key>Mid</key><dict><key>Default</key><true/>
+          <key>Properties</key><dict><key>Order</key><integer>2</integer></dict></dict>
+        <key>High</key><dict><key>Default</key><true/></dict></dict></dict></dict>
+  <key>Owner</key><dict><key>Syntax</key><dict>
+    <key>Keyword</key><dict><key>Me</key><dict><key>Default</key><false/></dict></dict>
+    <key>Name</key><dict><key>Default</key><string>nobody</string></dict></dict></dict>
+  <key>Copies</key><dict>
+    <key>Properties</key><dict><key>Hidden</key><true/></dict>
+    <key>Syntax</key><dict><key>Keyword</key><dict/><key>Name</key><dict/>
+    <key>Number</key><dict><key>Default</key><integer>1</integer></dict></dict></dict>
+  <key>Plain</key><dict/>
+  <key>Broken</key><string>no dictionary</string>
+</dict></dict></plist>)";
+
+/// The plug-in's bundle with this profile, loaded.
+class LoadedProfile final {
+public:
+    explicit LoadedProfile(const std::string& profile)
+        : bundle_(Owned<CFBundleRef>::Adopt(test::OpenBundle(
+              test::WriteBundle(test::MakeFolder("profile"), "Profile",
+                                "com.example.profile" + std::to_string(profile.size()),
+                                {{"Resources/Device Profile.plist", profile}})))) {
+        gBundle = bundle_;
+        KDPInitialize();
+    }
+    ~LoadedProfile() {
+        KDPFinalize();
+        gBundle = nullptr;
+    }
+    LoadedProfile(const LoadedProfile&) = delete;
+    LoadedProfile& operator=(const LoadedProfile&) = delete;
+
+private:
+    Owned<CFBundleRef> bundle_;
+};
+
+CFIndex CountOf(CFArrayRef created) { return CFArrayGetCount(Owned<CFArrayRef>::Adopt(created)); }
+
+TEST(FeatureDatabase, DefaultComesFromKeywordNameNumberInThatOrder) {
+    const LoadedProfile loaded(kProfile);
+    const struct {
+        const char *feature, *form, *text;
+    } rows[] = {{"Resolution", "Keyword", "Mid"}, {"Owner", "Name", "nobody"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.feature);
+        CFStringRef form = nullptr;
+        CFTypeRef value = nullptr;
+        ASSERT_TRUE(KDPGetFeatureDefaultValue(KDPGetFeature(CFStringMakeConstant(row.feature)),
+                                              &form, &value));
+        EXPECT_EQ(CFStringToUTF8(form), row.form);
+        EXPECT_EQ(CFStringToUTF8(static_cast<CFStringRef>(value)), row.text);
+    }
+    CFStringRef form = nullptr;
+    EXPECT_TRUE(KDPGetFeatureDefaultValue(KDPGetFeature(CFSTR("Copies")), &form, nullptr));
+    EXPECT_EQ(CFStringToUTF8(form), "Number");
+    EXPECT_FALSE(KDPGetFeatureDefaultValue(KDPGetFeature(CFSTR("Plain")), nullptr, nullptr));
+    EXPECT_FALSE(KDPGetFeatureDefaultValue(KDPGetFeature(CFSTR("Broken")), nullptr, nullptr));
+}
+
+TEST(FeatureDatabase, QueriesFindByPropertyAlsoFalseAndZero) {
+    const LoadedProfile loaded(kProfile);
+    EXPECT_EQ(CountOf(KDPGetFeaturesWithProperty(CFSTR("Hidden"))), 2);
+    EXPECT_EQ(CountOf(KDPGetFeaturesWithProperty(CFSTR("Order"))), 1);
+    EXPECT_EQ(CountOf(KDPGetFeaturesWithPropertyAndValue(CFSTR("Hidden"), kCFBooleanTrue)), 1);
+    EXPECT_EQ(CountOf(KDPGetFeaturesWithProperty(nullptr)), 0);
+    const CFDictionaryRef feature = KDPGetFeature(CFSTR("Resolution"));
+    const auto two = Owned<CFPropertyListRef>::Adopt(test::PropertyList("<integer>2</integer>"));
+    const auto keywords =
+        Owned<CFArrayRef>::Adopt(KDPGetKeywordsWithPropertyAndValue(feature, CFSTR("Order"), two));
+    ASSERT_EQ(CFArrayGetCount(keywords), 1);
+    EXPECT_EQ(CFArrayGetValueAtIndex(keywords, 0),
+              CFDictionaryGetValue(KDPGetFeatureSyntax(feature, CFSTR("Keyword")), CFSTR("Mid")))
+        << "the keyword's dictionary, not its name";
+    EXPECT_EQ(KDPGetFeatureProperty(feature, CFSTR("Hidden")), kCFBooleanFalse);
+}
+
+TEST(FeatureDatabase, FirstProfileStaysAndNoneAnswersNothing) {
+    {
+        const LoadedProfile first(kProfile);
+        const LoadedProfile second("<plist version=\"1.0\"><dict/></plist>");
+        EXPECT_NE(KDPGetFeature(CFSTR("Plain")), nullptr);
+    }
+    for (const char* profile : {"no property list", "<plist version=\"1.0\"><array/></plist>"}) {
+        const LoadedProfile loaded(profile);
+        EXPECT_EQ(KDPGetFeature(CFSTR("Plain")), nullptr);
+        EXPECT_EQ(CountOf(KDPGetFeaturesWithProperty(CFSTR("Hidden"))), 0);
+        EXPECT_FALSE(KDPGetFeatureDefaultValue(nullptr, nullptr, nullptr));
+    }
+}
+
+}  // namespace
+}  // namespace kalmo

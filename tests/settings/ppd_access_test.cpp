@@ -1,0 +1,121 @@
+#include <cups/ppd.h>
+#include <sys/stat.h>
+
+#include "settings/ppd_file.h"
+#include "shell/base/plugin_bundle.h"
+#include "support/bundles.h"
+#include "system/system.h"
+
+namespace kalmo {
+namespace {
+
+using test::PPDOption;
+using test::PPDText;
+using test::PrinterWithPPD;
+using test::TextOf;
+
+TEST(PPDAccess, PrinterIsOpenedOnceUntilClosed) {
+    PrinterWithPPD printer("*Manufacturer: \"Kalmo\"\n");
+    const PPDRef first = printer.ppd();
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(PPDManufacturer(first), "Kalmo");
+    printer.usePPD(PPDText(""));
+    EXPECT_EQ(printer.ppd(), first);
+    PPDCloseCurrent();
+    EXPECT_EQ(PPDManufacturer(printer.ppd()), "");
+}
+
+TEST(PPDAccess, WhatIsNoPPDFileIsNotOpened) {
+    PrinterWithPPD printer("");
+    const auto folder = test::MakeFolder("ppd");
+    ASSERT_EQ(mkfifo((folder / "pipe.ppd").c_str(), 0600), 0);
+    for (const std::string& path :
+         {(folder / "missing.ppd").string(), folder.string(), (folder / "pipe.ppd").string(),
+          (folder / std::string(1100, 'x')).string()}) {
+        SCOPED_TRACE(path);
+        printer.useFile(path);
+        EXPECT_EQ(printer.ppd(), nullptr);
+    }
+    printer.usePPD("%!PS-Adobe-3.0\n");
+    EXPECT_EQ(printer.ppd(), nullptr);
+    printer.usePPD(PPDText(""));
+    EXPECT_NE(printer.ppd(), nullptr) << "a failure must not be remembered";
+    PPDCloseCurrent();
+    KalmoPDETerminate(nullptr, noErr);
+    EXPECT_EQ(PPDGetCurrent(), nullptr) << "no session";
+}
+
+TEST(PPDAccess, LanguageEncodingGivesTheTextEncoding) {
+    const struct {
+        const char* name;
+        CFStringEncoding encoding;
+    } rows[] = {
+        {"ISOLatin1", kCFStringEncodingISOLatin1}, {"ISOLatin2", kCFStringEncodingISOLatin2},
+        {"ISOLatin5", kCFStringEncodingISOLatin5}, {"JIS83-RKSJ", kCFStringEncodingShiftJIS},
+        {"UTF-8", kCFStringEncodingUTF8},          {"UTF8", kCFStringEncodingUTF8},
+        {"utf-8", kCFStringEncodingMacRoman},      {nullptr, kCFStringEncodingMacRoman}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name ? row.name : "none");
+        ppd_file_s ppd{};
+        std::string name = row.name ? row.name : "";
+        ppd.lang_encoding = row.name ? name.data() : nullptr;
+        EXPECT_EQ(PPDGetEncoding(&ppd), row.encoding);
+    }
+}
+
+TEST(PPDAccess, TextsAndDefaultsOrNull) {
+    const PrinterWithPPD printer(PPDOption("KLFold", "Z", {"C/Büroklammer", "Z/\xFF\xFE", "None"}) +
+                                 PPDOption("KLPunch", "", {"None"}));
+    const PPDRef ppd = printer.ppd();
+    EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("C"))), "Büroklammer");
+    EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("Z"))), "(null)") << "no UTF-8";
+    EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("BiFold"))), "(null)");
+    EXPECT_EQ(TextOf(PPDCopyChoiceText(nullptr, CFSTR("KLFold"), CFSTR("C"))), "(null)");
+    EXPECT_EQ(TextOf(PPDCopyDefaultChoice(ppd, CFSTR("KLFold"))), "Z");
+    EXPECT_EQ(TextOf(PPDCopyDefaultChoice(ppd, CFSTR("KLPunch"))), "(null)");
+    const auto tooLong = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(std::string(5000, 'K')));
+    EXPECT_EQ(TextOf(PPDCopyDefaultChoice(ppd, tooLong)), "(null)");
+}
+
+TEST(PPDAccess, TicketChoiceBeforeDefaultAndUnknownIsMinusOne) {
+    const PrinterWithPPD printer(PPDOption("KLFold", "C", {"C", "Z"}) +
+                                 PPDOption("KLPunch", "", {"None"}) +
+                                 PPDOption("Duplex", "Odd", {"Odd"}));
+    PPDSetCurrentChoice(printer.ticket(), CFSTR("Resolution"), CFSTR("600x600dpi"));
+    PPDSetCurrentChoice(printer.ticket(), CFSTR("Resolution"), nullptr);
+    const auto valueOf = [&](CFStringRef keyword) {
+        SInt32 value = 777;
+        PPDGetTicketValueForChoiceOrDefault(printer.ppd(), printer.ticket(), keyword, &value);
+        return value;
+    };
+    EXPECT_EQ(valueOf(CFSTR("Resolution")), 2) << "not in the PPD; null must not remove it";
+    EXPECT_EQ(valueOf(CFSTR("KLFold")), 19);
+    EXPECT_EQ(valueOf(CFSTR("KLPunch")), 777) << "neither choice nor default";
+    EXPECT_EQ(valueOf(CFSTR("Duplex")), -1) << "default not in the map";
+    PPDSetCurrentChoice(printer.ticket(), CFSTR("KLFold"), CFSTR("Unheard"));
+    EXPECT_EQ(valueOf(CFSTR("KLFold")), -1) << "no way back to the default";
+    PPDSetCurrentChoice(kPMNoTicket, CFSTR("KLFold"), CFSTR("C"));
+    EXPECT_EQ(PPDCopyCurrentChoice(kPMNoTicket, CFSTR("KLFold")), nullptr);
+}
+
+TEST(PPDAccess, LocalizerOfTheBundleIsAskedFrom10_5On) {
+    const auto folder = test::MakeFolder("bundle");
+    const auto host = test::WriteBundle(folder, "Host", "com.example.host", {});
+    const auto localizer =
+        test::WriteBundle(host / "Contents/Resources", "OrvikCups", "com.example.orvik", {});
+    std::filesystem::create_directory(localizer / "Contents/Linux");
+    std::filesystem::create_symlink(std::string(KALMO_BINARY_DIR) + "/lib/test_localizer.so",
+                                    localizer / "Contents/Linux/OrvikCups.so");
+    const auto bundle = Owned<CFBundleRef>::Adopt(test::OpenBundle(host));
+    gBundle = bundle;
+    for (const auto& [version, text] :
+         {std::pair{0x1040, "Plain"}, {kSystemVersion10_5, "Localized"}}) {
+        SetSystemVersionForTests(version);
+        const PrinterWithPPD printer(PPDOption("KLFold", "C", {"C/Plain"}));
+        EXPECT_EQ(TextOf(PPDCopyChoiceText(printer.ppd(), CFSTR("KLFold"), CFSTR("C"))), text);
+    }
+    gBundle = nullptr;
+}
+
+}  // namespace
+}  // namespace kalmo

@@ -1,0 +1,84 @@
+#include "settings/ppd_menus.h"
+
+#include "settings/popup.h"
+
+namespace kalmo {
+namespace {
+
+using test::Items;
+using test::Popup;
+using test::PPDOption;
+using test::PrinterWithPPD;
+
+constexpr auto ignore = Constraints::ignore;
+constexpr auto respect = Constraints::respect;
+
+TEST(PPDMenus, KnownChoicesInTheOrderOfThePPD) {
+    const PrinterWithPPD printer(
+        PPDOption("KLFold", "C", {"Z/Zed", "Origami/Swan", "C/\xFF\xFE", "None/"}));
+    Popup popup;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(
+        PPDPopulateMenuWithChoices(popup.menu, printer.ppd(), CFSTR("KLFold"), 'Fold', ignore), 3);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Skipped unrecognized choice in PPD: Origami\n");
+    EXPECT_EQ(popup.items(), (Items{"Zed=20", "C=19", "None=1"}));
+    UInt32 command = 0;
+    GetMenuItemCommandID(popup.menu, 1, &command);
+    EXPECT_EQ(command, UInt32{'Fold'});
+}
+
+TEST(PPDMenus, MinusOneIsOfferedLikeAnyValue) {
+    const PrinterWithPPD printer(PPDOption("KLImageQuality", "Normal", {"Lighten1", "Normal"}));
+    Popup popup;
+    EXPECT_EQ(
+        PPDPopulatePopupWithChoices(popup.control, printer.ppd(), CFSTR("KLImageQuality"), ignore),
+        2);
+    EXPECT_EQ(popup.items()[0], "Lighten1=-1");
+    EXPECT_EQ(GetControl32BitMaximum(popup.control), 2);
+}
+
+TEST(PPDMenus, MissingOptionEmptiesTheMenuAndSaysSo) {
+    const PrinterWithPPD printer(PPDOption("KLFold", "C", {"C"}));
+    Popup popup;
+    PPDPopulatePopupWithChoices(popup.control, printer.ppd(), CFSTR("KLFold"), ignore);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(PPDPopulatePopupWithChoices(popup.control, printer.ppd(), CFSTR("KLPunch"), ignore),
+              0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Expected PPD option not found: KLPunch\n");
+    EXPECT_EQ(CountMenuItems(popup.menu), 0);
+    EXPECT_EQ(PPDPopulatePopupWithChoices(popup.control, nullptr, CFSTR("KLFold"), ignore), 0);
+    EXPECT_EQ(PPDPopulatePopupWithChoices(nullptr, printer.ppd(), CFSTR("KLFold"), ignore), 0);
+}
+
+TEST(PPDMenus, ConflictsWithTheDefaultsAreLeftOutOnRequest) {
+    const auto options = PPDOption("KLFold", "None", {"None", "C", "Z"}) +
+                         PPDOption("Duplex", "DuplexNoTumble", {"None", "DuplexNoTumble"});
+    const std::string noFoldedDuplex = "*UIConstraints: *KLFold C *Duplex DuplexNoTumble\n";
+    const struct {
+        const char* why;
+        std::string body;
+        Constraints constraints;
+        Items items;
+    } rows[] = {
+        {"one choice conflicts", options + noFoldedDuplex, respect, {"None=1", "Z=20"}},
+        {"constraints ignored", options + noFoldedDuplex, ignore, {"None=1", "C=19", "Z=20"}},
+        {"defaults that conflict empty every menu",
+         options + PPDOption("KLPunch", "HolePunch", {"None", "HolePunch"}) +
+             "*UIConstraints: *KLPunch HolePunch *Duplex DuplexNoTumble\n",
+         respect,
+         {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.why);
+        const PrinterWithPPD printer(row.body);
+        PPDMarkDefaults(printer.ppd());
+        PPDMarkChoice(printer.ppd(), "Duplex", "None");  // what was marked before must not count
+        Popup popup;
+        PPDPopulatePopupWithChoices(popup.control, printer.ppd(), CFSTR("KLFold"), row.constraints);
+        EXPECT_EQ(popup.items(), row.items);
+    }
+}
+
+}  // namespace
+}  // namespace kalmo

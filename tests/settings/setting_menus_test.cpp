@@ -1,0 +1,92 @@
+#include "settings/setting_menus.h"
+
+#include "settings/popup.h"
+#include "settings/setting_maps.h"
+#include "settings/user_preferences.h"
+#include "support/bundles.h"
+
+namespace kalmo {
+namespace {
+
+using test::Items;
+using test::Popup;
+
+const SettingMap kMap[] = {
+    {CFSTR("ignored"), kPrinterDefault},           {CFSTR("One"), 1, 'Own1'}, {CFSTR("-"), -5},
+    {CFSTR("Fax"), 5, 'Fax ', CFSTR("FaxKey"), 1}, {CFSTR("Unheard"), 2},     {}};
+
+class SettingMenus : public testing::Test {
+protected:
+    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(test::OpenBundle(test::WriteBundle(
+        test::MakeFolder("bundle"), "Menus", "com.example.menus",
+        {{"Resources/en.lproj/Localizable.strings",
+          "\"One\" = \"First\";\n\"-\" = \"-\";\n\"PrinterDefault\" = \"Printer\";\n"
+          "\"UseJobSetting\" = \"Job\";\n\"UseJobName\" = \"Name\";\n"}})));
+    Popup popup;
+};
+
+TEST_F(SettingMenus, RowsKeepTheirValuesAndTheCountIncludesWhatIsNotOffered) {
+    EXPECT_EQ(PopulateMenuFromMap(bundle, popup.menu, kMap, JobContext::job, 0), 5);
+    EXPECT_EQ(popup.items(),
+              (Items{"Printer=-2147483648", "First=1", "-=-5", "STRING NOT FOUND=2"}));
+    EXPECT_TRUE(IsMenuItemSeparator(popup.menu, 3));
+    ItemReference map = 0;
+    EXPECT_EQ(GetMenuItemRefCon(popup.menu, 0, &map), noErr);
+    EXPECT_EQ(reinterpret_cast<const SettingMap*>(map), kMap);
+}
+
+TEST_F(SettingMenus, PopupIsEmptiedAndItsMaximumIsTheRowsWalked) {
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::cover, 0), 5);
+        EXPECT_EQ(popup.items().size(), 4u);
+        EXPECT_EQ(popup.items()[0], "Job=-2147483648");
+        EXPECT_EQ(GetControl32BitMaximum(popup.control), 5);
+    }
+    EXPECT_EQ(PopulatePopupButtonFromMap(bundle, nullptr, kMap, JobContext::job, 0), 0);
+}
+
+TEST_F(SettingMenus, CommandIsTheRowsOwnOrTheOverride) {
+    for (const auto& [override, expected] :
+         {std::pair<UInt32, UInt32>{0, 'Own1'}, {'Over', 'Over'}}) {
+        PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::job, override);
+        UInt32 command = 0;
+        GetMenuItemCommandID(popup.menu, 2, &command);
+        EXPECT_EQ(command, expected);
+    }
+}
+
+TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
+    EXPECT_FALSE(SetPopupButtonToTicketValue(nullptr, 1));
+    EXPECT_EQ(GetPopupButtonTicketValue(popup.control), 0) << "nothing to choose";
+    PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::job, 0);
+    EXPECT_TRUE(SetPopupButtonToTicketValue(popup.control, 2));
+    EXPECT_EQ(GetControl32BitValue(popup.control), 4) << "row 5: one row is not offered";
+    EXPECT_FALSE(SetPopupButtonToTicketValue(popup.control, 5));
+    EXPECT_EQ(GetPopupButtonTicketValue(popup.control), 2);
+    EXPECT_TRUE(SetPopupButtonToTicketValue(popup.control, kPrinterDefault));
+    EXPECT_EQ(GetPopupButtonTicketValue(popup.control), kPrinterDefault);
+}
+
+TEST_F(SettingMenus, HistoryFollowsTheGivenItem) {
+    const auto history = Owned<CFPropertyListRef>::Adopt(
+        test::PropertyList("<dict><key>names</key><array><string>Ann</string><integer>3</integer>"
+                           "<string>Bob</string></array><key>odd</key><string>x</string></dict>"));
+    ASSERT_TRUE(WriteUserPreferences(CFSTR("com.kalmo.print.inputhistory.plist"),
+                                     static_cast<CFDictionaryRef>(history.get())));
+    const auto fill = [&](CFStringRef key) {
+        return PopulatePopupButtonFromMapAndHistory(
+            bundle, popup.control, JobNameMap, JobContext::job,
+            {.historyKey = key, .insertPosition = 1, .command = 'Hist'}, 'Over');
+    };
+    EXPECT_EQ(fill(CFSTR("names")), 3);
+    EXPECT_EQ(popup.items(), (Items{"Name=" + std::to_string(kMenuOnlyValue), "Ann=0", "Bob=0"}));
+    UInt32 command = 0;
+    GetMenuItemCommandID(popup.menu, 2, &command);
+    EXPECT_EQ(command, UInt32{'Hist'});
+    EXPECT_EQ(GetControl32BitMaximum(popup.control), 3);
+    for (const CFStringRef key : {CFSTR("odd"), CFSTR("none"), CFStringRef{}})
+        EXPECT_EQ(fill(key), 1);
+}
+
+}  // namespace
+}  // namespace kalmo

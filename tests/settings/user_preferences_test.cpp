@@ -1,0 +1,68 @@
+#include "settings/user_preferences.h"
+
+#include <sys/stat.h>
+
+#include "settings/dictionary.h"
+#include "settings/ppd_file.h"
+
+namespace kalmo {
+namespace {
+
+std::filesystem::path PathOf(CFURLRef created) {
+    const auto url = Owned<CFURLRef>::Adopt(created);
+    return test::TextOf(CFURLCopyFileSystemPath(url));
+}
+
+std::filesystem::path PreferencesFolder() { return PathOf(CopyUserPreferencesFolder()); }
+
+mode_t ModeOf(const std::filesystem::path& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+Owned<CFMutableDictionaryRef> Read(CFStringRef name) {
+    return Owned<CFMutableDictionaryRef>::Adopt(CopyUserPreferences(name));
+}
+
+TEST(UserPreferences, AreWrittenForTheUserAloneAndReadBackMutable) {
+    const auto written = Read(CFSTR("notes.plist"));
+    EXPECT_EQ(CFDictionaryGetCount(written), 0);
+    CFDictionarySetValue(CFDictionaryGetDictionaryOrCreate(written, CFSTR("in")), CFSTR("a"),
+                         kCFBooleanTrue);
+    ASSERT_TRUE(WriteUserPreferences(CFSTR("notes.plist"), written));
+    EXPECT_EQ(ModeOf(PreferencesFolder() / "notes.plist"), 0600u);
+    EXPECT_EQ(ModeOf(PreferencesFolder()), 0700u);
+    const auto read = Read(CFSTR("notes.plist"));
+    EXPECT_TRUE(CFEqual(read, written));
+    const auto inner = CFDictionaryGetValue(read, CFSTR("in"));
+    EXPECT_TRUE(CFDictionaryIsMutable(static_cast<CFDictionaryRef>(inner)));
+}
+
+TEST(UserPreferences, UnreadableFileIsAnEmptyDictionary) {
+    for (const char* bytes : {"<plist><dict>", "<plist version=\"1.0\"><array/></plist>", ""}) {
+        SCOPED_TRACE(bytes);
+        test::WriteFile(PreferencesFolder() / "broken.plist", bytes);
+        const auto read = Read(CFSTR("broken.plist"));
+        EXPECT_EQ(CFDictionaryGetCount(read), 0);
+        EXPECT_TRUE(CFDictionaryIsMutable(read));
+    }
+}
+
+TEST(UserPreferences, FailureNamesThePlatformError) {
+    std::filesystem::create_directory(PreferencesFolder() / "taken.plist");
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(WriteUserPreferences(CFSTR("taken.plist"), Read(CFSTR("taken.plist"))));
+    EXPECT_FALSE(WriteUserPreferences(CFSTR("none.plist"), nullptr));
+    const std::string lines = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(lines, "WriteUserPreferences() failed (" + std::to_string(EISDIR) +
+                         ")\nWriteUserPreferences() failed (-50)\n");
+}
+
+TEST(UserPreferences, StoreFilesLieInAFolderOfTheirOwn) {
+    EXPECT_EQ(PathOf(CopyPreferenceFileURL(CFSTR("marks.plist"))),
+              PreferencesFolder() / "Kalmo/marks.plist");
+    EXPECT_EQ(ModeOf(PreferencesFolder() / "Kalmo"), 0700u);
+}
+
+}  // namespace
+}  // namespace kalmo
