@@ -12,7 +12,7 @@ namespace kalmo::job_ticket {
 namespace {
 
 std::string CannotBeWritten(int error) {
-    return std::string("The file cannot be written: ") + std::strerror(error) + ".";
+    return std::string("The output cannot be written: ") + std::strerror(error) + ".";
 }
 
 // A device such as /dev/stdout must not be replaced by an ordinary file.
@@ -34,7 +34,7 @@ void SyncFolder(const std::filesystem::path& folder) {
 
 PrivateFile::PrivateFile(std::filesystem::path target) : target_(std::move(target)) {
     if (!IsReplaceable(target_)) {
-        error_ = "The file cannot be written: it is no ordinary file.";
+        error_ = "The output cannot be written: it is no ordinary file.";
         return;
     }
     std::string pattern = target_.string() + ".XXXXXX";
