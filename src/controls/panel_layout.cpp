@@ -1,0 +1,26 @@
+#include "controls/panel_layout.h"
+
+#include <algorithm>
+
+namespace kalmo {
+
+OSStatus AppendViewFromWindowAndUnpack(ControlRef pane, WindowRef window, SInt32 section,
+                                       SInt32* height) {
+    ControlRef view = nullptr;
+    if (const OSStatus status = GetControlByID(window, {'KPDE', section}, &view); status != noErr)
+        return status;
+    Rect bounds;
+    GetControlBounds(view, &bounds);
+    MoveSubviewsToPane(view, pane, *height);
+    *height += bounds.bottom - bounds.top;
+    return noErr;
+}
+
+Rect CentredIn(const Rect& outer, const Rect& inner) {
+    const SInt32 width = inner.right - inner.left, height = inner.bottom - inner.top;
+    const SInt32 left = std::max(0, (outer.right - outer.left - width) / 2);
+    const SInt32 top = std::max(0, (outer.bottom - outer.top - height) / 2);
+    return {.top = top, .left = left, .bottom = top + height, .right = left + width};
+}
+
+}  // namespace kalmo
