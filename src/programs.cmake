@@ -21,6 +21,15 @@ if(plugin_objects AND EXISTS ${exports})
     $<$<NOT:$<BOOL:${KALMO_SANITIZE}>>:-Wl,-z,defs>)
 endif()
 
+# The localizer inside the bundle.
+add_library(OrvikCups MODULE localizer/orvik_cups.cpp)
+set_target_properties(OrvikCups PROPERTIES PREFIX ""
+  LIBRARY_OUTPUT_DIRECTORY ${bundle}/Contents/Resources/OrvikCups.plugin/Contents/Linux)
+target_link_libraries(OrvikCups PRIVATE Cups::Cups)
+if(TARGET KalmoFeatures)
+  add_dependencies(KalmoFeatures OrvikCups)
+endif()
+
 if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/print_dialog/main.cpp)
   add_executable(kalmo-print print_dialog/main.cpp)
   target_link_libraries(kalmo-print PRIVATE print_dialog)
