@@ -22,8 +22,8 @@ OSStatus SetControlID(ControlRef control, ControlID id);
 /// The window the control stands in, null when it stands in none.
 [[nodiscard]] WindowRef GetControlOwner(ControlRef control);
 
-/// Popup: number of the chosen item from 1, 0 when none. Check box: 0 or 1. Spin, slider: the
-/// number.
+/// Popup: number of the chosen item from 1, 0 when none; a separator is never chosen. Check box: 0
+/// or 1. Spin, slider: the number.
 [[nodiscard]] SInt32 GetControl32BitValue(ControlRef control);
 void SetControl32BitValue(ControlRef control, SInt32 value);
 [[nodiscard]] SInt32 GetControl32BitMinimum(ControlRef control);
@@ -32,7 +32,7 @@ void SetControl32BitMinimum(ControlRef control, SInt32 minimum);
 [[nodiscard]] SInt32 GetControl32BitMaximum(ControlRef control);
 void SetControl32BitMaximum(ControlRef control, SInt32 maximum);
 
-/// Title of a button or check box, text of a label.
+/// Title of a button or group, text of a label or field.
 void SetControlTitleWithCFString(ControlRef control, CFStringRef title);
 [[nodiscard]] CFStringRef CopyControlTitleAsCFString(ControlRef control);
 /// What assistive technology reads: the name of a control without a text of its own, and the
@@ -57,24 +57,28 @@ void SetControlBounds(ControlRef control, const Rect& bounds);
 /// The size the control wants for its texts and contents.
 void GetBestControlSize(ControlRef control, SInt32* width, SInt32* height);
 
-/// Takes `child` out of where it is and places it, at its bounds, in `parent`; the tab order of its
-/// controls stays. A user pane keeps its distances to all four edges when the parent changes size,
-/// and the parent never becomes smaller than the pane's contents need.
+/// Takes `child` out of where it is and places it, at its bounds, in `parent`; its controls keep
+/// their tab order and come behind those already there. A parent with a layout of its own takes the
+/// child into it. Otherwise a user pane keeps its distances to all four edges when the parent
+/// changes size, and the parent never becomes smaller than its panes, hidden ones too, need; other
+/// controls stay at their bounds.
 OSStatus EmbedControl(ControlRef child, ControlRef parent);
 /// The first view inside `control`, then its sisters in order; null at the end.
 [[nodiscard]] ControlRef GetFirstSubcontrol(ControlRef control);
 [[nodiscard]] ControlRef GetNextSibling(ControlRef control);
-/// A bare view in `window` (its content view). A column of sections may be moved into it
-/// (AppendSubviews): they fill its width, and stack anew when one changes its height.
+/// A bare view in `window` (its content view), shown.
 OSStatus CreateUserPaneControl(WindowRef window, const Rect& bounds, ControlRef* pane);
-/// Moves every subview of `section` into `pane`, `top` pixels lower than it stood in the section.
+/// Moves every subview of `section` into `pane`, `top` pixels lower than it stood in the section;
+/// tab order, labels' buddies and visibility stay. Subviews that lay out what they hold become rows
+/// over the pane's width, the gaps as drawn: they stack anew when one changes its height, and the
+/// labels of controls that begin their lines share one width and end at one line.
 OSStatus MoveSubviewsToPane(ControlRef section, ControlRef pane, SInt32 top);
 /// Frees the control with all it holds. Null is ignored.
 void DisposeControl(ControlRef control);
 
 void ShowControl(ControlRef control);
 void HideControl(ControlRef control);
-/// The control's own state, whether or not its window is on screen.
+/// The control's own state, whether or not its window is on screen; so with the two below.
 [[nodiscard]] Boolean IsControlVisible(ControlRef control);
 /// An inactive control looks and acts disabled, and remembers whether it is enabled.
 void ActivateControl(ControlRef control);

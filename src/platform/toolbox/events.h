@@ -2,7 +2,9 @@
 //
 // An event goes to the handlers of its control, newest first, then to those of each containing
 // view, then to those of the window. The first that answers anything but eventNotHandledErr ends
-// the way; its answer is the event's. When all decline, the control's standard behaviour runs.
+// the way; its answer is the event's. When all decline, the control's standard behaviour runs: for
+// a hit, whose value has changed before, that is to send the command of the popup's chosen item or
+// of the control, if it has one.
 #pragma once
 
 #include "foundation/string.h"

@@ -1,0 +1,72 @@
+#include "toolbox/control_state.h"
+
+#include <QAbstractSlider>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <unordered_map>
+
+#include "toolbox/event_way.h"
+#include "toolbox/menu_model.h"
+
+namespace toolbox {
+namespace {
+
+using States = std::unordered_map<const QObject*, ControlState>;
+
+// Never destroyed: widgets may outlive every static object.
+States& AllStates() {
+    static auto& states = *new States;
+    return states;
+}
+
+void ReportUserChanges(QWidget& widget) {
+    const auto report = [control = &widget] { UserChanged(*control); };
+    if (auto* popup = qobject_cast<QComboBox*>(&widget)) {
+        GiveMenu(*popup);
+        QObject::connect(popup, &QComboBox::activated, popup, report);
+    } else if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
+        QObject::connect(button, &QAbstractButton::clicked, button, report);
+    } else if (auto* spin = qobject_cast<QSpinBox*>(&widget)) {
+        QObject::connect(spin, &QSpinBox::valueChanged, spin, report);
+    } else if (auto* slider = qobject_cast<QAbstractSlider*>(&widget)) {
+        QObject::connect(slider, &QAbstractSlider::valueChanged, slider, report);
+    }
+}
+
+void Forget(const QObject* widget) {
+    const auto state = AllStates().find(widget);
+    if (state == AllStates().end()) return;
+    for (const auto& handler : state->second.handlers) handler->proc = nullptr;
+    AllStates().erase(state);
+}
+
+}  // namespace
+
+ControlState& StateOf(QWidget& widget) {
+    const auto [state, isNew] = AllStates().try_emplace(&widget);
+    if (isNew) {
+        QObject::connect(&widget, &QObject::destroyed, &Forget);
+        ReportUserChanges(widget);
+    }
+    return state->second;
+}
+
+ControlState* FindState(const QWidget& widget) {
+    const auto state = AllStates().find(&widget);
+    return state == AllStates().end() ? nullptr : &state->second;
+}
+
+std::vector<QWidget*> Subviews(const QWidget& widget) {
+    std::vector<QWidget*> views;
+    for (QObject* child : widget.children()) {
+        auto* view = qobject_cast<QWidget*>(child);
+        if (view && !view->isWindow() && !view->objectName().startsWith("qt_")) {
+            views.push_back(view);
+        }
+    }
+    return views;
+}
+
+}  // namespace toolbox

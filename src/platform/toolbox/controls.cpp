@@ -1,0 +1,198 @@
+// Identity, texts, properties, and how a control looks and acts.
+#include "toolbox/controls.h"
+
+#include <QAbstractButton>
+#include <algorithm>
+#include <cstring>
+
+#include "toolbox/control_index.h"
+#include "toolbox/control_state.h"
+#include "toolbox/disposal.h"
+#include "toolbox/event_way.h"
+#include "toolbox/picture_icon.h"
+#include "toolbox/qt_strings.h"
+#include "toolbox/widget_texts.h"
+
+using namespace toolbox;
+
+namespace {
+
+/// `active` and `enabled` as the control's own wishes; the widget has one switch for both.
+void SetState(QWidget& widget, bool active, bool enabled) {
+    ControlState& state = StateOf(widget);
+    state.active = active;
+    state.enabledWhenActive = enabled;
+    widget.setEnabled(active && enabled);
+}
+
+bool IsEnabledByItself(const QWidget& widget) {
+    const ControlState* const state = FindState(widget);
+    if (state && !state->active) return state->enabledWhenActive;
+    return !widget.testAttribute(Qt::WA_ForceDisabled);
+}
+
+bool IsActiveByItself(const QWidget& widget) {
+    const ControlState* const state = FindState(widget);
+    return !state || state->active;
+}
+
+}  // namespace
+
+OSStatus GetControlByID(WindowRef window, ControlID id, ControlRef* control) {
+    QWidget* const widget = ToWidget(window);
+    if (!control) return paramErr;
+    QWidget* const found = widget ? FindControl(*widget, id) : nullptr;
+    if (!found) return controlNotFoundErr;
+    *control = ToControl(found);
+    return noErr;
+}
+
+OSStatus GetControlID(ControlRef control, ControlID* id) {
+    QWidget* const widget = ToWidget(control);
+    if (!widget || !id) return paramErr;
+    const ControlState* const state = FindState(*widget);
+    *id = state ? state->id : ControlID{};
+    return noErr;
+}
+
+OSStatus SetControlID(ControlRef control, ControlID id) {
+    QWidget* const widget = ToWidget(control);
+    if (!widget) return paramErr;
+    StateOf(*widget).id = id;
+    return noErr;
+}
+
+WindowRef GetControlOwner(ControlRef control) {
+    QWidget* const widget = ToWidget(control);
+    return ToWindow(widget ? widget->window() : nullptr);
+}
+
+void SetControlTitleWithCFString(ControlRef control, CFStringRef title) {
+    if (QWidget* const widget = ToWidget(control)) SetOwnText(*widget, ToQString(title));
+}
+
+CFStringRef CopyControlTitleAsCFString(ControlRef control) {
+    QWidget* const widget = ToWidget(control);
+    return widget ? CreateString(OwnText(*widget)) : nullptr;
+}
+
+void SetControlAccessibleName(ControlRef control, CFStringRef name) {
+    if (QWidget* const widget = ToWidget(control)) widget->setAccessibleName(ToQString(name));
+}
+
+void SetControlAccessibleDescription(ControlRef control, CFStringRef description) {
+    if (QWidget* const widget = ToWidget(control)) {
+        widget->setAccessibleDescription(ToQString(description));
+    }
+}
+
+void SetControlHelpTag(ControlRef control, CFStringRef tip) {
+    if (QWidget* const widget = ToWidget(control)) {
+        widget->setToolTip(AsPlainText(ToQString(tip)));
+    }
+}
+
+void SetControlPicture(ControlRef control, PictureRef picture) {
+    if (auto* const button = qobject_cast<QAbstractButton*>(ToWidget(control))) {
+        button->setIcon(picture ? MakeIcon(picture->picture) : QIcon());
+    }
+}
+
+OSStatus SetControlProperty(ControlRef control, OSType creator, OSType tag, UInt32 size,
+                            const void* data) {
+    QWidget* const widget = ToWidget(control);
+    if (!widget || (size > 0 && !data)) return paramErr;
+    StateOf(*widget).properties.insert(PairKey(creator, tag),
+                                       QByteArray(static_cast<const char*>(data), qsizetype{size}));
+    return noErr;
+}
+
+OSStatus GetControlProperty(ControlRef control, OSType creator, OSType tag, UInt32 size,
+                            UInt32* actualSize, void* data) {
+    QWidget* const widget = ToWidget(control);
+    if (!widget || (size > 0 && !data)) return paramErr;
+    const ControlState* const state = FindState(*widget);
+    if (!state || !state->properties.contains(PairKey(creator, tag))) return kPMKeyNotFound;
+    const QByteArray kept = state->properties.value(PairKey(creator, tag));
+    const auto actual = static_cast<UInt32>(kept.size());
+    if (size > 0 && actual > 0) std::memcpy(data, kept.constData(), std::min(size, actual));
+    if (actualSize) *actualSize = actual;
+    return noErr;
+}
+
+OSStatus RemoveControlProperty(ControlRef control, OSType creator, OSType tag) {
+    QWidget* const widget = ToWidget(control);
+    if (!widget) return paramErr;
+    ControlState* const state = FindState(*widget);
+    return state && state->properties.remove(PairKey(creator, tag)) ? noErr : kPMKeyNotFound;
+}
+
+void DisposeControl(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) Dispose(*widget);
+}
+
+void ShowControl(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) widget->show();
+}
+
+void HideControl(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) widget->hide();
+}
+
+Boolean IsControlVisible(ControlRef control) {
+    QWidget* const widget = ToWidget(control);
+    return widget && IsShown(*widget);
+}
+
+void ActivateControl(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) {
+        SetState(*widget, true, IsEnabledByItself(*widget));
+    }
+}
+
+void DeactivateControl(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) {
+        SetState(*widget, false, IsEnabledByItself(*widget));
+    }
+}
+
+Boolean IsControlActive(ControlRef control) {
+    QWidget* const widget = ToWidget(control);
+    return widget && IsActiveByItself(*widget);
+}
+
+void EnableControl(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) {
+        SetState(*widget, IsActiveByItself(*widget), true);
+    }
+}
+
+void DisableControl(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) {
+        SetState(*widget, IsActiveByItself(*widget), false);
+    }
+}
+
+Boolean IsControlEnabled(ControlRef control) {
+    QWidget* const widget = ToWidget(control);
+    return widget && IsEnabledByItself(*widget);
+}
+
+void SetKeyboardFocus(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) widget->setFocus(Qt::OtherFocusReason);
+}
+
+void SetControlNeedsDisplay(ControlRef control) {
+    if (QWidget* const widget = ToWidget(control)) widget->update();
+}
+
+void SimulateControlHit(ControlRef control) {
+    QWidget* const widget = ToWidget(control);
+    if (!widget) return;
+    (void)StateOf(*widget);  // so that it reports its change
+    if (auto* const button = qobject_cast<QAbstractButton*>(widget)) {
+        button->click();
+    } else {
+        UserChanged(*widget);
+    }
+}

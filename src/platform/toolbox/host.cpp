@@ -1,0 +1,64 @@
+#include "toolbox/host.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "toolbox/control_state.h"
+#include "toolbox/help_viewer.h"
+#include "toolbox/qt_strings.h"
+
+using namespace toolbox;
+
+namespace {
+
+/// Over the active window, with the texts as they are written.
+void Fill(QMessageBox& box, CFStringRef header, CFStringRef message) {
+    box.setWindowTitle(QApplication::applicationDisplayName());
+    box.setIcon(QMessageBox::Warning);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQString(header));
+    box.setInformativeText(AsPlainText(ToQString(message)));
+}
+
+void Notice(CFStringRef header, CFStringRef message) {
+    QMessageBox box(QApplication::activeWindow());
+    Fill(box, header, message);
+    box.exec();
+}
+
+bool Alert(const AlertTexts& texts) {
+    QMessageBox box(QApplication::activeWindow());
+    Fill(box, texts.header, texts.message);
+    QPushButton* const accept =
+        texts.defaultButton ? box.addButton(ToQString(texts.defaultButton), QMessageBox::AcceptRole)
+                            : box.addButton(QMessageBox::Ok);
+    box.setDefaultButton(accept);
+    if (texts.alternateButton) {
+        box.setEscapeButton(
+            box.addButton(ToQString(texts.alternateButton), QMessageBox::RejectRole));
+    }
+    box.exec();
+    return box.clickedButton() == accept;
+}
+
+OSStatus HelpPage(CFStringRef path, CFStringRef anchor) {
+    return HelpViewer::Show(ToQString(path), ToQString(anchor)) ? noErr : fnfErr;
+}
+
+}  // namespace
+
+ControlRef ControlFromWidget(QWidget* widget) {
+    if (widget) (void)StateOf(*widget);  // from now on it reports its user's changes
+    return ToControl(widget);
+}
+
+QWidget* WidgetFromControl(ControlRef control) { return ToWidget(control); }
+
+WindowRef WindowFromWidget(QWidget* window) { return ToWindow(window); }
+
+QWidget* WidgetFromWindow(WindowRef window) { return ToWidget(window); }
+
+Presence WindowPresence() {
+    return {Notice, Alert, [] { QApplication::beep(); }, HelpPage, true};
+}

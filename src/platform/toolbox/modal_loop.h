@@ -1,0 +1,46 @@
+// Windows that hold up the program until the user has answered them.
+#pragma once
+
+#include <QEventLoop>
+#include <QPointer>
+#include <QWidget>
+
+#include "toolbox/windows.h"
+
+namespace toolbox {
+
+/// One run of a window. Return presses its default button, Escape its cancel button; the close box
+/// and, without a cancel button, Escape answer kModalCancel.
+class ModalLoop final : public QObject {
+public:
+    explicit ModalLoop(QWidget& window);
+    ~ModalLoop() override;
+
+    /// Shows the window over `owner` (may be null); returns when quit, closed or destroyed.
+    [[nodiscard]] SInt32 run(QWidget* owner);
+    void quit(SInt32 result);
+
+    /// The loop that runs for `window`, null when none does.
+    [[nodiscard]] static ModalLoop* Of(const QWidget& window);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool pressKey(int key);
+    void placeOver(QWidget& owner);
+
+    QPointer<QWidget> window_;
+    QEventLoop loop_;
+    SInt32 result_ = kModalCancel;
+};
+
+/// 'ok  ' for the default button and 'not!' for the cancel button of a window whose loop runs.
+[[nodiscard]] UInt32 CommandInModalLoop(QWidget& control);
+/// What a command does that no handler wanted: 'ok  ' and 'not!' end the window's loop.
+void RunStandardCommand(const QWidget& window, UInt32 command);
+
+inline constexpr UInt32 kCommandOK = 'ok  ';
+inline constexpr UInt32 kCommandCancel = 'not!';
+
+}  // namespace toolbox

@@ -1,0 +1,119 @@
+#include "toolbox/pictures.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QSvgRenderer>
+
+#include "toolbox/drawing.h"
+
+namespace toolbox {
+namespace {
+
+constexpr int kAllocationLimitInMegabytes = 256;
+constexpr int kLongestSide = 16384;
+
+class VectorPicture final : public Picture {
+public:
+    explicit VectorPicture(const QByteArray& svg) : renderer_(svg) {}
+
+    [[nodiscard]] bool isValid() const { return renderer_.isValid() && !size().isEmpty(); }
+    [[nodiscard]] QSize size() const override { return renderer_.defaultSize(); }
+    void draw(QPainter& painter, const QRectF& bounds) override {
+        renderer_.render(&painter, bounds);
+    }
+
+private:
+    QSvgRenderer renderer_;
+};
+
+class RasterPicture final : public Picture {
+public:
+    explicit RasterPicture(QImage image) : image_(std::move(image)) {}
+
+    [[nodiscard]] QSize size() const override { return image_.size(); }
+
+    void draw(QPainter& painter, const QRectF& bounds) override {
+        const qreal scale = painter.device()->devicePixelRatioF();
+        const QSize pixels = (bounds.size() * scale).toSize();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(bounds, pixels.width() < image_.width() ? reducedTo(pixels) : image_);
+    }
+
+private:
+    /// The painter's own scaling skips pixels when it makes a picture much smaller.
+    const QImage& reducedTo(const QSize& pixels) {
+        if (reduced_.size() != pixels) {
+            reduced_ = image_.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        }
+        return reduced_;
+    }
+
+    QImage image_, reduced_;
+};
+
+/// Compressed drawings are left out: their true size shows only when it is too late.
+bool IsDrawing(const QByteArray& bytes) { return bytes.left(512).trimmed().startsWith('<'); }
+
+std::shared_ptr<Picture> ReadDrawing(const QByteArray& bytes) {
+    auto drawing = std::make_shared<VectorPicture>(bytes);
+    return drawing->isValid() ? drawing : nullptr;
+}
+
+std::shared_ptr<Picture> ReadRaster(QByteArray bytes) {
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    if (reader.format().startsWith("svg")) return nullptr;
+    const QSize size = reader.size();
+    if (size.width() > kLongestSide || size.height() > kLongestSide) return nullptr;
+    QImageReader::setAllocationLimit(kAllocationLimitInMegabytes);
+    QImage image = reader.read();
+    return image.isNull() ? nullptr : std::make_shared<RasterPicture>(std::move(image));
+}
+
+}  // namespace
+
+void DrawToFit(QPainter& painter, Picture& picture, const QRectF& bounds) {
+    const QSizeF fitting = QSizeF(picture.size()).scaled(bounds.size(), Qt::KeepAspectRatio);
+    QRectF place({}, fitting);
+    place.moveCenter(bounds.center());
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    picture.draw(painter, place);
+    painter.restore();
+}
+
+std::shared_ptr<Picture> ReadPicture(const QByteArray& bytes) {
+    return IsDrawing(bytes) ? ReadDrawing(bytes) : ReadRaster(bytes);
+}
+
+}  // namespace toolbox
+
+using namespace toolbox;
+
+PictureRef CreatePictureFromURL(CFURLRef url) {
+    Owned<CFDataRef> data;
+    if (!url || !CFURLCreateDataAndPropertiesFromResource(kCFAllocatorDefault, url, data.adopt(),
+                                                          nullptr)) {
+        return nullptr;
+    }
+    auto picture = ReadPicture({reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
+                                static_cast<qsizetype>(CFDataGetLength(data))});
+    return picture ? new OpaquePicture{std::move(picture)} : nullptr;
+}
+
+void DisposePicture(PictureRef picture) { delete picture; }
+
+void GetPictureSize(PictureRef picture, SInt32* width, SInt32* height) {
+    const QSize size = picture ? picture->picture->size() : QSize(0, 0);
+    if (width) *width = size.width();
+    if (height) *height = size.height();
+}
+
+OSStatus DrawPictureInRect(DrawingRef drawing, PictureRef picture, const Rect& bounds) {
+    const QRect place(QPoint(bounds.left, bounds.top), QPoint(bounds.right - 1, bounds.bottom - 1));
+    if (!drawing || !picture || place.isEmpty()) return paramErr;
+    DrawToFit(drawing->painter, *picture->picture, place);
+    return noErr;
+}

@@ -1,0 +1,15 @@
+// A bare view that holds other views.
+#pragma once
+
+#include <QWidget>
+
+namespace toolbox {
+
+class UserPane final : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+};
+
+}  // namespace toolbox

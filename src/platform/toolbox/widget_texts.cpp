@@ -1,0 +1,68 @@
+#include "toolbox/widget_texts.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <cstdio>
+
+#include "toolbox/qt_strings.h"
+
+namespace toolbox {
+namespace {
+
+QString TextForKey(CFBundleRef bundle, const QString& key, const QString& table) {
+    const auto keyRef = Owned<CFStringRef>::Adopt(CreateString(key));
+    const auto tableRef = Owned<CFStringRef>::Adopt(CreateString(table));
+    // A value that no table holds tells a missing key from a text that equals its key.
+    const CFStringRef missing = CFSTR("\x1amissing\x1a");
+    const auto text =
+        Owned<CFStringRef>::Adopt(CFBundleCopyLocalizedString(bundle, keyRef, missing, tableRef));
+    if (text && !CFEqual(text, missing)) return ToQString(text);
+    std::fprintf(stderr, "No text for %s in %s.strings\n", qUtf8Printable(key),
+                 qUtf8Printable(table));
+    return QStringLiteral("STRING NOT FOUND");
+}
+
+void SetTip(QWidget& widget, const QString& text) { widget.setToolTip(AsPlainText(text)); }
+void SetName(QWidget& widget, const QString& text) { widget.setAccessibleName(text); }
+
+constexpr struct {
+    const char* property;
+    void (*apply)(QWidget& widget, const QString& text);
+} kTextProperties[] = {{"textKey", SetOwnText}, {"nameKey", SetName}, {"tipKey", SetTip}};
+
+}  // namespace
+
+void SetOwnText(QWidget& widget, const QString& text) {
+    if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
+        button->setText(text);
+    } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
+        label->setText(text);
+    } else if (auto* box = qobject_cast<QGroupBox*>(&widget)) {
+        box->setTitle(text);
+    } else if (auto* field = qobject_cast<QLineEdit*>(&widget)) {
+        field->setText(text);
+    } else if (widget.isWindow()) {
+        widget.setWindowTitle(text);
+    }
+}
+
+QString OwnText(const QWidget& widget) {
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text();
+    if (const auto* box = qobject_cast<const QGroupBox*>(&widget)) return box->title();
+    if (const auto* field = qobject_cast<const QLineEdit*>(&widget)) return field->text();
+    return widget.isWindow() ? widget.windowTitle() : QString();
+}
+
+void ApplyTexts(QWidget& widget, CFBundleRef bundle) {
+    const QString named = widget.property("textTable").toString();
+    const QString table = named.isEmpty() ? QStringLiteral("Localizable") : named;
+    for (const auto& row : kTextProperties) {
+        const QString key = widget.property(row.property).toString();
+        if (!key.isEmpty()) row.apply(widget, TextForKey(bundle, key, table));
+    }
+}
+
+}  // namespace toolbox
