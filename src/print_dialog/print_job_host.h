@@ -8,30 +8,24 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "foundation/collections.h"
-#include "kalmo/pde.h"
+#include "print_dialog/extension.h"
 #include "print_dialog/job_settings.h"
+#include "print_dialog/outcome.h"
+#include "printing/ppd_papers.h"
+#include "printing/session.h"
 
 namespace kalmo {
-
-/// Success, or one line that says what is wrong and what to do.
-struct [[nodiscard]] Outcome {
-    std::string error;
-    explicit operator bool() const { return error.empty(); }
-};
 
 /// Plain values. `ppdPath` is a local file; empty for a queue without one.
 struct HostPrinter {
     std::string name;
     std::string ppdPath;
 };
-
-/// Names of --panels and the interface functions behind them; null for an unknown name.
-[[nodiscard]] const char* PanelInterfaceName(std::string_view panel);
 
 class PrintJobHost final {
 public:
@@ -55,13 +49,15 @@ public:
     // Before begin, or between end and the next begin.
 
     /// Reads the PPD file. When another printer goes, PPD choices that the new one does not have
-    /// go with it. Fails, changing nothing, when the file is no PPD file.
+    /// go with it. Fails, changing nothing, when the file is no PPD file (no file name in the
+    /// error).
     Outcome setPrinter(const HostPrinter& printer);
-    /// The job's name, known to the panels. Empty: none.
+    /// The job's name, known to the panels. Empty: none, and a ticket's own name stays.
     void setJobName(const std::string& name);
 
-    /// Replaces the tickets by those of a ticket file's bytes (no file name in the error); a living
-    /// pane then shows them. Fails, changing nothing, when the bytes are no ticket file.
+    /// Replaces the tickets by those of a ticket file's bytes; a living pane then shows them. The
+    /// settings take over paper, orientation, source and colour from it. Fails, changing nothing,
+    /// when the bytes are no ticket file (no file name in the error).
     Outcome readTicket(std::string_view bytes);
 
     /// From the factory to Initialize. `parent` is the embedder for the pane, in a window that has
@@ -75,13 +71,13 @@ public:
     /// how the dialog ended (noErr: printed).
     void end(OSStatus status);
 
-    /// Takes over the dialog's own choices. What a panel reads (paper, orientation, pages per
-    /// sheet) is written between a Sync towards the ticket and one towards the pane, and only when
-    /// it changes.
+    /// Takes over the dialog's own choices. What a panel reads (paper, orientation, more than one
+    /// page a sheet) is written between a Sync towards the ticket and one towards the pane, and
+    /// only when it changes.
     void apply(const JobSettings& settings);
 
     /// Asks the pane whether the job may be printed, as its Print button would. False: refused, the
-    /// pane has told the user why.
+    /// pane has told the user why. True without a pane.
     [[nodiscard]] bool printCheck();
 
     [[nodiscard]] State state() const { return state_; }
@@ -91,11 +87,15 @@ public:
     }
     [[nodiscard]] const JobSettings& settings() const { return settings_; }
     [[nodiscard]] const HostPrinter& printer() const { return printer_; }
+    /// Null before setPrinter and for a queue without a PPD file.
+    [[nodiscard]] const PPDDescription* description() const {
+        return description_ ? &*description_ : nullptr;
+    }
     [[nodiscard]] const std::string& jobName() const { return jobName_; }
     /// Title and least size of the pane, from Prologue.
     [[nodiscard]] const std::string& paneTitle() const { return paneTitle_; }
-    [[nodiscard]] int paneWidth() const { return paneWidth_; }
-    [[nodiscard]] int paneHeight() const { return paneHeight_; }
+    [[nodiscard]] int paneWidth() const { return static_cast<int>(paneWidth_); }
+    [[nodiscard]] int paneHeight() const { return static_cast<int>(paneHeight_); }
 
     [[nodiscard]] PMPrintSession session() const { return session_; }
     [[nodiscard]] PMTicketRef printSettings() const;
@@ -106,31 +106,29 @@ public:
     [[nodiscard]] std::string ticketFile(CFDictionaryRef extra = nullptr) const;
 
 private:
-    OSStatus createExtension();
     OSStatus prologue();
-    void releaseExtension();
-    void offerPanels();
-    void withdrawPanels();
-    void writeSettings(const JobSettings& settings);
-    void writePaper(const std::string& keyword);
     void fillSession();
-    void dropForeignChoices(const std::vector<std::string>& known);
+    void takeSettingsFromTickets();
+    void write(const JobSettings& settings);
+    [[nodiscard]] bool paperChanges(const JobSettings& settings) const;
 
     std::vector<std::string> panels_;
     Owned<CFBundleRef> bundle_;
     Owned<PMPrintSession> session_;
     HostPrinter printer_;
-    std::string makeAndModel_;
+    std::optional<PPDDescription> description_;
     std::string jobName_;
     JobSettings settings_;
+    // The pane has not been told of the paper since it began or read a ticket.
+    bool paperIsNews_ = true;
 
     State state_ = State::idle;
-    IUnknownTable** extension_ = nullptr;
-    PDEInterfaceObject* interface_ = nullptr;
+    std::unique_ptr<OfferedPanels> offered_;
+    std::unique_ptr<Extension> extension_;
     PDEContext context_ = nullptr;
     ControlRef parent_ = nullptr;
     std::string paneTitle_;
-    int paneWidth_ = 0, paneHeight_ = 0;
+    UInt32 paneWidth_ = 0, paneHeight_ = 0;
 };
 
 }  // namespace kalmo

@@ -1,0 +1,91 @@
+#include "print_dialog/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <map>
+
+#include "print_dialog/print_job_host.h"
+
+namespace kalmo {
+namespace {
+
+std::string CheckPanel(const std::string& name) {
+    return PanelInterfaceName(name)
+               ? std::string()
+               : "There is no panel '" + name + "'; there are special-pages and job-notes";
+}
+
+void AddOptions(CLI::App& app, CommandLine& into) {
+    const std::map<std::string, Phase> phases = {{"initialize", Phase::initialize},
+                                                 {"open", Phase::open}};
+    app.add_option("document", into.document, "The PDF file to print; - reads standard input")
+        ->option_text("[DOCUMENT.pdf]");
+    auto* printer = app.add_option("-d,--printer", into.printer, "A CUPS queue");
+    auto* ppd = app.add_option("--ppd", into.ppd, "A PPD file instead of a queue");
+    app.add_option("-t,--title", into.title, "Job name (default: the document's file name)");
+    app.add_option("--ticket", into.ticket, "Start from this ticket file");
+    app.add_option("--write-ticket", into.writeTicket,
+                   "Write the resulting ticket (- is standard output)");
+    app.add_option("--output", into.output, "Print into this folder instead of a queue");
+    auto* noDialog = app.add_flag(
+        "--no-dialog", into.noDialog,
+        "Show no window; print, unless there is no document or only a ticket is asked for");
+    app.add_option("--phase", into.phase, "With --no-dialog: stop before or after Open")
+        ->transform(CLI::Transformer(phases))
+        ->needs(noDialog)
+        ->option_text("initialize|open");
+    app.add_option("--panels", into.panels, "Further panels: special-pages, job-notes")
+        ->delimiter(',')
+        ->check(CheckPanel)
+        ->option_text("LIST");
+    app.add_flag("--print-first-frame", into.printFirstFrame,
+                 "Once the dialog has painted, write when and how much memory, and exit")
+        ->excludes(noDialog);
+    app.add_flag("--list-printers", into.listPrinters, "List the queues and exit");
+    app.set_version_flag("--version", "kalmo-print " KALMO_VERSION);
+    printer->excludes(ppd);
+    for (auto* option : {printer, ppd, app.get_option("--ticket"), app.get_option("--write-ticket"),
+                         app.get_option("--output")}) {
+        option->check([](const std::string& text) {
+            return text.empty() ? std::string("The value is empty") : std::string();
+        });
+    }
+}
+
+std::string OneLine(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
+}  // namespace
+
+std::string CommandLine::jobName() const {
+    if (!title.empty() || document == "-") return title;
+    return std::filesystem::path(document).filename().string();
+}
+
+std::variant<CommandLine, ExitCode> ParseCommandLine(int argc, const char* const* argv) {
+    CLI::App app("Prints a PDF file on a Kalmo printer, with all that the printer can do.",
+                 "kalmo-print");
+    CommandLine result;
+    AddOptions(app, result);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& wish) {  // help or version
+        app.exit(wish, std::cout, std::cout);
+        return kExitDone;
+    } catch (const CLI::Error& error) {
+        PrintMessage(OneLine(error.what()) + "; see kalmo-print --help");
+        return kExitUsage;
+    }
+    return result;
+}
+
+void PrintMessage(const std::string& message) {
+    std::fprintf(stderr, "kalmo-print: %s\n", OneLine(message).c_str());
+}
+
+}  // namespace kalmo

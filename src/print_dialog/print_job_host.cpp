@@ -1,0 +1,196 @@
+#include "print_dialog/print_job_host.h"
+
+#include "print_dialog/session_tickets.h"
+#include "printing/ticket_file.h"
+#include "toolbox/events.h"
+#include "toolbox/windows.h"
+
+namespace kalmo {
+namespace {
+
+/// What the Print button sends, as the pane knows it.
+constexpr UInt32 kPrintCommand = 'ok  ';
+
+Owned<PMPrinter> MakePrinter(const HostPrinter& printer) {
+    const auto name = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(printer.name));
+    Owned<CFURLRef> ppd;
+    if (!printer.ppdPath.empty()) {
+        const auto path = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(printer.ppdPath));
+        ppd =
+            Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, false));
+    }
+    return Owned<PMPrinter>::Adopt(PMPrinterCreate(name, ppd));
+}
+
+}  // namespace
+
+PrintJobHost::PrintJobHost(std::vector<std::string> panels)
+    : panels_(std::move(panels)), session_(Owned<PMPrintSession>::Adopt(PMSessionCreate())) {}
+
+PrintJobHost::~PrintJobHost() { end(noErr); }
+
+Outcome PrintJobHost::load() {
+    bundle_ = Owned<CFBundleRef>::Adopt(OpenExtensionBundle());
+    return {bundle_ ? "" : "KalmoFeatures.plugin is missing; install kalmo-print again"};
+}
+
+Outcome PrintJobHost::setPrinter(const HostPrinter& printer) {
+    std::optional<PPDDescription> description;
+    if (!printer.ppdPath.empty()) {
+        std::string reason;
+        description = ReadPPDDescription(printer.ppdPath, &reason);
+        if (!description) return {reason.empty() ? "This is no PPD file" : reason};
+    }
+    const bool another = !printer_.name.empty();
+    printer_ = printer;
+    description_ = std::move(description);
+    if (another && description_) DropForeignPPDChoices(session_, *description_);
+    PMSessionSetCurrentPrinter(session_, MakePrinter(printer));
+    return {};
+}
+
+void PrintJobHost::setJobName(const std::string& name) { jobName_ = name; }
+
+Outcome PrintJobHost::readTicket(std::string_view bytes) {
+    std::string reason;
+    if (!ReadTicketFile(session_, bytes, &reason)) {
+        return {reason.empty() ? "This is no ticket file" : reason};
+    }
+    takeSettingsFromTickets();
+    paperIsNews_ = true;
+    if (hasPane()) {
+        fillSession();
+        sync(kSyncToUI);
+    }
+    return {};
+}
+
+OSStatus PrintJobHost::begin(ControlRef parent) {
+    parent_ = parent;
+    paperIsNews_ = true;
+    state_ = State::refused;
+    fillSession();
+    if (!bundle_) return fnfErr;
+    offered_ = std::make_unique<OfferedPanels>(bundle_, panels_);
+    extension_ = Extension::Create(bundle_);
+    if (!extension_) return fnfErr;
+    if (const OSStatus status = prologue(); status != noErr) return status;
+    UInt32 flags = 0;
+    const OSStatus status =
+        extension_->operations().Initialize(context_, &flags, nullptr, parent, session_);
+    if (status == noErr) state_ = State::initialized;
+    return status;
+}
+
+OSStatus PrintJobHost::prologue() {
+    OSType creator = 0;
+    CFStringRef kind = nullptr, title = nullptr;
+    const OSStatus status = extension_->operations().Prologue(&context_, &creator, &kind, &title,
+                                                              &paneWidth_, &paneHeight_);
+    paneTitle_ = CFStringToUTF8(title);
+    return status;
+}
+
+void PrintJobHost::fillSession() {
+    if (!jobName_.empty()) WriteJobName(session_, jobName_);
+    WriteMakeAndModel(session_, description_ ? description_->makeAndModel : "");
+    if (!HasOrientation(session_)) WriteOrientation(session_, settings_.orientation);
+}
+
+void PrintJobHost::takeSettingsFromTickets() {
+    settings_.paper = ReadPPDChoice(session_, "PageSize");
+    settings_.inputSlot = ReadPPDChoice(session_, "InputSlot");
+    if (!settings_.colorOption.empty()) {
+        settings_.colorChoice = ReadPPDChoice(session_, settings_.colorOption);
+    }
+    if (HasOrientation(session_)) settings_.orientation = ReadOrientation(session_);
+}
+
+OSStatus PrintJobHost::open() {
+    if (state_ != State::initialized) return kPMInvalidPDEContext;
+    const OSStatus status = extension_->operations().Open(context_);
+    state_ = State::open;
+    return status;
+}
+
+OSStatus PrintJobHost::close() {
+    if (state_ != State::open) return kPMInvalidPDEContext;
+    state_ = State::initialized;
+    return extension_->operations().Close(context_);
+}
+
+OSStatus PrintJobHost::sync(Boolean direction) {
+    if (!hasPane()) return kPMInvalidPDEContext;
+    return extension_->operations().Sync(context_, session_, direction);
+}
+
+void PrintJobHost::end(OSStatus status) {
+    if (state_ == State::open) close();
+    // Also after a refused Initialize: what Prologue made is freed here.
+    if (context_) extension_->operations().Terminate(context_, status);
+    context_ = nullptr;
+    parent_ = nullptr;
+    extension_.reset();
+    offered_.reset();
+    state_ = State::idle;
+}
+
+bool PrintJobHost::paperChanges(const JobSettings& settings) const {
+    if (settings.paper != settings_.paper) return true;
+    return paperIsNews_ && !settings.paper.empty() && !StockHasPaper(session_, settings.paper);
+}
+
+void PrintJobHost::apply(const JobSettings& settings) {
+    const bool paneReads = paperChanges(settings) ||
+                           settings.orientation != settings_.orientation ||
+                           (settings.pagesPerSheet > 1) != (settings_.pagesPerSheet > 1);
+    const bool framed = hasPane() && paneReads;
+    if (framed) sync(kSyncToTicket);
+    write(settings);
+    if (framed) sync(kSyncToUI);
+}
+
+void PrintJobHost::write(const JobSettings& settings) {
+    if (paperChanges(settings)) {
+        WritePPDChoice(session_, "PageSize", settings.paper);
+        WriteStockPaper(session_, settings.paper);
+    }
+    if (settings.inputSlot != settings_.inputSlot) {
+        WritePPDChoice(session_, "InputSlot", settings.inputSlot);
+    }
+    // A fax has turned the colour off in the ticket: only the user's own change touches it.
+    if (!settings.colorOption.empty() && (settings.colorOption != settings_.colorOption ||
+                                          settings.colorChoice != settings_.colorChoice)) {
+        WritePPDChoice(session_, settings.colorOption, settings.colorChoice);
+    }
+    if (settings.orientation != settings_.orientation || !HasOrientation(session_)) {
+        WriteOrientation(session_, settings.orientation);
+    }
+    WritePagesPerSheet(session_, settings.pagesPerSheet);
+    settings_ = settings;
+    if (hasPane()) paperIsNews_ = false;
+}
+
+bool PrintJobHost::printCheck() {
+    if (!hasPane()) return true;
+    const WindowRef window = GetControlOwner(parent_);
+    ControlRef button = nullptr;
+    GetWindowDefaultButton(window, &button);
+    const OSStatus answer = button ? SendCommandFromControl(button, kPrintCommand)
+                                   : SendCommandToWindow(window, kPrintCommand);
+    return answer == eventNotHandledErr;
+}
+
+PMTicketRef PrintJobHost::printSettings() const {
+    return PMSessionGetTicket(session_, kPMPrintSettingsTicket);
+}
+
+std::string PrintJobHost::ppdChoice(const std::string& keyword) const {
+    return ReadPPDChoice(session_, keyword);
+}
+
+std::string PrintJobHost::ticketFile(CFDictionaryRef extra) const {
+    return WriteTicketFile(session_, extra);
+}
+
+}  // namespace kalmo

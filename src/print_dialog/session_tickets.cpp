@@ -1,0 +1,161 @@
+#include "print_dialog/session_tickets.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "printing/ticket.h"
+#include "settings/ppd_choices.h"
+#include "settings/ticket_keys.h"
+
+#define kJobNameKey CFSTR("com.apple.print.JobInfo.PMJobName")
+#define kOrientationKey CFSTR("com.apple.print.PageFormat.PMOrientation")
+#define kLayoutNUpKey CFSTR("com.apple.print.PrintSettings.PMLayoutNUp")
+#define kJobLevelStockKey CFSTR("com.kalmo.print.JobLevelStock")
+#define kFaxOptionsKey CFSTR("com.kalmo.print.FaxOptions")
+
+namespace kalmo {
+namespace {
+
+Owned<CFStringRef> Text(const std::string& utf8) {
+    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(utf8));
+}
+
+PMTicketRef PrintSettings(PMPrintSession session) {
+    return PMSessionGetTicket(session, kPMPrintSettingsTicket);
+}
+
+CFMutableDictionaryRef PPDDictionary(PMPrintSession session) {
+    CFMutableDictionaryRef dictionary = nullptr;
+    PMTicketGetPPDDict(PrintSettings(session), &dictionary);
+    return dictionary;
+}
+
+void WriteText(PMTicketRef ticket, CFStringRef key, const std::string& text) {
+    if (text.empty()) {
+        PMTicketReleaseItem(ticket, key);
+        return;
+    }
+    PMTicketSetCFString(ticket, kTicketCreator, key, Text(text), false);
+}
+
+CFDictionaryRef Dictionary(PMPrintSession session, CFStringRef key) {
+    CFDictionaryRef dictionary = nullptr;
+    PMTicketGetCFDictionary(PrintSettings(session), key, &dictionary);
+    return dictionary;
+}
+
+std::optional<SInt32> StockSize(const std::string& keyword) {
+    return FindTicketValueForChoice(CFSTR("PageSize"), Text(keyword));
+}
+
+bool IsKnownChoice(const PPDDescription& printer, const std::string& keyword,
+                   const std::string& choice) {
+    if (keyword == "PageSize" &&
+        (choice.starts_with("Custom") ||
+         std::ranges::find(printer.papers, choice, &PPDPaper::keyword) != printer.papers.end())) {
+        return true;
+    }
+    const auto option = std::ranges::find(printer.options, keyword, &PPDOptionTexts::keyword);
+    return option != printer.options.end() &&
+           std::ranges::find(option->choices, choice, &PPDChoiceText::keyword) !=
+               option->choices.end();
+}
+
+std::string TextOf(CFTypeRef value) {
+    if (!value || CFGetTypeID(value) != CFStringGetTypeID()) return {};
+    return CFStringToUTF8(static_cast<CFStringRef>(value));
+}
+
+}  // namespace
+
+void WriteJobName(PMPrintSession session, const std::string& name) {
+    WriteText(PrintSettings(session), kJobNameKey, name);
+}
+
+void WriteMakeAndModel(PMPrintSession session, const std::string& makeAndModel) {
+    WriteText(PMSessionGetTicket(session, kPMPrinterInfoTicket), kPMMakeAndModelNameKey,
+              makeAndModel);
+}
+
+void WriteOrientation(PMPrintSession session, Orientation orientation) {
+    PMTicketSetSInt32(PMSessionGetTicket(session, kPMPageFormatTicket), kTicketCreator,
+                      kOrientationKey, static_cast<SInt32>(orientation), false);
+}
+
+bool HasOrientation(PMPrintSession session) {
+    SInt32 ignored = 0;
+    return PMTicketGetSInt32(PMSessionGetTicket(session, kPMPageFormatTicket), kOrientationKey,
+                             &ignored) == noErr;
+}
+
+Orientation ReadOrientation(PMPrintSession session) {
+    auto value = static_cast<SInt32>(Orientation::portrait);
+    PMTicketGetSInt32(PMSessionGetTicket(session, kPMPageFormatTicket), kOrientationKey, &value);
+    return value == static_cast<SInt32>(Orientation::landscape) ? Orientation::landscape
+                                                                : Orientation::portrait;
+}
+
+void WritePagesPerSheet(PMPrintSession session, int pagesPerSheet) {
+    if (pagesPerSheet > 1) {
+        PMTicketSetCFBoolean(PrintSettings(session), kTicketCreator, kLayoutNUpKey, kCFBooleanTrue,
+                             false);
+    } else {
+        PMTicketReleaseItem(PrintSettings(session), kLayoutNUpKey);
+    }
+}
+
+std::string ReadPPDChoice(PMPrintSession session, const std::string& keyword) {
+    return TextOf(CFDictionaryGetValue(PPDDictionary(session), Text(keyword).get()));
+}
+
+void WritePPDChoice(PMPrintSession session, const std::string& keyword, const std::string& choice) {
+    const auto dictionary = PPDDictionary(session);
+    if (choice.empty()) {
+        CFDictionaryRemoveValue(dictionary, Text(keyword).get());
+    } else {
+        CFDictionarySetValue(dictionary, Text(keyword).get(), Text(choice).get());
+    }
+}
+
+void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer) {
+    const auto dictionary = PPDDictionary(session);
+    std::vector<CFTypeRef> keys(static_cast<std::size_t>(CFDictionaryGetCount(dictionary)));
+    CFDictionaryGetKeysAndValues(dictionary, keys.data(), nullptr);
+    for (CFTypeRef key : keys) {
+        const auto choice = TextOf(CFDictionaryGetValue(dictionary, key));
+        if (!IsKnownChoice(printer, TextOf(key), choice)) CFDictionaryRemoveValue(dictionary, key);
+    }
+}
+
+bool StockHasPaper(PMPrintSession session, const std::string& keyword) {
+    const auto size = StockSize(keyword);
+    if (!size) return true;
+    SInt32 stored = 0;
+    const auto* value = CFDictionaryGetValue(Dictionary(session, kJobLevelStockKey), CFSTR("Size"));
+    return value && CFGetTypeID(value) == CFNumberGetTypeID() &&
+           CFNumberGetValue(static_cast<CFNumberRef>(value), kCFNumberSInt32Type, &stored) &&
+           stored == *size;
+}
+
+void WriteStockPaper(PMPrintSession session, const std::string& keyword) {
+    const auto stock = Dictionary(session, kJobLevelStockKey);
+    const auto size = StockSize(keyword);
+    if (!stock || !size) return;
+    const CFIndex value = *size;
+    const auto number = Owned<CFNumberRef>::Adopt(
+        CFNumberCreate(kCFAllocatorDefault, kCFNumberCFIndexType, &value));
+    const auto changed = Owned<CFMutableDictionaryRef>::Adopt(
+        CFDictionaryCreateMutableCopy(kCFAllocatorDefault, 0, stock));
+    CFDictionarySetValue(changed, CFSTR("Size"), number.get());
+    const auto creator = PMTicketGetItemCreator(PrintSettings(session), kJobLevelStockKey);
+    PMTicketSetCFDictionary(PrintSettings(session), creator ? creator : kTicketCreator,
+                            kJobLevelStockKey, changed.get(), false);
+}
+
+bool HoldsSecrets(PMPrintSession session) {
+    const auto jobType = Dictionary(session, kJobTypeKey);
+    return !TextOf(CFDictionaryGetValue(jobType, CFSTR("SecurePrintPassword"))).empty() ||
+           CFDictionaryGetCount(Dictionary(session, kFaxOptionsKey)) > 0;
+}
+
+}  // namespace kalmo

@@ -1,0 +1,39 @@
+// What the dialog itself writes into the session's tickets before the extension reads them.
+//
+// All values are read defensively: a ticket file may hold anything under these keys.
+#pragma once
+
+#include <string>
+
+#include "print_dialog/job_settings.h"
+#include "printing/ppd_papers.h"
+#include "printing/session.h"
+
+namespace kalmo {
+
+/// An empty name removes the item.
+void WriteJobName(PMPrintSession session, const std::string& name);
+void WriteMakeAndModel(PMPrintSession session, const std::string& makeAndModel);
+void WriteOrientation(PMPrintSession session, Orientation orientation);
+/// Portrait unless the page format ticket says landscape.
+[[nodiscard]] Orientation ReadOrientation(PMPrintSession session);
+[[nodiscard]] bool HasOrientation(PMPrintSession session);
+/// Panels ask only whether a sheet holds more than one page.
+void WritePagesPerSheet(PMPrintSession session, int pagesPerSheet);
+
+/// The choice in the PPD dictionary; empty when there is none.
+[[nodiscard]] std::string ReadPPDChoice(PMPrintSession session, const std::string& keyword);
+/// An empty choice removes the entry.
+void WritePPDChoice(PMPrintSession session, const std::string& keyword, const std::string& choice);
+/// Removes choices that the printer does not know.
+void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer);
+
+/// Whether the job's stock names the size of that PageSize keyword, as far as stocks know it.
+[[nodiscard]] bool StockHasPaper(PMPrintSession session, const std::string& keyword);
+/// Sets the size of the job's stock, where the ticket has one and knows the paper.
+void WriteStockPaper(PMPrintSession session, const std::string& keyword);
+
+/// Whether the print settings hold what nobody but the printer may read: a passcode, fax details.
+[[nodiscard]] bool HoldsSecrets(PMPrintSession session);
+
+}  // namespace kalmo
