@@ -7,11 +7,9 @@
 #include <functional>
 #include <memory>
 
-class QObject;
-
 namespace kalmo {
 
-/// Where answers arrive. Made, used and destroyed on the UI thread.
+/// Where answers arrive. Made, used and destroyed on the UI thread, while an application exists.
 class AnswerBox final {
 public:
     AnswerBox();
@@ -23,6 +21,8 @@ public:
     /// gone.
     using Post = std::function<void(std::function<void()> answer)>;
     [[nodiscard]] Post post() const;
+    /// Runs `action` on the UI thread in `milliseconds`, unless the box is gone.
+    void later(int milliseconds, std::function<void()> action);
 
 private:
     struct Shared;
@@ -31,5 +31,7 @@ private:
 
 /// Runs `work` on a thread that nobody waits for.
 void StartWorker(std::function<void()> work);
+/// Workers that are still at it, a stuck request among them.
+[[nodiscard]] int RunningWorkers();
 
 }  // namespace kalmo

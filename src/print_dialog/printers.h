@@ -12,6 +12,9 @@
 
 namespace kalmo {
 
+/// The longest that a request may keep the user waiting.
+inline constexpr int kServerDeadlineMs = 8000;
+
 struct PrinterEntry {
     std::string name;
     std::string info, location, makeAndModel;
@@ -49,16 +52,21 @@ public:
     void describe(const std::string& queue, DescriptionAnswer answer);
 
 private:
+    /// Who waits for an answer; `generation` tells a late answer from the one that is awaited.
     template <typename Result>
-    void ask(std::uint64_t& generation, std::function<Result()> work, Result late,
+    struct Waiting {
+        std::uint64_t generation = 0;
+        std::function<void(const Result&)> answer;
+    };
+    template <typename Result>
+    void ask(Waiting<Result>& waiting, std::function<Result()> work,
              std::function<void(const Result&)> answer);
+    template <typename Result>
+    void deliver(Waiting<Result>& waiting, std::uint64_t generation, const Result& result);
 
-    std::uint64_t listGeneration_ = 0;
-    std::uint64_t descriptionGeneration_ = 0;
+    Waiting<PrinterList> list_;
+    Waiting<PrinterDescription> description_;
     AnswerBox answers_;  // last: goes first, so that no answer meets half an object
 };
-
-/// The longest that a request may keep the user waiting.
-inline constexpr int kServerDeadlineMs = 8000;
 
 }  // namespace kalmo
