@@ -2,63 +2,57 @@
 // on a worker. The only way a job is made, with a window and without.
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
-#include <string>
 
 #include "print_dialog/background.h"
-#include "print_dialog/job_settings.h"
+#include "print_dialog/job_delivery.h"
+#include "print_dialog/job_order.h"
 #include "print_dialog/print_job_host.h"
 
 namespace kalmo {
 
-struct JobRequest {
-    std::filesystem::path document;
-    /// How most of the document stands; the printer turns the pages when the job wants another.
-    Orientation documentOrientation = Orientation::portrait;
-    std::string queue;             // a queue ...
-    std::filesystem::path folder;  // ... or a folder to print into
-};
-
-enum class JobStage { preparing, sending };
-
-struct JobResult {
-    enum class End { printed, failed, cancelled };
-    End end = End::failed;
-    /// One line: what happened, to what, and what to do. Empty when cancelled.
-    std::string message;
-    int jobID = 0;                   // a queue's job
-    std::filesystem::path document;  // a folder's files
-    std::filesystem::path ticket;
-};
-
-/// Both run on the UI thread; `finished` exactly once, unless the job object goes first.
+/// All run on the UI thread, later than StartJob returns.
 struct JobCallbacks {
-    /// `percent` 0 .. 100 of the stage.
+    /// `percent` 0 .. 100 of the stage. May be empty.
     std::function<void(JobStage stage, int percent)> progress;
+    /// Exactly once, unless the job object goes first.
     std::function<void(const JobResult& result)> finished;
 };
 
-/// A job on its way. Destroying it cancels.
+/// A job on its way. Destroying it before it has finished cancels it.
 class Job final {
 public:
     ~Job();
-    /// No job stays on the server and no file behind; `finished` follows at once.
+    Job(const Job&) = delete;
+    Job& operator=(const Job&) = delete;
+    /// No job stays on the server and no file behind. `finished` follows at once with "cancelled";
+    /// the cleaning up goes on in the background (WaitForDeliveries). Too late, it does nothing.
     void cancel();
 
 private:
-    friend std::unique_ptr<Job> StartJob(PrintJobHost&, const JobRequest&, JobCallbacks);
-    struct Shared;
-    Job();
-    std::shared_ptr<Shared> shared_;
-    AnswerBox answers_;
+    friend std::unique_ptr<Job> StartJob(PrintJobHost& host, const JobRequest& request,
+                                         JobCallbacks callbacks);
+    explicit Job(JobCallbacks callbacks) : callbacks_(std::move(callbacks)) {}
+    void deliver(JobOrder order);
+    void advance(JobStage stage, int percent);
+    void finish(const JobResult& result);
+    void watchSilence();
+
+    JobCallbacks callbacks_;
+    std::shared_ptr<DeliveryState> state_ = std::make_shared<DeliveryState>();
+    JobStage stage_ = JobStage::preparing;
+    int steps_ = 0;
+    AnswerBox answers_;  // last: goes first, so that no answer meets half an object
 };
 
 /// Null: the print check refused, the pane has said why, and nothing was written. Without a pane
-/// (another maker's queue) the job goes without a ticket. Must be called on the UI thread.
+/// (another maker's queue) the job goes without a ticket. On the UI thread.
 [[nodiscard]] std::unique_ptr<Job> StartJob(PrintJobHost& host, const JobRequest& request,
                                             JobCallbacks callbacks);
+
+/// Lets deliveries, cancelled ones too, come to their end before the program's. False when one is
+/// still at it after so many milliseconds.
+[[nodiscard]] bool WaitForDeliveries(int milliseconds);
 
 }  // namespace kalmo

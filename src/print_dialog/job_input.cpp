@@ -1,0 +1,127 @@
+#include "print_dialog/job_input.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <string_view>
+
+#include "foundation/property_list.h"
+#include "job_ticket/private_file.h"
+
+namespace kalmo {
+namespace {
+
+/// Readers look for the header in so many bytes.
+constexpr std::size_t kHeaderRoom = 1024;
+
+Outcome CheckHeader(const std::filesystem::path& file, const std::string& name) {
+    errno = 0;
+    std::ifstream in(file, std::ios::binary);
+    std::array<char, kHeaderRoom> head = {};
+    if (in) in.read(head.data(), head.size());
+    if (in.bad() || (in.gcount() == 0 && errno != 0)) return {SystemReason(name, errno)};
+    const std::string_view text(head.data(), static_cast<std::size_t>(in.gcount()));
+    const bool pdf = text.find("%PDF-") != std::string_view::npos;
+    return {pdf ? "" : name + ": This is no PDF file; print it to a PDF file first"};
+}
+
+/// As it is shown: the media box, turned by /Rotate.
+Orientation PageOrientation(QPDFPageObjectHelper page) {
+    auto box = page.getAttribute("/MediaBox", false);
+    if (!box.isRectangle()) return Orientation::portrait;
+    const auto rectangle = box.getArrayAsRectangle();
+    const bool wide =
+        std::abs(rectangle.urx - rectangle.llx) > std::abs(rectangle.ury - rectangle.lly);
+    auto rotate = page.getAttribute("/Rotate", false);
+    const bool turned = rotate.isInteger() && rotate.getIntValue() % 180 != 0;
+    return wide != turned ? Orientation::landscape : Orientation::portrait;
+}
+
+/// The whole of a ticket file; one byte more than is allowed tells a file that is too large.
+Outcome ReadAll(const std::string& file, std::string* bytes) {
+    errno = 0;
+    std::ifstream in(file, std::ios::binary);
+    std::array<char, 65536> buffer;
+    while (in && bytes->size() <= kPropertyListMaximumBytes) {
+        in.read(buffer.data(), buffer.size());
+        bytes->append(buffer.data(), static_cast<std::size_t>(in.gcount()));
+    }
+    const bool unread = (!in.eof() && !in.good()) || (bytes->empty() && errno != 0);
+    return {unread ? SystemReason(file, errno) : ""};
+}
+
+}  // namespace
+
+Outcome InputDocument::open(const std::string& name) {
+    if (name.empty()) return {};
+    path_ = name;
+    if (name == "-") {
+        if (const auto spooled = spoolStandardInput(); !spooled) return spooled;
+        return CheckHeader(path_, "Standard input");
+    }
+    return CheckHeader(path_, name);
+}
+
+Outcome InputDocument::spoolStandardInput() {
+    if (isatty(STDIN_FILENO)) return {"Standard input is a terminal; name a PDF file instead"};
+    spool_ = std::make_unique<PrivateFolder>(std::filesystem::temp_directory_path());
+    if (spool_->path().empty()) return {SystemReason("The temporary folder", errno)};
+    path_ = spool_->path() / "document.pdf";
+    std::ofstream out(path_, std::ios::binary);  // in a folder that nobody else can enter
+    std::array<char, 65536> buffer;
+    ssize_t count = 0;
+    while ((count = read(STDIN_FILENO, buffer.data(), buffer.size())) > 0) {
+        out.write(buffer.data(), count);
+    }
+    out.close();
+    return {count == 0 && out ? "" : SystemReason("Standard input", errno)};
+}
+
+Outcome InspectDocument(const std::filesystem::path& document, DocumentFacts* facts) {
+    try {
+        QPDF pdf;
+        pdf.setSuppressWarnings(true);
+        pdf.processFile(document.c_str());
+        const auto pages = QPDFPageDocumentHelper(pdf).getAllPages();
+        if (pages.empty()) return {document.string() + ": The document has no pages"};
+        *facts = {static_cast<int>(pages.size()), PageOrientation(pages.front())};
+        return {};
+    } catch (const QPDFExc& error) {
+        const bool locked = error.getErrorCode() == qpdf_e_password;
+        return {document.string() + (locked ? ": The document needs a password; remove it first"
+                                            : ": The document is damaged; export it anew")};
+    } catch (const std::exception&) {
+        return {document.string() + ": The document is damaged; export it anew"};
+    }
+}
+
+Outcome LoadInputs(const CommandLine& commandLine, PrintJobHost& host) {
+    host.setJobName(commandLine.jobName());
+    if (commandLine.ticket.empty()) return {};
+    std::string bytes;
+    if (const auto read = ReadAll(commandLine.ticket, &bytes); !read) return read;
+    const auto outcome = host.readTicket(bytes);
+    return {outcome ? "" : commandLine.ticket + ": " + outcome.error};
+}
+
+Outcome WriteTicket(const std::string& file, const PrintJobHost& host) {
+    const auto bytes = host.ticketFile();
+    if (bytes.empty()) return {file + ": The settings cannot be written as a ticket"};
+    if (file != "-") {
+        const auto written = job_ticket::WritePrivateFile(file, bytes);
+        return {written ? "" : file + ": " + written.error};
+    }
+    std::cout << bytes << std::flush;
+    return {std::cout ? "" : SystemReason("Standard output", errno)};
+}
+
+}  // namespace kalmo

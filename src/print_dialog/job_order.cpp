@@ -1,0 +1,100 @@
+#include "print_dialog/job_order.h"
+
+#include <algorithm>
+
+#include "foundation/collections.h"
+#include "job_ticket/attachment.h"
+#include "print_dialog/session_tickets.h"
+#include "printing/ticket.h"
+
+namespace kalmo {
+namespace {
+
+using Options = std::vector<std::pair<std::string, std::string>>;
+
+/// The server gives all options to its filters as one argument, which Linux limits to 128 KiB.
+constexpr std::size_t kMostOptionBytes = 100 << 10;
+
+// IPP's orientation-requested.
+constexpr const char* kPortrait = "3";
+constexpr const char* kLandscape = "4";
+
+void AddPrinterChoices(const PrintJobHost& host, Options& options) {
+    const auto* description = host.description();
+    if (!description) return;
+    if (const auto paper = host.ppdChoice("PageSize"); !paper.empty()) {
+        options.emplace_back("PageSize", paper);
+    }
+    for (const auto& option : description->options) {
+        const auto choice = host.ppdChoice(option.keyword);
+        if (!choice.empty() && option.keyword != "PageSize") {
+            options.emplace_back(option.keyword, choice);
+        }
+    }
+}
+
+void AddSettings(const JobSettings& settings, const JobRequest& request, Options& options) {
+    if (settings.copies > 1) {
+        options.emplace_back("copies", std::to_string(settings.copies));
+        options.emplace_back("multiple-document-handling",
+                             settings.collate ? "separate-documents-collated-copies"
+                                              : "separate-documents-uncollated-copies");
+    }
+    if (!settings.pages.empty()) {
+        options.emplace_back("page-ranges", PageRangesText(settings.pages));
+    }
+    if (settings.pagesPerSheet > 1) {
+        options.emplace_back("number-up", std::to_string(settings.pagesPerSheet));
+    }
+    if (settings.orientation != request.documentOrientation) {
+        options.emplace_back("orientation-requested", settings.orientation == Orientation::landscape
+                                                          ? kLandscape
+                                                          : kPortrait);
+    }
+}
+
+/// A queue without a PPD file knows papers and sources by the protocol's names alone.
+void AddPaperWithoutPPD(const PrintJobHost& host, Options& options) {
+    if (host.description()) return;
+    const auto& settings = host.settings();
+    if (!settings.paper.empty()) options.emplace_back("media", settings.paper);
+}
+
+std::string TicketWithNonce(const PrintJobHost& host) {
+    const auto nonce = job_ticket::MakeNonce();
+    const auto data = Owned<CFDataRef>::Adopt(
+        CFDataCreate(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(nonce.data()),
+                     static_cast<CFIndex>(nonce.size())));
+    const auto key = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(job_ticket::kNonceKey));
+    const auto extra =
+        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
+    CFDictionarySetValue(extra, key.get(), data.get());
+    return host.ticketFile(extra.get());
+}
+
+std::size_t TotalBytes(const Options& options) {
+    std::size_t total = 0;
+    for (const auto& [name, value] : options) total += name.size() + value.size() + 2;
+    return total;
+}
+
+}  // namespace
+
+Outcome MakeJobOrder(const PrintJobHost& host, const JobRequest& request, JobOrder* order) {
+    *order = {.document = request.document, .queue = request.queue, .folder = request.folder};
+    order->title = host.jobName().empty() ? "document" : host.jobName();
+    AddSettings(host.settings(), request, order->options);
+    AddPrinterChoices(host, order->options);
+    AddPaperWithoutPPD(host, order->options);
+    if (TotalBytes(order->options) > kMostOptionBytes) {
+        return {"The job has more settings than a print server takes; choose fewer page ranges"};
+    }
+    if (!host.hasPane()) return {};
+    order->ticket = TicketWithNonce(host);
+    if (order->ticket.empty()) return {"The settings cannot be written as a ticket"};
+    order->secret = HoldsSecrets(host.session());
+    order->options.emplace_back(job_ticket::kDigestOption, job_ticket::TicketDigest(order->ticket));
+    return {};
+}
+
+}  // namespace kalmo

@@ -1,0 +1,25 @@
+// What the user decided, as a job: the ticket's bytes and the job options.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "print_dialog/job_delivery.h"
+#include "print_dialog/job_settings.h"
+#include "print_dialog/print_job_host.h"
+
+namespace kalmo {
+
+struct JobRequest {
+    std::filesystem::path document;
+    /// How most of the document stands; the printer turns the pages when the job wants another.
+    Orientation documentOrientation = Orientation::portrait;
+    std::string queue;             // a queue ...
+    std::filesystem::path folder;  // ... or a folder to print into
+};
+
+/// The session's tickets must be up to date. A ticket with a fresh nonce goes into the order when a
+/// pane lives, else none; its absence where it should be is the error.
+Outcome MakeJobOrder(const PrintJobHost& host, const JobRequest& request, JobOrder* order);
+
+}  // namespace kalmo

@@ -1,0 +1,15 @@
+// UTF-8 texts made to fit.
+#pragma once
+
+#include <string>
+
+namespace kalmo {
+
+/// At most `length` bytes, cut between characters.
+[[nodiscard]] inline std::string Shortened(std::string text, std::size_t length) {
+    if (text.size() <= length) return text;
+    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) --length;
+    return text.substr(0, length);
+}
+
+}  // namespace kalmo

@@ -1,0 +1,225 @@
+#include "print_dialog/unattended.h"
+
+#include <QEventLoop>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cstdio>
+
+#include "print_dialog/job.h"
+#include "print_dialog/job_input.h"
+#include "print_dialog/printers.h"
+#include "print_dialog/stop_signals.h"
+#include "system/presence.h"
+#include "toolbox/host.h"
+
+namespace kalmo {
+namespace {
+
+/// What the extension expects around its pane: a window with a default and a cancel button.
+class HiddenWindow final {
+public:
+    HiddenWindow() {
+        auto* column = new QVBoxLayout(&window_);
+        for (QWidget* widget : {static_cast<QWidget*>(pane_), static_cast<QWidget*>(print_),
+                                static_cast<QWidget*>(cancel_)}) {
+            column->addWidget(widget);
+        }
+        const auto window = WindowFromWidget(&window_);
+        SetWindowDefaultButton(window, ControlFromWidget(print_));
+        SetWindowCancelButton(window, ControlFromWidget(cancel_));
+    }
+    [[nodiscard]] ControlRef pane() const { return ControlFromWidget(pane_); }
+
+private:
+    QWidget window_;
+    QWidget* pane_ = new QWidget;
+    QPushButton* print_ = new QPushButton;
+    QPushButton* cancel_ = new QPushButton;
+};
+
+/// Asks for something, and waits for the answer that comes through the event loop.
+template <typename Result, typename Ask>
+Result WaitFor(Ask&& ask) {
+    QEventLoop loop;
+    Result result;
+    ask([&](const Result& answer) {
+        result = answer;
+        loop.quit();
+    });
+    loop.exec();
+    return result;
+}
+
+PrinterList WaitForPrinters(Printers& printers) {
+    return WaitFor<PrinterList>([&](auto answer) { printers.list(answer); });
+}
+
+/// A run that ends early: its line is written here, its exit code goes back.
+class Stop final {
+public:
+    Stop(ExitCode code, const std::string& line) : code_(code) {
+        if (!line.empty()) PrintMessage(line);
+    }
+    operator ExitCode() const { return code_; }
+
+private:
+    ExitCode code_;
+};
+
+class Run final {
+public:
+    explicit Run(const CommandLine& commandLine)
+        : commandLine_(commandLine), host_(commandLine.panels) {}
+
+    ExitCode run() {
+        for (const auto step : {&Run::readDocument, &Run::choosePrinter, &Run::readTicket,
+                                &Run::startPane, &Run::work}) {
+            const ExitCode code = (this->*step)();
+            if (code != kExitDone) {
+                host_.end(kPMInvalidPDEContext);
+                return code;
+            }
+        }
+        host_.end(noErr);
+        return kExitDone;
+    }
+
+private:
+    /// A document and somewhere to print it.
+    [[nodiscard]] bool prints() const {
+        return !commandLine_.document.empty() &&
+               (commandLine_.ppd.empty() || !commandLine_.output.empty());
+    }
+
+    ExitCode readDocument() {
+        const bool nowhere = !commandLine_.document.empty() && !prints();
+        if (nowhere && commandLine_.writeTicket.empty()) {
+            return Stop(kExitUsage,
+                        "A PPD file is no printer to print on; name a folder with --output");
+        }
+        if (const auto opened = document_.open(commandLine_.document); !opened) {
+            return Stop(kExitUsage, opened.error);
+        }
+        if (document_.path().empty()) return kExitDone;
+        const auto inspected = InspectDocument(document_.path(), &facts_);
+        return inspected ? kExitDone : Stop(kExitUsage, inspected.error);
+    }
+
+    ExitCode choosePrinter() {
+        if (const auto loaded = host_.load(); !loaded) return Stop(kExitFailed, loaded.error);
+        if (commandLine_.ppd.empty()) return chooseQueue();
+        const auto name = std::filesystem::path(commandLine_.ppd).stem().string();
+        const auto outcome = host_.setPrinter({name, commandLine_.ppd});
+        return outcome ? kExitDone : Stop(kExitUsage, commandLine_.ppd + ": " + outcome.error);
+    }
+
+    ExitCode chooseQueue() {
+        auto queue = commandLine_.printer;
+        if (queue.empty()) {
+            const auto list = WaitForPrinters(printers_);
+            if (!list.error.empty()) return Stop(kExitFailed, list.error);
+            const auto chosen = std::ranges::find(list.printers, true, &PrinterEntry::isDefault);
+            if (chosen == list.printers.end()) {
+                return Stop(kExitUsage,
+                            "There is no default printer; name one with --printer or --ppd");
+            }
+            queue = chosen->name;
+        }
+        const auto found =
+            WaitFor<PrinterDescription>([&](auto answer) { printers_.describe(queue, answer); });
+        if (!found.error.empty()) return Stop(kExitFailed, queue + ": " + found.error);
+        const auto outcome = host_.setPrinter({queue, found.ppdPath});
+        return outcome ? kExitDone : Stop(kExitFailed, queue + ": " + outcome.error);
+    }
+
+    ExitCode readTicket() {
+        auto settings = host_.settings();
+        settings.orientation = facts_.orientation;
+        host_.apply(settings);
+        const auto outcome = LoadInputs(commandLine_, host_);
+        return outcome ? kExitDone : Stop(kExitUsage, outcome.error);
+    }
+
+    ExitCode startPane() {
+        const OSStatus status = host_.begin(window_.pane());
+        if (status == fnfErr) {
+            return Stop(kExitFailed,
+                        "KalmoFeatures.plugin does not fit this kalmo-print; install both anew");
+        }
+        if (status != noErr) return kExitFailed;  // the extension has said why
+        if (commandLine_.phase == Phase::open) host_.open();
+        return kExitDone;
+    }
+
+    ExitCode work() {
+        if (prints()) return print();
+        if (host_.sync(kSyncToTicket) != noErr) {
+            return Stop(kExitFailed, "The settings cannot be written into the ticket");
+        }
+        return writeTicket();
+    }
+
+    ExitCode writeTicket() {
+        if (commandLine_.writeTicket.empty()) return kExitDone;
+        const auto written = WriteTicket(commandLine_.writeTicket, host_);
+        return written ? kExitDone : Stop(kExitFailed, written.error);
+    }
+
+    ExitCode print() {
+        QEventLoop loop;
+        JobResult result;
+        const auto job = StartJob(host_, jobRequest(), {.finished = [&](const JobResult& end) {
+                                      result = end;
+                                      loop.quit();
+                                  }});
+        if (!job) return kExitFailed;  // the pane has said why
+        const StopSignals stop([&job] { job->cancel(); });
+        loop.exec();
+        if (result.end == JobResult::End::cancelled) return Stop(kExitCancelled, "Cancelled");
+        if (result.end == JobResult::End::failed) return Stop(kExitFailed, result.message);
+        return writeTicket();
+    }
+
+    [[nodiscard]] JobRequest jobRequest() const {
+        return {.document = document_.path(),
+                .documentOrientation = facts_.orientation,
+                .queue = host_.printer().name,
+                .folder = commandLine_.output};
+    }
+
+    const CommandLine& commandLine_;
+    HiddenWindow window_;
+    PrintJobHost host_;
+    Printers printers_;
+    InputDocument document_;
+    DocumentFacts facts_;
+};
+
+/// A server's words must not steer a terminal.
+std::string Printable(std::string text) {
+    std::ranges::replace_if(
+        text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+    return text;
+}
+
+}  // namespace
+
+ExitCode ListPrinters() {
+    Printers printers;
+    const auto list = WaitForPrinters(printers);
+    if (!list.error.empty()) return Stop(kExitFailed, list.error);
+    if (list.printers.empty()) PrintMessage("The print server has no printers; add one first");
+    for (const auto& entry : list.printers) {
+        std::printf("%c %s\t%s\t%s\n", entry.isDefault ? '*' : ' ', Printable(entry.name).c_str(),
+                    Printable(entry.makeAndModel).c_str(), Printable(entry.info).c_str());
+    }
+    return kExitDone;
+}
+
+ExitCode RunUnattended(const CommandLine& commandLine) {
+    InstallPresence(UnattendedPresence());
+    return Run(commandLine).run();
+}
+
+}  // namespace kalmo
