@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "foundation/property_list.h"
 #include "printing/session.h"
 #include "settings/installable_options.h"
 #include "settings/ppd_access.h"
@@ -77,17 +76,6 @@ private:
 inline std::string TextOf(CFStringRef created) {
     const auto text = Owned<CFStringRef>::Adopt(created);
     return text ? CFStringToUTF8(text) : "(null)";
-}
-
-/// The property list in these lines of XML, released by the caller.
-inline CFPropertyListRef PropertyList(const std::string& xml) {
-    const std::string text =
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + xml + "</plist>\n";
-    const auto data = Owned<CFDataRef>::Adopt(
-        CFDataCreate(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(text.data()),
-                     static_cast<CFIndex>(text.size())));
-    return CFPropertyListCreateFromXMLData(kCFAllocatorDefault, data, kCFPropertyListImmutable,
-                                           nullptr);
 }
 
 }  // namespace kalmo::test

@@ -68,11 +68,12 @@ TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
 }
 
 TEST_F(SettingMenus, HistoryFollowsTheGivenItem) {
-    const auto history = Owned<CFPropertyListRef>::Adopt(
-        test::PropertyList("<dict><key>names</key><array><string>Ann</string><integer>3</integer>"
-                           "<string>Bob</string></array><key>odd</key><string>x</string></dict>"));
-    ASSERT_TRUE(WriteUserPreferences(CFSTR("com.kalmo.print.inputhistory.plist"),
-                                     static_cast<CFDictionaryRef>(history.get())));
+    const auto file = Owned<CFURLRef>::Adopt(CopyUserPreferencesFolder());
+    const std::string folder = test::TextOf(CFURLCopyFileSystemPath(file));
+    test::WriteFile(folder + "/com.kalmo.print.inputhistory.plist",
+                    "<plist version=\"1.0\"><dict><key>names</key><array><string>Ann</string>"
+                    "<integer>3</integer><string>Bob</string></array>"
+                    "<key>odd</key><string>x</string></dict></plist>");
     const auto fill = [&](CFStringRef key) {
         return PopulatePopupButtonFromMapAndHistory(
             bundle, popup.control, JobNameMap, JobContext::job,
