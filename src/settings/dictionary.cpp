@@ -28,6 +28,7 @@ CFMutableDictionaryRef CFDictionaryGetDictionaryOrCreate(CFMutableDictionaryRef 
     if (!dictionary || !key || !CFDictionaryIsMutable(dictionary)) return nullptr;
     const auto stored = ValueOfType<CFDictionaryRef>(CFDictionaryGetValue(dictionary, key),
                                                      CFDictionaryGetTypeID());
+    // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): lends, as Get does
     if (stored && CFDictionaryIsMutable(stored)) return const_cast<CFMutableDictionaryRef>(stored);
     const auto created = Owned<CFMutableDictionaryRef>::Adopt(
         stored ? CFDictionaryCreateMutableCopy(kCFAllocatorDefault, 0, stored)

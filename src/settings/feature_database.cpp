@@ -89,6 +89,8 @@ CFDictionaryRef KDPGetFeature(CFStringRef name) {
     return GetDictionary(GetDictionary(profile, CFSTR("Features")), name);
 }
 
+// These hand over a new array, though their names, which are fixed, say Get.
+// NOLINTBEGIN(clang-analyzer-osx.cocoa.RetainCount)
 CFArrayRef KDPGetFeaturesWithPropertyAndValue(CFStringRef property, CFTypeRef value) {
     return CreateMatches(GetDictionary(profile, CFSTR("Features")), property, value);
 }
@@ -97,18 +99,19 @@ CFArrayRef KDPGetFeaturesWithProperty(CFStringRef property) {
     return KDPGetFeaturesWithPropertyAndValue(property, nullptr);
 }
 
+CFArrayRef KDPGetKeywordsWithPropertyAndValue(CFDictionaryRef feature, CFStringRef property,
+                                              CFTypeRef value) {
+    const CFDictionaryRef keywords = KDPGetFeatureSyntax(feature, CFSTR("Keyword"));
+    return CreateMatches(value ? keywords : nullptr, property, value);
+}
+// NOLINTEND(clang-analyzer-osx.cocoa.RetainCount)
+
 CFDictionaryRef KDPGetFeatureSyntax(CFDictionaryRef feature, CFStringRef form) {
     return GetDictionary(GetDictionary(feature, CFSTR("Syntax")), form);
 }
 
 CFTypeRef KDPGetFeatureProperty(CFDictionaryRef feature, CFStringRef property) {
     return GetProperty(feature, property);
-}
-
-CFArrayRef KDPGetKeywordsWithPropertyAndValue(CFDictionaryRef feature, CFStringRef property,
-                                              CFTypeRef value) {
-    const CFDictionaryRef keywords = KDPGetFeatureSyntax(feature, CFSTR("Keyword"));
-    return CreateMatches(value ? keywords : nullptr, property, value);
 }
 
 Boolean KDPGetFeatureDefaultValue(CFDictionaryRef feature, CFStringRef* form, CFTypeRef* value) {

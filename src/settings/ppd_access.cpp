@@ -68,7 +68,7 @@ void LocalizeInPlace(PPDRef ppd) {
 
 /// The text in the PPD's encoding; empty when it has no form there.
 std::string InEncodingOf(PPDRef ppd, CFStringRef text) {
-    std::array<char, 4 * PPD_MAX_NAME> bytes{};
+    std::array<char, std::size_t{4} * PPD_MAX_NAME> bytes{};
     CFStringGetCString(text, bytes.data(), bytes.size(), PPDGetEncoding(ppd));
     return bytes.data();
 }
