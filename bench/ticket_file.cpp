@@ -58,7 +58,7 @@ void WriteWithLibraryAlone(benchmark::State& state) {
         uint32_t length = 0;
         plist_to_xml(list, &xml, &length);
         benchmark::DoNotOptimize(xml);
-        plist_mem_free(xml);
+        plist_to_xml_free(xml);
     }
     plist_free(list);
 }

@@ -1,0 +1,154 @@
+// Whole files by URL: read with a limit, written under a temporary name; and the Preferences
+// folder.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "foundation/property_list.h"
+#include "foundation/url.h"
+
+namespace {
+
+class Descriptor final {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number_ >= 0) close(number_);
+    }
+    [[nodiscard]] int get() const { return number_; }
+    /// False with errno when what was written could not be kept.
+    bool closeChecked() { return close(std::exchange(number_, -1)) == 0; }
+
+private:
+    int number_;
+};
+
+std::optional<std::string> PathOf(CFURLRef url) {
+    const auto path = Owned<CFStringRef>::Adopt(CFURLCopyFileSystemPath(url));
+    if (!path) return std::nullopt;
+    return CFStringToUTF8(path);
+}
+
+/// errno, or 0 with the bytes.
+int ReadWhole(const std::string& path, std::string& bytes) {
+    // Not blocking: a named pipe must not hold the caller before it is seen to be none of our
+    // files.
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (file.get() < 0) return errno;
+    struct stat status {};
+    if (fstat(file.get(), &status) != 0) return errno;
+    if (S_ISDIR(status.st_mode)) return EISDIR;
+    if (!S_ISREG(status.st_mode)) return EINVAL;
+    char part[65536];
+    ssize_t count = 0;
+    while ((count = read(file.get(), part, sizeof part)) > 0) {
+        bytes.append(part, static_cast<std::size_t>(count));
+        if (bytes.size() > kPropertyListMaximumBytes) return EFBIG;
+    }
+    return count < 0 ? errno : 0;
+}
+
+bool WriteAll(int file, const UInt8* bytes, CFIndex length) {
+    while (length > 0) {
+        const ssize_t count = write(file, bytes, static_cast<std::size_t>(length));
+        if (count < 0 && errno != EINTR) return false;
+        if (count > 0) {
+            bytes += count;
+            length -= count;
+        }
+    }
+    return true;
+}
+
+/// errno, or 0. The file appears whole or not at all.
+int Replace(const std::string& path, CFDataRef data) {
+    std::string temporary = path + ".XXXXXX";
+    Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));  // mode 0600
+    if (file.get() < 0) return errno;
+    const bool written = WriteAll(file.get(), CFDataGetBytePtr(data), CFDataGetLength(data)) &&
+                         fsync(file.get()) == 0 && file.closeChecked() &&
+                         rename(temporary.c_str(), path.c_str()) == 0;
+    if (!written) {
+        const int error = errno;
+        unlink(temporary.c_str());
+        return error;
+    }
+    const Descriptor folder(open(std::filesystem::path(path).parent_path().c_str(),
+                                 O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.get() >= 0) fsync(folder.get());
+    return 0;
+}
+
+Boolean Answer(int error, SInt32* errorCode) {
+    if (errorCode) *errorCode = error;
+    return error == 0;
+}
+
+/// Missing folders of the path, each 0700; an existing one keeps its mode.
+bool MakeFolders(const std::filesystem::path& folder) {
+    std::error_code error;
+    if (std::filesystem::is_directory(folder, error)) return true;
+    if (folder.has_parent_path() && folder != folder.parent_path() &&
+        !MakeFolders(folder.parent_path())) {
+        return false;
+    }
+    return mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST;
+}
+
+}  // namespace
+
+Boolean CFURLCreateDataAndPropertiesFromResource(CFAllocatorRef allocator, CFURLRef url,
+                                                 CFDataRef* data, SInt32* errorCode) {
+    const auto path = PathOf(url);
+    if (!path || !data) return Answer(EINVAL, errorCode);
+    std::string bytes;
+    const int error = ReadWhole(*path, bytes);
+    if (error == 0) {
+        *data = CFDataCreate(allocator, reinterpret_cast<const UInt8*>(bytes.data()),
+                             static_cast<CFIndex>(bytes.size()));
+    }
+    return Answer(error, errorCode);
+}
+
+Boolean CFURLWriteDataAndPropertiesToResource(CFURLRef url, CFDataRef data, SInt32* errorCode) {
+    const auto path = PathOf(url);
+    return Answer(path && data ? Replace(*path, data) : EINVAL, errorCode);
+}
+
+Boolean CFURLResourceExists(CFURLRef url) {
+    const auto path = PathOf(url);
+    return path && access(path->c_str(), F_OK) == 0;
+}
+
+Boolean CFURLMakeFolder(CFURLRef url) {
+    const auto path = PathOf(url);
+    if (!path || !MakeFolders(*path)) return false;
+    std::error_code error;
+    return std::filesystem::is_directory(*path, error);
+}
+
+CFURLRef CopyUserPreferencesFolder() {
+    const char* const configured = std::getenv("XDG_CONFIG_HOME");
+    const char* const home = std::getenv("HOME");
+    std::filesystem::path folder;
+    if (configured && configured[0] == '/') {
+        folder = configured;
+    } else if (home && home[0] == '/') {
+        folder = std::filesystem::path(home) / ".config";
+    } else {
+        return nullptr;
+    }
+    const auto path =
+        Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8((folder / "kalmo-print").string()));
+    auto url =
+        Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, true));
+    return CFURLMakeFolder(url) ? url.detach() : nullptr;
+}
