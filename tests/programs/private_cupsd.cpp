@@ -1,0 +1,259 @@
+#include "programs/private_cupsd.h"
+
+#include <grp.h>
+#include <pwd.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+#include "support/private_home.h"
+
+namespace kalmo::test {
+namespace {
+
+using std::filesystem::path;
+using std::filesystem::perms;
+using namespace std::chrono_literals;
+
+constexpr char kFiles[] = R"(ServerRoot @/etc
+ServerBin @/bin
+DataDir /usr/share/cups
+DocumentRoot /usr/share/cups/doc-root
+CacheDir @/cache
+StateDir @/run
+RequestRoot @/spool
+TempDir @/spool/tmp
+ServerKeychain @/etc/ssl
+AccessLog @/log/access_log
+ErrorLog @/log/error_log
+PageLog @/log/page_log
+LogFilePerm 0640
+FileDevice Yes
+Sandboxing relaxed
+FatalErrors config
+)";
+
+constexpr char kServer[] = R"(Listen @/run/cups.sock
+Browsing No
+WebInterface No
+DefaultAuthType None
+LogLevel debug
+MaxLogSize 0
+ErrorPolicy abort-job
+<Location />
+  Order deny,allow
+  Allow all
+</Location>
+<Policy default>
+  JobPrivateAccess default
+  JobPrivateValues default
+  SubscriptionPrivateAccess default
+  SubscriptionPrivateValues default
+  <Limit All>
+    Order deny,allow
+    Allow all
+  </Limit>
+</Policy>
+)";
+
+struct Accounts {
+    std::string user, group, systemGroup, logGroup;
+};
+
+/// As root the server gives its filters to lp; another user can only use its own account.
+Accounts ServerAccounts() {
+    if (geteuid() == 0) return {"lp", "lp", "root", "lp"};
+    const std::string group = getgrgid(getegid())->gr_name;
+    return {getpwuid(geteuid())->pw_name, group, group, group};
+}
+
+std::string Replaced(std::string text, const std::string& what, const std::string& with) {
+    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size()) {
+        text.replace(at, what.size(), with);
+    }
+    return text;
+}
+
+void LinkFolder(const path& from, const path& to) {
+    for (const auto& entry : std::filesystem::directory_iterator(from)) {
+        std::filesystem::create_symlink(entry.path(), to / entry.path().filename());
+    }
+}
+
+/// Asks the server; null when there is no answer.
+using IppAnswer = std::unique_ptr<ipp_t, decltype(&ippDelete)>;
+IppAnswer AskAboutJob(int job, const std::string& user) {
+    ipp_t* request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
+    const std::string uri = "ipp://localhost/jobs/" + std::to_string(job);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri.c_str());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+                 user.c_str());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+                 "all");
+    return {cupsDoRequest(CUPS_HTTP_DEFAULT, request, "/"), ippDelete};
+}
+
+std::string Text(ipp_attribute_t* attribute) {
+    std::string text(ippAttributeString(attribute, nullptr, 0), '\0');
+    ippAttributeString(attribute, text.data(), text.size() + 1);
+    return text;
+}
+
+cups_option_t* AsOptions(const JobOptions& options, int* count) {
+    cups_option_t* list = nullptr;
+    for (const auto& [name, value] : options) {
+        *count = cupsAddOption(name.c_str(), value.c_str(), *count, &list);
+    }
+    return list;
+}
+
+bool SendDocument(const std::string& queue, int job, const path& document) {
+    if (cupsStartDocument(CUPS_HTTP_DEFAULT, queue.c_str(), job, "document.pdf", CUPS_FORMAT_PDF,
+                          1) != HTTP_STATUS_CONTINUE) {
+        return false;
+    }
+    const std::string bytes = ReadFile(document);
+    cupsWriteRequestData(CUPS_HTTP_DEFAULT, bytes.data(), bytes.size());
+    return cupsFinishDocument(CUPS_HTTP_DEFAULT, queue.c_str()) <= IPP_STATUS_OK_CONFLICTING;
+}
+
+}  // namespace
+
+PrivateCupsd::PrivateCupsd(const std::map<std::string, std::string>& filterEnvironment) {
+    // Not in the private home: the filters' account must reach it.
+    std::string pattern = std::filesystem::temp_directory_path() / "kalmo-cupsd-XXXXXX";
+    root_ = mkdtemp(pattern.data());
+    makeFolders();
+    writeConfiguration(filterEnvironment);
+    handOverTo(ServerAccounts().group);
+    server_ = std::make_unique<Program>(ProgramCall{
+        .program = "/usr/sbin/cupsd",
+        .arguments = {"-f", "-c", root_ / "etc/cupsd.conf", "-s", root_ / "etc/cups-files.conf"}});
+    const std::string socket = root_ / "run/cups.sock";
+    setenv("CUPS_SERVER", socket.c_str(), 1);
+    cupsSetServer(socket.c_str());
+}
+
+PrivateCupsd::~PrivateCupsd() {
+    server_.reset();
+    unsetenv("CUPS_SERVER");
+    std::error_code ignored;
+    std::filesystem::remove_all(root_, ignored);
+}
+
+void PrivateCupsd::makeFolders() {
+    for (const char* folder : {"etc/ssl", "etc/ppd", "spool/tmp", "cache", "run/certs", "log",
+                               "out", "bin/filter", "bin/backend", "bin/driver"}) {
+        std::filesystem::create_directories(root_ / folder);
+    }
+    for (const char* folder : {"cgi-bin", "daemon", "monitor", "notifier"}) {
+        std::filesystem::create_symlink(path("/usr/lib/cups") / folder, root_ / "bin" / folder);
+    }
+    LinkFolder("/usr/lib/cups/filter", root_ / "bin/filter");
+    LinkFolder("/usr/lib/cups/backend", root_ / "bin/backend");
+}
+
+void PrivateCupsd::writeConfiguration(const std::map<std::string, std::string>& environment) {
+    const Accounts accounts = ServerAccounts();
+    std::string files = kFiles;
+    files += "User " + accounts.user + "\nGroup " + accounts.group + "\nSystemGroup " +
+             accounts.systemGroup + "\nLogFileGroup " + accounts.logGroup + "\n";
+    for (const auto& [name, value] : environment) {
+        files += "SetEnv " + name + " " + Replaced(value, "%OUT%", outFolder()) + "\n";
+    }
+    WriteFile(root_ / "etc/cups-files.conf", Replaced(files, "@", root_));
+    WriteFile(root_ / "etc/cupsd.conf", Replaced(kServer, "@", root_));
+}
+
+void PrivateCupsd::handOverTo(const std::string& group) {
+    std::filesystem::permissions(root_, perms(0755));
+    if (geteuid() != 0) return;
+    const gid_t id = getgrnam(group.c_str())->gr_gid;
+    if (lchown(root_.c_str(), -1, id) != 0) return;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root_)) {
+        if (lchown(entry.path().c_str(), -1, id) != 0) return;
+    }
+    std::filesystem::permissions(outFolder(), perms(01777));
+    std::filesystem::permissions(root_ / "spool/tmp", perms(01770));
+}
+
+std::string PrivateCupsd::problem() {
+    const auto end = std::chrono::steady_clock::now() + 20s;
+    while (std::chrono::steady_clock::now() < end && server_->running()) {
+        const std::string socket = root_ / "run/cups.sock";
+        if (http_t* http = httpConnect2(socket.c_str(), 0, nullptr, AF_UNSPEC,
+                                        HTTP_ENCRYPTION_IF_REQUESTED, 1, 1000, nullptr)) {
+            httpClose(http);
+            return {};
+        }
+        std::this_thread::sleep_for(20ms);
+    }
+    return "cupsd does not answer: " + log();
+}
+
+std::string PrivateCupsd::log() const {
+    std::string all;
+    for (const char* name : {"error_log", "access_log", "page_log"}) {
+        all += ReadFile(root_ / "log" / name);
+    }
+    return all;
+}
+
+void PrivateCupsd::installFilter(const std::string& name, const path& program) {
+    const path filter = root_ / "bin/filter" / name;
+    std::filesystem::remove(filter);
+    std::filesystem::copy_file(program, filter);
+    std::filesystem::permissions(filter, perms(0755));
+}
+
+void PrivateCupsd::installFilterScript(const std::string& name, const std::string& script) {
+    const path file = MakeFolder("filter") / name;
+    WriteFile(file, Replaced(script, "%OUT%", outFolder()));
+    installFilter(name, file);
+}
+
+ProgramEnd PrivateCupsd::addQueue(const std::string& queue, const path& ppd) {
+    const std::string device = "file:" + (outFolder() / (queue + ".prn")).string();
+    return RunProgram({.program = "/usr/sbin/lpadmin",
+                       .arguments = {"-p", queue, "-v", device, "-P", ppd, "-E"}});
+}
+
+int PrivateCupsd::submit(const std::string& queue, const path& document, const JobOptions& options,
+                         const std::string& user) {
+    cupsSetUser(user.c_str());
+    int count = 0;
+    cups_option_t* list = AsOptions(options, &count);
+    const int job = cupsCreateJob(CUPS_HTTP_DEFAULT, queue.c_str(), "A test", count, list);
+    cupsFreeOptions(count, list);
+    if (job != 0 && SendDocument(queue, job, document)) return job;
+    return 0;
+}
+
+FinishedJob PrivateCupsd::finished(int job) {
+    FinishedJob result{.id = job};
+    const auto end = std::chrono::steady_clock::now() + 30s;
+    while (result.state < IPP_JSTATE_STOPPED && std::chrono::steady_clock::now() < end) {
+        const IppAnswer answer = AskAboutJob(job, "alice");
+        auto* state = ippFindAttribute(answer.get(), "job-state", IPP_TAG_ENUM);
+        auto* message = ippFindAttribute(answer.get(), "job-printer-state-message", IPP_TAG_TEXT);
+        if (state) result.state = static_cast<ipp_jstate_t>(ippGetInteger(state, 0));
+        if (message) result.message = ippGetString(message, 0, nullptr);
+        std::this_thread::sleep_for(20ms);
+    }
+    return result;
+}
+
+std::string PrivateCupsd::attributes(int job, const std::string& user) {
+    const IppAnswer answer = AskAboutJob(job, user);
+    std::string lines;
+    for (auto* attribute = ippFirstAttribute(answer.get()); attribute;
+         attribute = ippNextAttribute(answer.get())) {
+        if (!ippGetName(attribute)) continue;
+        lines += std::string(ippGetName(attribute)) + "=" + Text(attribute) + "\n";
+    }
+    return lines;
+}
+
+}  // namespace kalmo::test

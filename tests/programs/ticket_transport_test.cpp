@@ -1,0 +1,163 @@
+// From the submitted job to the printer's filter, through a real CUPS server and its filters.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iostream>
+#include <thread>
+
+#include "job_ticket/attachment.h"
+#include "programs/private_cupsd.h"
+#include "support/pdf_documents.h"
+#include "support/private_home.h"
+
+namespace kalmo::test {
+namespace {
+
+using std::filesystem::path;
+using namespace std::chrono_literals;
+
+constexpr char kPasscode[] = "9274610358";
+
+std::string NastiestTicket() {
+    std::string ticket =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<plist version=\"1.0\"><dict>"
+        "<key>{x}</key><string>{hello \"quoted\" 'it' \\ a\r\nb &lt;\xF0\x9F\x96\xA8&gt;</string>"
+        "<key>int64</key><integer>9007199254740993</integer><key>no</key><false/>"
+        "<key>passcode</key><string>";
+    ticket += kPasscode;
+    ticket += "</string><key>recipients</key><array>";
+    for (int i = 0; i < 1000; ++i) {
+        ticket += "<dict><key>name</key><string>J\xC3\xBCrgen " + std::to_string(i) +
+                  "</string><key>fax</key><string>+49 (0) 30 #" + std::to_string(i) +
+                  "*</string></dict>\n";
+    }
+    return ticket + "</array></dict></plist>\n";
+}
+
+/// The command line of every process that runs now.
+std::string AllCommandLines() {
+    std::string all;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+        if (std::isdigit(entry.path().filename().string()[0])) {
+            all += ReadFile(entry.path() / "cmdline") + '\n';
+        }
+    }
+    return all;
+}
+
+bool Contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+// Stands in front of the filter: keeps its options and holds the job while out/hold is there.
+constexpr char kRecorder[] = R"sh(#!/bin/sh
+printf '%s' "$5" > %OUT%/options
+: > %OUT%/started
+while [ -e %OUT%/hold ]; do sleep 0.02; done
+exec "$(dirname "$0")/kalmoticket-program" "$@"
+)sh";
+
+class TicketTransport : public testing::Test {
+protected:
+    void SetUp() override {
+        server.installFilter("kalmoticket-program", BuiltProgram("kalmoticket"));
+        server.installFilterScript("kalmoticket", kRecorder);
+        ASSERT_EQ(server.problem(), "");
+        const ProgramEnd added =
+            server.addQueue("kalmo", path(KALMO_SOURCE_DIR) / "printers/kalmo-office-color.ppd");
+        ASSERT_EQ(added.exitCode, 0) << added.errors << server.log();
+        WriteFile(plain, MakePdf({"one", "two", "three", "four"}));
+        const auto attached = job_ticket::AttachTicket(plain, ticket, sent);
+        ASSERT_TRUE(attached) << attached.error;
+    }
+
+    [[nodiscard]] JobOptions withDigest(JobOptions options) const {
+        options[job_ticket::kDigestOption] = job_ticket::TicketDigest(ticket);
+        return options;
+    }
+    [[nodiscard]] bool arrives(const path& file) const {
+        for (int i = 0; i < 1000 && !exists(file); ++i) std::this_thread::sleep_for(20ms);
+        return exists(file);
+    }
+
+    PrivateCupsd server{{{"KALMO_TICKET_FILE", "%OUT%/ticket"}}};
+    const path out = server.outFolder();
+    const path printed = out / "kalmo.prn";
+    const path plain = MakeFolder("documents") / "plain.pdf";
+    const path sent = plain.parent_path() / "sent.pdf";
+    const std::string ticket = NastiestTicket();
+};
+
+TEST_F(TicketTransport, TicketArrivesExactAndNobodyElseReadsThePasscode) {
+    std::ofstream(out / "hold").close();
+    const int job = server.submit("kalmo", sent, withDigest({{"number-up", "2"}}));
+    ASSERT_NE(job, 0) << cupsLastErrorString();
+    ASSERT_TRUE(arrives(out / "started")) << server.log();
+    const std::string commands = AllCommandLines();
+    EXPECT_TRUE(Contains(commands, job_ticket::TicketDigest(ticket))) << "the filter is not seen";
+    remove(out / "hold");
+
+    const FinishedJob finished = server.finished(job);
+    ASSERT_EQ(finished.state, IPP_JSTATE_COMPLETED) << finished.message << server.log();
+    EXPECT_TRUE(ReadFile(out / "ticket") == ticket);
+    EXPECT_FALSE(Contains(ReadFile(printed), kPasscode));
+    const ProgramEnd info = RunProgram({.program = "/usr/bin/pdfinfo", .arguments = {printed}});
+    EXPECT_TRUE(Contains(info.output, "Pages:           2")) << info.output << info.errors;
+
+    const std::string told = server.attributes(job, "bob");
+    EXPECT_TRUE(Contains(told, "com.kalmo.print.ticket=sha256-")) << told;
+    const std::string log = server.log();
+    EXPECT_TRUE(Contains(log, "argv[5]=")) << "the log is not at level debug";
+    for (const std::string& text : {commands, told, log, ReadFile(out / "options")}) {
+        EXPECT_FALSE(Contains(text, kPasscode));
+    }
+    std::cout << "ticket of " << ticket.size() << " bytes, number-up=2 through pdftopdf: "
+              << "recovered exactly, 4 pages on 2 sheets\n"
+              << "passcode searched in " << commands.size() << " bytes of command lines, "
+              << told.size() << " bytes told to bob, " << log.size() << " bytes of log: absent\n";
+}
+
+TEST_F(TicketTransport, OnlyAJobWithItsOwnTicketIsPrinted) {
+    const path changed = plain.parent_path() / "changed.pdf";
+    ASSERT_TRUE(job_ticket::AttachTicket(plain, ticket + " ", changed));
+    const std::tuple<const char*, path, JobOptions, ipp_jstate_t> rows[] = {
+        {"attachment missing", plain, withDigest({}), IPP_JSTATE_STOPPED},
+        {"attachment changed", changed, withDigest({}), IPP_JSTATE_STOPPED},
+        {"foreign attachment, no option", changed, {}, IPP_JSTATE_COMPLETED},
+        {"banner page before", sent, withDigest({{"job-sheets", "standard,none"}}),
+         IPP_JSTATE_COMPLETED},
+    };
+    for (const auto& [why, document, options, state] : rows) {
+        SCOPED_TRACE(why);
+        remove(printed);
+        const FinishedJob finished = server.finished(server.submit("kalmo", document, options));
+        EXPECT_EQ(finished.state, state) << finished.message << server.log();
+        EXPECT_FALSE(Contains(finished.message + server.log(), kPasscode));
+        EXPECT_EQ(Contains(ReadFile(printed), "%PDF-"), state == IPP_JSTATE_COMPLETED);
+        EXPECT_EQ(exists(out / "ticket"), options.contains("job-sheets"));
+        std::cout << why << ": job state " << ippEnumString("job-state", finished.state) << ", "
+                  << finished.message << '\n';
+    }
+}
+
+TEST_F(TicketTransport, PpdChoicesReachTheFilter) {
+    const JobOptions choices = {{"StapleLocation", "SinglePortrait"},
+                                {"KLOutputOption", "True"},
+                                {"JCLTrueGrayGraphics", "False"},
+                                {"PageSize", "Custom.300x500"}};
+    const int job = server.submit("kalmo", sent, withDigest(choices));
+    ASSERT_EQ(server.finished(job).state, IPP_JSTATE_COMPLETED) << server.log();
+    cups_option_t* options = nullptr;
+    const int count = cupsParseOptions(ReadFile(out / "options").c_str(), 0, &options);
+    for (const auto& [keyword, choice] : choices) {
+        const char* arrived = cupsGetOption(keyword.c_str(), count, options);
+        ASSERT_NE(arrived, nullptr) << keyword;
+        EXPECT_STRCASEEQ(arrived, choice.c_str()) << keyword;
+        std::cout << keyword << '=' << arrived << ' ';
+    }
+    std::cout << "reached the filter\n";
+    cupsFreeOptions(count, options);
+}
+
+}  // namespace
+}  // namespace kalmo::test
