@@ -8,6 +8,9 @@
 
 namespace toolbox {
 
+inline constexpr int kReferenceRole = Qt::UserRole + 1;
+inline constexpr int kCommandRole = Qt::UserRole + 2;
+
 class Menu final : public QStandardItemModel {
     Q_OBJECT
 

@@ -52,7 +52,10 @@ void AnchorLayout::anchor(QWidget& pane) {
     const QMargins distances(std::max(0, place.left()), std::max(0, place.top()),
                              std::max(0, room.right() - place.right()),
                              std::max(0, room.bottom() - place.bottom()));
-    panes_.push_back({std::make_unique<QWidgetItem>(&pane), distances, place.size()});
+    const bool hasSize =
+        parentWidget()->isVisible() || parentWidget()->testAttribute(Qt::WA_Resized);
+    panes_.push_back(
+        {std::make_unique<QWidgetItem>(&pane), hasSize ? distances : QMargins(), place.size()});
     invalidate();
 }
 
@@ -129,9 +132,11 @@ void SectionColumn::append(QWidget& row, const QRect& place) {
     insertWidget(count() - 1, &row);
     drawnBottom_ = place.top() + place.height();
     if (const auto* grid = qobject_cast<QGridLayout*>(row.layout())) {
+        drawnLabelWidth_ = std::max(drawnLabelWidth_, grid->columnMinimumWidth(0));
         for (int line = 0; line < grid->rowCount(); ++line) {
             if (QLabel* const label = FrontLabel(*grid, line)) {
-                label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);  // left, right to left
+                // Right means left where writing runs from right to left.
+                label->setAlignment(Qt::AlignRight | (label->alignment() & Qt::AlignVertical_Mask));
             }
         }
     }
@@ -165,7 +170,7 @@ void SectionColumn::setGeometry(const QRect& rect) {
 void SectionColumn::lineUpLabels() const {
     if (linedUp_) return;
     linedUp_ = true;
-    int widest = 0;
+    int widest = drawnLabelWidth_;
     ForEachGrid(*this, [&widest](const QGridLayout& grid, QWidget&) {
         widest = std::max(widest, WidestFrontLabel(grid));
     });

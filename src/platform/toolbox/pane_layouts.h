@@ -21,7 +21,7 @@ public:
     ~AnchorLayout() override;
 
     /// From its present place in the parent's present size; an edge that it passes counts as
-    /// reached.
+    /// reached. A parent that has not got a size yet is filled.
     void anchor(QWidget& pane);
 
     void addItem(QLayoutItem* item) override;
@@ -45,7 +45,7 @@ private:
 };
 
 /// Rows over the whole width, from the top, each as high as it wants; the labels at their front
-/// share one width and end at one line.
+/// share one width, no less than any row was drawn with, and end at one line.
 class SectionColumn final : public QVBoxLayout {
 public:
     explicit SectionColumn(QWidget* pane);
@@ -63,6 +63,7 @@ private:
     void lineUpLabels() const;
 
     int drawnBottom_ = 0;
+    int drawnLabelWidth_ = 0;
     mutable bool linedUp_ = false;
 };
 

@@ -9,7 +9,7 @@ class UserPane final : public QWidget {
     Q_OBJECT
 
 public:
-    using QWidget::QWidget;
+    explicit UserPane(QWidget* parent = nullptr);
 };
 
 }  // namespace toolbox
