@@ -1,0 +1,168 @@
+// Property lists: every type comes back as it was; what is no list is refused before it can do
+// harm.
+#include <gtest/gtest.h>
+
+#include "foundation/property_list.h"
+
+namespace {
+
+Owned<CFDataRef> Data(const std::string& bytes) {
+    return Owned<CFDataRef>::Adopt(CFDataCreate(
+        nullptr, reinterpret_cast<const UInt8*>(bytes.data()), static_cast<CFIndex>(bytes.size())));
+}
+
+std::string Bytes(CFDataRef data) {
+    return {reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
+            static_cast<std::size_t>(CFDataGetLength(data))};
+}
+
+Owned<CFPropertyListRef> Read(const std::string& xml, std::string* reason = nullptr,
+                              CFPropertyListMutability mutability = kCFPropertyListImmutable) {
+    Owned<CFStringRef> error;
+    auto list = Owned<CFPropertyListRef>::Adopt(
+        CFPropertyListCreateFromXMLData(nullptr, Data(xml), mutability, error.adopt()));
+    if (reason) *reason = CFStringToUTF8(error);
+    return list;
+}
+
+std::string Plist(const std::string& body) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//X//DTD\" "
+           "\"x\">\n"
+           "<plist version=\"1.0\">\n" +
+           body + "\n</plist>\n";
+}
+
+CFTypeRef AddNumber(CFMutableDictionaryRef dictionary, CFStringRef key, CFNumberType type,
+                    const void* value) {
+    const auto number = Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, type, value));
+    CFDictionarySetValue(dictionary, key, number.get());
+    return number.get();
+}
+
+TEST(PropertyLists, BringEveryTypeBackAsItWas) {
+    const auto list = Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(nullptr, 0));
+    const SInt64 integers[] = {0, 1, -1, INT64_MAX, INT64_MIN};
+    const double reals[] = {0.1, 1.0 / 3, 1e300, 5e-324, 280.627441, 1e22, -2.5};
+    for (const SInt64& value : integers) {
+        const auto key = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(std::to_string(value)));
+        AddNumber(list, key, kCFNumberSInt64Type, &value);
+    }
+    int count = 0;
+    for (const double& value : reals) {
+        const auto key =
+            Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8("real" + std::to_string(count++)));
+        AddNumber(list, key, kCFNumberFloat64Type, &value);
+    }
+    const char* const strings[] = {"", " ", "a\r\nb\rc\td", "<&>\"'", "😀\u2028", "{x}", "ä", "]]>"};
+    for (const char* text : strings) {
+        const auto string = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(text));
+        CFDictionarySetValue(list, string, string.get());
+    }
+    CFDictionarySetValue(list, CFSTR("true"), kCFBooleanTrue);
+    CFDictionarySetValue(list, CFSTR("false"), kCFBooleanFalse);
+    CFDictionarySetValue(list, CFSTR("data"), Data(std::string("\0\xFF\x10", 3)).get());
+    CFDictionarySetValue(list, CFSTR("date"),
+                         Owned<CFDateRef>::Adopt(CFDateCreate(nullptr, 785'000'000)).get());
+    CFDictionarySetValue(
+        list, CFSTR("array"),
+        Owned<CFArrayRef>::Adopt(CFArrayCreate(nullptr, nullptr, 0, &kCFTypeArrayCallBacks)).get());
+
+    const auto xml = Owned<CFDataRef>::Adopt(CFPropertyListCreateXMLData(nullptr, list));
+    ASSERT_TRUE(xml);
+    const auto back = Read(Bytes(xml));
+    ASSERT_TRUE(back);
+    EXPECT_TRUE(CFEqual(list, back));
+    const auto dictionary = static_cast<CFDictionaryRef>(back.get());
+    EXPECT_TRUE(CFNumberIsFloatType(
+        static_cast<CFNumberRef>(CFDictionaryGetValue(dictionary, CFSTR("real0")))));
+    EXPECT_FALSE(CFNumberIsFloatType(
+        static_cast<CFNumberRef>(CFDictionaryGetValue(dictionary, CFSTR("1")))));
+    EXPECT_EQ(CFGetTypeID(CFDictionaryGetValue(dictionary, CFSTR("true"))), CFBooleanGetTypeID());
+    // Written again, the bytes are the same.
+    EXPECT_EQ(Bytes(Owned<CFDataRef>::Adopt(CFPropertyListCreateXMLData(nullptr, back))),
+              Bytes(xml));
+    EXPECT_NE(Bytes(xml).find("&#13;"), std::string::npos)
+        << "other readers would turn a bare carriage return into a line feed";
+}
+
+TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
+    const auto nested = [](int depth) {
+        std::string text;
+        for (int i = 0; i < depth; ++i) text += "<array>";
+        for (int i = 0; i < depth; ++i) text += "</array>";
+        return text;
+    };
+    const std::string whole = Plist("<dict><key>a</key><string>text</string></dict>");
+    const struct {
+        const char* why;
+        std::string xml;
+        const char* reason;
+    } rows[] = {
+        {"empty", "", "no XML property list"},
+        {"other text", "hello", "no XML property list"},
+        {"another XML", "<html></html>", "no XML property list"},
+        {"unknown element", Plist("<foo/>"), "no well-formed XML property list"},
+        {"unknown entity", Plist("<string>&bomb;</string>"), "no well-formed XML property list"},
+        {"513 levels", Plist(nested(513)), "nested more than 512 levels deep"},
+        {"a million levels", Plist(nested(1'000'000)), "nested more than 512 levels deep"},
+        {"entity declarations", "<!DOCTYPE plist [<!ENTITY a \"b\">]>" + whole,
+         "declarations inside the document type are not accepted"},
+        {"NUL byte", whole + std::string(1, '\0'), "not XML text in UTF-8"},
+        {"over 64 MiB", Plist("<string>" + std::string(65u << 20, 'a') + "</string>"),
+         "larger than 64 MiB"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.why);
+        std::string reason;
+        EXPECT_FALSE(Read(row.xml, &reason));
+        EXPECT_EQ(reason, row.reason);
+    }
+    EXPECT_TRUE(Read(Plist(nested(512))));
+    const std::size_t end = whole.find("</plist>");
+    for (std::size_t cut = 0; cut < end + 8; ++cut) {
+        EXPECT_FALSE(Read(whole.substr(0, cut))) << "cut at " << cut;
+    }
+}
+
+TEST(PropertyLists, WriteNothingThatCannotBeReadAgain) {
+    const auto control =
+        Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(std::string_view("a\x01\0b", 4)));
+    const auto xml = Owned<CFDataRef>::Adopt(CFPropertyListCreateXMLData(nullptr, control));
+    const auto back = Read(Bytes(xml));
+    EXPECT_EQ(CFStringToUTF8(static_cast<CFStringRef>(back.get())), "a\uFFFD\uFFFDb");
+
+    Owned<CFTypeRef> deep = Owned<CFTypeRef>::Retain(CFSTR("leaf"));
+    for (int i = 0; i < 513; ++i) {
+        const void* element = deep.get();
+        deep = Owned<CFTypeRef>::Adopt(CFArrayCreate(nullptr, &element, 1, &kCFTypeArrayCallBacks));
+    }
+    EXPECT_EQ(CFPropertyListCreateXMLData(nullptr, deep), nullptr);
+    int address = 0;
+    const void* element = &address;
+    const auto bare = Owned<CFArrayRef>::Adopt(CFArrayCreate(nullptr, &element, 1, nullptr));
+    EXPECT_EQ(CFPropertyListCreateXMLData(nullptr, bare), nullptr);
+}
+
+TEST(PropertyLists, AreMutableAsFarAsAskedFor) {
+    const std::string xml = Plist("<dict><key>d</key><dict/><key>s</key><string>x</string></dict>");
+    for (const auto& [mutability, containers] :
+         {std::pair{kCFPropertyListImmutable, false},
+          {kCFPropertyListMutableContainers, true},
+          {kCFPropertyListMutableContainersAndLeaves, true}}) {
+        const auto list = Read(xml, nullptr, mutability);
+        const auto inner = static_cast<CFDictionaryRef>(
+            CFDictionaryGetValue(static_cast<CFDictionaryRef>(list.get()), CFSTR("d")));
+        EXPECT_EQ(CFDictionaryIsMutable(inner), containers);
+        const auto text = static_cast<CFMutableStringRef>(const_cast<void*>(
+            CFDictionaryGetValue(static_cast<CFDictionaryRef>(list.get()), CFSTR("s"))));
+        CFStringAppend(text, CFSTR("y"));
+        EXPECT_EQ(CFStringGetLength(text),
+                  mutability == kCFPropertyListMutableContainersAndLeaves ? 2 : 1);
+        const auto copy = Owned<CFPropertyListRef>::Adopt(
+            CFPropertyListCreateDeepCopy(nullptr, list, kCFPropertyListImmutable));
+        EXPECT_TRUE(CFEqual(copy, list));
+        EXPECT_FALSE(CFDictionaryIsMutable(static_cast<CFDictionaryRef>(copy.get())));
+    }
+}
+
+}  // namespace

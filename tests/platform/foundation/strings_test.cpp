@@ -1,0 +1,134 @@
+// Strings: encodings, formats from untrusted tables, searching.
+#include <gtest/gtest.h>
+
+#include "foundation/collections.h"
+#include "foundation/locale.h"
+#include "foundation/number.h"
+#include "foundation/string.h"
+#include "foundation/strings_table.h"
+
+namespace {
+
+Owned<CFStringRef> String(std::string_view text) {
+    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(text));
+}
+
+TEST(Strings, AreReadStrictlyInTheirEncoding) {
+    const struct {
+        const char* why;
+        const char* bytes;
+        CFStringEncoding encoding;
+        const char* utf8;  // null: refused
+    } rows[] = {
+        {"UTF-8", "\xC3\xA4\xF0\x9F\x98\x80", kCFStringEncodingUTF8, "ä😀"},
+        {"invalid UTF-8", "a\xFF", kCFStringEncodingUTF8, nullptr},
+        {"Latin 1", "\xE4", kCFStringEncodingISOLatin1, "ä"},
+        {"Latin 2", "\xB3", kCFStringEncodingISOLatin2, "ł"},
+        {"Latin 5", "\xFE", kCFStringEncodingISOLatin5, "ş"},
+        {"Mac Roman", "\x8A", kCFStringEncodingMacRoman, "ä"},
+        {"Shift-JIS", "\x93\xFA\x96\x7B", kCFStringEncodingShiftJIS, "日本"},
+        {"half a Shift-JIS character", "\x93", kCFStringEncodingShiftJIS, nullptr},
+        {"no ASCII", "\xE4", kCFStringEncodingASCII, nullptr},
+        {"unknown encoding", "a", 0x7777, nullptr},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.why);
+        const auto string =
+            Owned<CFStringRef>::Adopt(CFStringCreateWithCString(nullptr, row.bytes, row.encoding));
+        ASSERT_EQ(string.get() != nullptr, row.utf8 != nullptr);
+        if (!row.utf8) continue;
+        EXPECT_EQ(CFStringToUTF8(string), row.utf8);
+        char back[16];
+        EXPECT_TRUE(CFStringGetCString(string, back, sizeof back, row.encoding));
+        EXPECT_STREQ(back, row.bytes);
+        EXPECT_FALSE(CFStringGetCString(
+            string, back, static_cast<CFIndex>(std::string(row.bytes).size()), row.encoding))
+            << "no room for the end";
+    }
+    const UniChar lone[] = {u'a', 0xD800, u'b'};
+    EXPECT_EQ(
+        CFStringToUTF8(Owned<CFStringRef>::Adopt(CFStringCreateWithCharacters(nullptr, lone, 3))),
+        "a\uFFFDb");
+}
+
+TEST(Strings, FillFormatsWithoutTrustingThem) {
+    const SInt32 four = 4;
+    const SInt64 large = SInt64{1} << 40;
+    const auto number =
+        Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, kCFNumberSInt32Type, &four));
+    const auto wide =
+        Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, kCFNumberSInt64Type, &large));
+    const struct {
+        const char* format;
+        const char* text;
+    } rows[] = {
+        {"%d to %ld of %@, 100 %%", "4 to 1099511627776 of name, 100 %"},
+        {"%3$@: %2$ld-%1$d", "name: 1099511627776-4"},
+        {"%s%n%x %", "%s%n%x %"},
+        {"%d %ld %@ %@ %d", "4 1099511627776 name %@ %d"},
+        {"%@", "4"},
+        {"%0$@ %99999999999999999999$@ %$@", "%0$@ %99999999999999999999$@ %$@"},
+        {"%3$d", "%3$d"},
+        {"%2$d", "2147483647"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(CFStringToUTF8(Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
+                      nullptr, String(row.format), number.get(), wide.get(), CFSTR("name")))),
+                  row.text);
+    }
+}
+
+TEST(Strings, AreFoundTrimmedAndComparedWithoutCase) {
+    CFRange found{};
+    const auto text = String("Kalmo kalmo KALMO");
+    EXPECT_TRUE(CFStringFindWithOptions(text, CFSTR("kalmo"), {0, 17}, 0, &found));
+    EXPECT_EQ(found.location, 6);
+    EXPECT_TRUE(CFStringFindWithOptions(text, CFSTR("kalmo"), {0, 17},
+                                        kCFCompareCaseInsensitive | kCFCompareBackwards, &found));
+    EXPECT_EQ(found.location, 12);
+    EXPECT_FALSE(
+        CFStringFindWithOptions(text, CFSTR("kalmo"), {0, 17}, kCFCompareAnchored, &found));
+    EXPECT_FALSE(CFStringFindWithOptions(text, CFSTR("kalmo"), {13, 400}, 1, &found));
+    EXPECT_FALSE(CFStringFindWithOptions(text, CFSTR(""), {0, 17}, 0, &found));
+    EXPECT_EQ(CFStringCompare(CFSTR("STRASSE"), String("straße"), kCFCompareCaseInsensitive),
+              kCFCompareEqualTo);
+    const auto name = Owned<CFMutableStringRef>::Adopt(
+        CFStringCreateMutableCopy(nullptr, 0, CFSTR("Kalmo Kalmo C7030 Kalmo ")));
+    CFStringTrim(name, CFSTR("Kalmo "));
+    EXPECT_EQ(CFStringToUTF8(name), "C7030 ");
+}
+
+TEST(StringsTables, ReadWhatIsRightAndNameWhatIsWrong) {
+    const StringsTable table = ReadStringsTable(
+        "/* comment \"x\" = \"y\"; */\n"
+        "\"a\" = \"1 \\\"quoted\\\" \\U00e4\\n\"; // tail\n"
+        "\"a\" = \"again\";\n"
+        "broken = \"x\";\n"
+        "\"b\" \"no sign\";\n"
+        "\"c\" = \"2\";\n"
+        "\"open");
+    EXPECT_EQ(table.texts.size(), 2u);
+    EXPECT_EQ(table.texts.at("a"), "1 \"quoted\" ä\n");
+    EXPECT_EQ(table.texts.at("c"), "2");
+    ASSERT_GE(table.faults.size(), 4u);
+    EXPECT_EQ(table.faults[0], "line 3: the key \"a\" stands here again");
+    EXPECT_TRUE(table.faults[1].starts_with("line 4:"));
+    EXPECT_EQ(ReadStringsTable(std::string_view("\xFF\xFE\"\0k\0\"\0=\0\"\0v\0\"\0;\0", 18))
+                  .texts.at("k"),
+              "v");
+    EXPECT_FALSE(ReadStringsTable("\"k\" = \"\xE4\";").faults.empty());
+}
+
+TEST(LocaleNumbers, FollowTheUsersLocale) {
+    setenv("LC_ALL", "de_DE.UTF-8", 1);
+    EXPECT_EQ(CFStringToUTF8(Owned<CFStringRef>::Adopt(CFLocaleCopyDecimalSeparator())), ",");
+    EXPECT_EQ(
+        CFStringToUTF8(Owned<CFStringRef>::Adopt(CFLocaleCreateStringFromNumber(1234.5, 2, 2))),
+        "1234,50");
+    EXPECT_EQ(CFLocaleNumberFromString(CFSTR("12,5")), 12.5);
+    EXPECT_EQ(CFLocaleNumberFromString(CFSTR("12,5 mm")), std::nullopt);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    EXPECT_EQ(CFLocaleNumberFromString(CFSTR("12.5")), 12.5);
+}
+
+}  // namespace
