@@ -42,10 +42,11 @@ protected:
     path rewritten(const std::function<void(QPDF&, QPDFWriter&)>& change) {
         QPDF pdf;
         pdf.processFile(document.c_str());
-        QPDFWriter writer(pdf, (folder / "changed.pdf").c_str());
+        const path output = folder / "changed.pdf";  // the writer keeps a pointer to the name
+        QPDFWriter writer(pdf, output.c_str());
         change(pdf, writer);
         writer.write();
-        return folder / "changed.pdf";
+        return output;
     }
 
     const path folder = MakeFolder("attachment");

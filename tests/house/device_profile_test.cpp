@@ -1,0 +1,132 @@
+// The pane's device profile and the sample printers tell the same story.
+#include <cups/ppd.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+
+#include "foundation/property_list.h"
+#include "house/resource_files.h"
+
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace kalmo::test {
+namespace {
+
+const std::filesystem::path kPrinters = std::filesystem::path(KALMO_SOURCE_DIR) / "printers";
+
+struct ChoiceSet {
+    std::set<std::string> choices;
+    std::string standard;
+    bool operator==(const ChoiceSet&) const = default;
+};
+using Printer = std::map<std::string, ChoiceSet>;
+
+struct PPDCloser {
+    void operator()(ppd_file_t* ppd) const { ppdClose(ppd); }
+};
+using OwnedPPD = std::unique_ptr<ppd_file_t, PPDCloser>;
+
+OwnedPPD SamplePrinter(const std::string& name) {
+    return OwnedPPD(ppdOpenFile((kPrinters / name).c_str()));
+}
+
+template <typename Visit>
+void ForEachOption(ppd_file_t* ppd, Visit visit) {
+    for (int group = 0; group < ppd->num_groups; ++group) {
+        for (int i = 0; i < ppd->groups[group].num_options; ++i) {
+            visit(ppd->groups[group].options[i]);
+        }
+    }
+}
+
+Printer ReadPrinter(ppd_file_t* ppd) {
+    Printer printer;
+    ForEachOption(ppd, [&printer](const ppd_option_t& option) {
+        ChoiceSet& set = printer[option.keyword];
+        set.standard = option.defchoice;
+        for (int i = 0; i < option.num_choices; ++i) {
+            // libcups adds the custom size as a choice of its own.
+            const std::string choice = option.choices[i].choice;
+            if (choice != "Custom") set.choices.insert(choice);
+        }
+    });
+    return printer;
+}
+
+CFDictionaryRef Part(CFDictionaryRef dictionary, CFStringRef key) {
+    return static_cast<CFDictionaryRef>(CFDictionaryGetValue(dictionary, key));
+}
+
+template <typename Visit>
+void ForEachEntry(CFDictionaryRef dictionary, Visit visit) {
+    std::vector<CFTypeRef> keys(CFDictionaryGetCount(dictionary));
+    std::vector<CFTypeRef> values(keys.size());
+    CFDictionaryGetKeysAndValues(dictionary, keys.data(), values.data());
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        visit(CFStringToUTF8(static_cast<CFStringRef>(keys[i])),
+              static_cast<CFDictionaryRef>(values[i]));
+    }
+}
+
+Printer ReadProfile() {
+    const std::string bytes = ReadFile(kResources / "Device Profile.plist");
+    const auto data = Owned<CFDataRef>::Adopt(
+        CFDataCreate(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(bytes.data()),
+                     static_cast<CFIndex>(bytes.size())));
+    const auto list = Owned<CFPropertyListRef>::Adopt(CFPropertyListCreateFromXMLData(
+        kCFAllocatorDefault, data, kCFPropertyListImmutable, nullptr));
+    Printer printer;
+    const auto features = Part(static_cast<CFDictionaryRef>(list.get()), CFSTR("Features"));
+    ForEachEntry(features, [&printer](const std::string& name, CFDictionaryRef feature) {
+        ChoiceSet& set = printer[name];
+        const auto keywords = Part(Part(feature, CFSTR("Syntax")), CFSTR("Keyword"));
+        ForEachEntry(keywords, [&set](const std::string& choice, CFDictionaryRef keyword) {
+            set.choices.insert(choice);
+            if (CFDictionaryGetValue(keyword, CFSTR("Default")) == kCFBooleanTrue) {
+                set.standard += choice;
+            }
+        });
+    });
+    return printer;
+}
+
+TEST(DeviceProfile, DescribesEveryOptionOfTheSamplePrinter) {
+    const OwnedPPD ppd = SamplePrinter("kalmo-office-color.ppd");
+    ASSERT_TRUE(ppd);
+    const Printer printer = ReadPrinter(ppd.get());
+    const Printer profile = ReadProfile();
+    EXPECT_GT(printer.size(), 30u);
+    for (const auto& [keyword, set] : printer) {
+        ASSERT_TRUE(profile.contains(keyword)) << keyword;
+        EXPECT_EQ(profile.at(keyword).standard, set.standard) << keyword;
+        EXPECT_EQ(profile.at(keyword).choices, set.choices) << keyword;
+    }
+    EXPECT_EQ(profile.size(), printer.size());
+}
+
+TEST(SamplePrinters, StartWithoutConflictsAndSpeakGerman) {
+    for (const char* name : {"kalmo-office-color.ppd", "kalmo-office-mono.ppd"}) {
+        SCOPED_TRACE(name);
+        const OwnedPPD ppd = SamplePrinter(name);
+        ASSERT_TRUE(ppd);
+        EXPECT_STREQ(ppd->manufacturer, "Kalmo");
+        ppdMarkDefaults(ppd.get());
+        EXPECT_EQ(ppdConflicts(ppd.get()), 0);
+        ppdMarkOption(ppd.get(), "MediaType", "Transparency");
+        EXPECT_GT(ppdMarkOption(ppd.get(), "StapleLocation", "SinglePortrait"), 0);
+        // libcups itself keeps the texts of one language only.
+        const std::string text = ReadFile(kPrinters / name);
+        ForEachOption(ppd.get(), [&text](const ppd_option_t& option) {
+            for (int i = 0; i < option.num_choices; ++i) {
+                const std::string choice = option.choices[i].choice;
+                if (choice == "Custom") continue;
+                const std::string line = std::string("*de.") + option.keyword + " " + choice + "/";
+                EXPECT_NE(text.find(line), std::string::npos) << line;
+            }
+        });
+    }
+}
+
+}  // namespace
+}  // namespace kalmo::test
