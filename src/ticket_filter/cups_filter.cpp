@@ -108,7 +108,7 @@ Result Filter(const FilterCall& call) {
 }  // namespace
 }  // namespace kalmo
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     if (argc != 6 && argc != 7) {
         std::fputs("ERROR: Usage: kalmoticket job user title copies options [file]\n", stderr);
         return 1;
@@ -118,4 +118,7 @@ int main(int argc, char** argv) {
     const auto result = kalmo::Filter({argv[5], argc == 7 ? argv[6] : ""});
     if (!result) std::fprintf(stderr, "ERROR: Not printed. %s\n", result.error.c_str());
     return result ? 0 : 1;
+} catch (const std::exception&) {
+    std::fputs("ERROR: Not printed. The server lacks memory or threads.\n", stderr);
+    return 1;
 }

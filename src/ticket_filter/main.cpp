@@ -1,5 +1,6 @@
 // kalmo-ticket: takes the ticket out of a submitted document, for filters and for people.
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <iostream>
 
 #include "job_ticket/attachment.h"
@@ -48,7 +49,7 @@ int TakeOut(const CommandLine& line) {
 }  // namespace
 }  // namespace kalmo
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     CLI::App app{"Takes the ticket out of a document that kalmo-print submitted."};
     kalmo::CommandLine line;
     kalmo::Describe(app, &line);
@@ -58,4 +59,7 @@ int main(int argc, char** argv) {
         return app.exit(error) == 0 ? kalmo::kDone : kalmo::kUsage;
     }
     return kalmo::TakeOut(line);
+} catch (const std::exception& problem) {
+    std::fprintf(stderr, "kalmo-ticket: %s\n", problem.what());
+    return kalmo::kRefused;
 }
