@@ -1,0 +1,182 @@
+#include "printing/ppd_papers.h"
+
+#include <cups/ppd.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <span>
+
+#include "foundation/bundle.h"
+#include "printing/ppd_source.h"
+
+// libcups' PPD calls are marked as deprecated since PPD files are to go; printers still bring them.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace {
+
+struct ClosePPD {
+    void operator()(ppd_file_t* ppd) const { ppdClose(ppd); }
+};
+using PPDFile = std::unique_ptr<ppd_file_t, ClosePPD>;
+
+/// Longer sheets are a fault of the file: 200 inches, the longest page of a PDF.
+constexpr double kLongestSide = 14400;
+
+std::string WhyRefused() {
+    int line = 0;
+    const ppd_status_t status = ppdLastError(&line);
+    return "line " + std::to_string(line) + ": " + ppdErrorString(status);
+}
+
+/// libcups reads from descriptors only: the text goes through a file in memory.
+PPDFile ParsePPD(const std::string& text, std::string* reason) {
+    const int memory = memfd_create("ppd", MFD_CLOEXEC);
+    const auto size = static_cast<ssize_t>(text.size());
+    if (memory < 0 || write(memory, text.data(), text.size()) != size ||
+        lseek(memory, 0, SEEK_SET) != 0) {
+        if (memory >= 0) close(memory);
+        if (reason) *reason = "there is not enough memory to read it";
+        return nullptr;
+    }
+    PPDFile ppd(ppdOpenFd(memory));  // closes the descriptor
+    if (!ppd && reason) *reason = WhyRefused();
+    return ppd;
+}
+
+/// Texts in the language that comes first in the user's order and is in the file.
+class Texts final {
+public:
+    Texts(ppd_file_t* ppd, std::size_t languages) : ppd_(ppd), languages_(languages) {}
+
+    [[nodiscard]] std::string ofOption(const ppd_option_t& option) const {
+        return translation("Translation", option.keyword, option.text);
+    }
+    [[nodiscard]] std::string ofChoice(const char* option, const ppd_choice_t& choice) const {
+        return translation(option, choice.choice, choice.text);
+    }
+
+private:
+    [[nodiscard]] std::string translation(const std::string& keyword, const char* name,
+                                          const char* original) const {
+        for (std::size_t i = 0; i < languages_; ++i) {
+            const std::string marked = static_cast<char>('a' + i) + ("." + keyword);
+            const ppd_attr_t* found = ppdFindAttr(ppd_, marked.c_str(), name);
+            if (found && *found->text) return found->text;
+        }
+        return *original ? original : name;
+    }
+
+    ppd_file_t* ppd_;
+    std::size_t languages_;
+};
+
+std::span<ppd_choice_t> ChoicesOf(const ppd_option_t& option) {
+    return {option.choices, static_cast<std::size_t>(option.num_choices)};
+}
+
+/// "Custom" stands for values that are typed, not for a choice.
+bool IsTyped(ppd_file_t* ppd, const ppd_option_t& option, const ppd_choice_t& choice) {
+    return std::string_view(choice.choice) == "Custom" && ppdFindCustomOption(ppd, option.keyword);
+}
+
+bool IsLength(double value) { return std::isfinite(value) && value > 0 && value <= kLongestSide; }
+
+/// An area that is empty or outside the sheet is taken for the whole sheet.
+void SetImageableArea(PPDPaper* paper, const ppd_size_t& size) {
+    const auto within = [](double value, double most) {
+        return std::isfinite(value) ? std::clamp(value, 0.0, most) : -1.0;
+    };
+    paper->left = within(size.left, paper->width);
+    paper->right = within(size.right, paper->width);
+    paper->bottom = within(size.bottom, paper->height);
+    paper->top = within(size.top, paper->height);
+    if (paper->left >= 0 && paper->bottom >= 0 && paper->left < paper->right &&
+        paper->bottom < paper->top) {
+        return;
+    }
+    paper->left = paper->bottom = 0;
+    paper->right = paper->width;
+    paper->top = paper->height;
+}
+
+/// Every choice of the option that has a size.
+std::vector<PPDPaper> PapersOf(ppd_file_t* ppd, const ppd_option_t& pageSize, const Texts& texts) {
+    std::vector<PPDPaper> papers;
+    for (const ppd_choice_t& choice : ChoicesOf(pageSize)) {
+        if (IsTyped(ppd, pageSize, choice)) continue;
+        const ppd_size_t* size = ppdPageSize(ppd, choice.choice);
+        if (!size || !IsLength(size->width) || !IsLength(size->length)) continue;
+        PPDPaper paper{.keyword = choice.choice,
+                       .text = texts.ofChoice(pageSize.keyword, choice),
+                       .width = size->width,
+                       .height = size->length};
+        SetImageableArea(&paper, *size);
+        papers.push_back(std::move(paper));
+    }
+    return papers;
+}
+
+std::string DefaultPaper(const ppd_option_t& pageSize, const std::vector<PPDPaper>& papers) {
+    const std::string named = pageSize.defchoice;
+    if (papers.empty() || std::ranges::find(papers, named, &PPDPaper::keyword) != papers.end()) {
+        return papers.empty() ? "" : named;
+    }
+    return papers.front().keyword;
+}
+
+PPDOptionTexts DescribeOption(ppd_file_t* ppd, const ppd_option_t& option, const Texts& texts) {
+    PPDOptionTexts described{.keyword = option.keyword,
+                             .text = texts.ofOption(option),
+                             .defaultChoice = option.defchoice};
+    for (const ppd_choice_t& choice : ChoicesOf(option)) {
+        if (IsTyped(ppd, option, choice)) continue;
+        described.choices.push_back({choice.choice, texts.ofChoice(option.keyword, choice)});
+    }
+    return described;
+}
+
+void DescribeGroup(ppd_file_t* ppd, const ppd_group_t& group, const Texts& texts,
+                   PPDDescription* description) {
+    for (const ppd_option_t& option :
+         std::span(group.options, static_cast<std::size_t>(group.num_options))) {
+        if (std::string_view(option.keyword) == "PageSize") {
+            description->papers = PapersOf(ppd, option, texts);
+            description->defaultPaper = DefaultPaper(option, description->papers);
+        } else {
+            description->options.push_back(DescribeOption(ppd, option, texts));
+        }
+    }
+    for (const ppd_group_t& inner :
+         std::span(group.subgroups, static_cast<std::size_t>(group.num_subgroups))) {
+        DescribeGroup(ppd, inner, texts, description);
+    }
+}
+
+std::string FirstText(std::initializer_list<const char*> texts) {
+    const auto text = std::ranges::find_if(texts, [](const char* t) { return t && *t; });
+    return text == texts.end() ? "" : *text;
+}
+
+}  // namespace
+
+std::optional<PPDDescription> ReadPPDDescription(const std::string& path, std::string* reason) {
+    const auto text = ReadPPDText(path, reason);
+    if (!text) return std::nullopt;
+    const std::vector<std::string> languages = PreferredLanguages();
+    const PPDFile ppd = ParsePPD(MarkTranslations(*text, languages), reason);
+    if (!ppd) return std::nullopt;
+
+    PPDDescription description;
+    description.manufacturer = FirstText({ppd->manufacturer});
+    description.makeAndModel = FirstText({ppd->nickname, ppd->shortnickname, ppd->modelname});
+    description.customSizes = ppd->variable_sizes != 0;
+    const Texts texts(ppd.get(), std::min(languages.size(), kPPDMaximumLanguages));
+    for (const ppd_group_t& group :
+         std::span(ppd->groups, static_cast<std::size_t>(ppd->num_groups))) {
+        DescribeGroup(ppd.get(), group, texts, &description);
+    }
+    return description;
+}
