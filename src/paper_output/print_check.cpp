@@ -20,8 +20,8 @@ void AskForPasscode() {
     const auto least = Number(kPasscodeMinimumLength), most = Number(kPasscodeMaximumLength);
     const CFTypeRef lengths[] = {least, most};
     ShowNoticeWithKeys(GetPDEBundle(),
-                       {.header = CFSTR("Invalid Secure Print Passcode Header"),
-                        .message = CFSTR("Invalid Secure Print Passcode Message")},
+                       NoticeKeys{.header = CFSTR("Invalid Secure Print Passcode Header"),
+                                  .message = CFSTR("Invalid Secure Print Passcode Message")},
                        lengths, 2);
 }
 

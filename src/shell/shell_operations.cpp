@@ -72,7 +72,7 @@ void JoinDialog(PDEShellContext& shell, ControlRef parent, PMPrintSession sessio
     const WindowRef window = GetControlOwner(parent);
     GetWindowDefaultButton(window, &shell.defaultButton);
     GetWindowCancelButton(window, &shell.cancelButton);
-    SetControlProperty(shell.defaultButton, 'KPDE', 'MBND', sizeof shell.bundle, &shell.bundle);
+    SetControlProperty(shell.defaultButton, 'KPDE', 'MBND', sizeof(CFBundleRef), &shell.bundle);
     RegisterMyHelpBook(shell);
     InstallDialogHandlers(shell);
 }
