@@ -9,10 +9,9 @@ namespace toolbox {
 
 class TabOrder final {
 public:
-    /// Of `branch` and everything in it.
+    /// What Tab visits in `branch`, and `branch` itself.
     explicit TabOrder(QWidget& branch);
-    /// Puts those that stand in the window of `parent` now, in that order, behind everything else
-    /// in `parent`.
+    /// Puts them, in that order, behind everything else that Tab visits in `parent`.
     void restoreIn(QWidget& parent) const;
 
 private:
