@@ -39,6 +39,7 @@ void AddOptions(CLI::App& app, CommandLine& into) {
         ->option_text("initialize|open");
     app.add_option("--panels", into.panels, "Further panels: special-pages, job-notes")
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->check(CheckPanel)
         ->option_text("LIST");
     app.add_flag("--print-first-frame", into.printFirstFrame,

@@ -1,0 +1,47 @@
+// A host with a printer, and the hidden window its pane stands in.
+#pragma once
+
+#include <QPushButton>
+#include <QWidget>
+#include <memory>
+
+#include "print_dialog/print_job_host.h"
+#include "support/printer_files.h"
+#include "toolbox/host.h"
+
+namespace kalmo::test {
+
+struct HostedPane {
+    explicit HostedPane(std::vector<std::string> panels = {}) : host(std::move(panels)) {
+        SetWindowDefaultButton(WindowFromWidget(&window), ControlFromWidget(printButton));
+        SetWindowCancelButton(WindowFromWidget(&window), ControlFromWidget(cancelButton));
+        loaded = host.load().error;
+    }
+    std::string choose(const std::filesystem::path& ppd) {
+        return host.setPrinter({ppd.stem().string(), ppd.string()}).error;
+    }
+    OSStatus begin() { return host.begin(ControlFromWidget(pane)); }
+    /// With the sample color printer, up to Initialize.
+    OSStatus beginOnSample() {
+        choose(SamplePPD("kalmo-office-color"));
+        return begin();
+    }
+
+    QWidget window;
+    QWidget* pane = new QWidget(&window);
+    QPushButton* printButton = new QPushButton(&window);
+    QPushButton* cancelButton = new QPushButton(&window);
+    PrintJobHost host;
+    std::string loaded;
+};
+
+/// A ticket file with these entries (XML) in its three dictionaries.
+inline std::string TicketFile(const std::string& printSettings, const std::string& ppdChoices = {},
+                              const std::string& pageFormat = {}) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
+           "<key>PrintSettings</key><dict>" +
+           printSettings + "</dict><key>PPDChoices</key><dict>" + ppdChoices +
+           "</dict><key>PageFormat</key><dict>" + pageFormat + "</dict></dict></plist>\n";
+}
+
+}  // namespace kalmo::test

@@ -1,0 +1,170 @@
+#include "print_dialog/job.h"
+
+#include <gtest/gtest.h>
+
+#include <QEventLoop>
+#include <map>
+#include <optional>
+
+#include "job_ticket/attachment.h"
+#include "print_dialog/hosted_pane.h"
+#include "printing/ticket.h"
+#include "support/dead_servers.h"
+#include "support/pdf_documents.h"
+#include "support/private_home.h"
+#include "toolbox/events.h"
+
+namespace kalmo {
+namespace {
+
+using test::HostedPane;
+using test::TicketFile;
+
+OSStatus Refuse(EventHandlerCallRef, EventRef event, void* count) {
+    if (GetEventCommand(event) != 'ok  ') return eventNotHandledErr;
+    ++*static_cast<int*>(count);
+    return kKalmoKeepDialogOpen;
+}
+
+class JobTest : public testing::Test {
+protected:
+    JobTest() { test::WriteFile(document_, test::MakePdf({"One"})); }
+
+    JobOrder order(const JobRequest& request = {}) {
+        JobOrder order;
+        const auto outcome = MakeJobOrder(pane_.host, request, &order);
+        EXPECT_TRUE(outcome) << outcome.error;
+        return order;
+    }
+    static std::map<std::string, std::string> options(const JobOrder& order) {
+        return {order.options.begin(), order.options.end()};
+    }
+    JobResult run(const JobRequest& request, bool cancel = false) {
+        QEventLoop loop;
+        std::optional<JobResult> result;
+        const auto job = StartJob(pane_.host, request, {.finished = [&](const JobResult& end) {
+                                      result = end;
+                                      loop.quit();
+                                  }});
+        EXPECT_TRUE(job);
+        EXPECT_FALSE(result) << "the end comes later";
+        if (cancel) job->cancel();
+        loop.exec();
+        return *result;
+    }
+
+    std::filesystem::path document_ = test::MakeFolder("in") / "report.pdf";
+    std::filesystem::path folder_ = test::MakeFolder("out");
+    HostedPane pane_;
+};
+
+TEST_F(JobTest, ARefusedJobWritesNothing) {
+    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    int asked = 0;
+    const EventTypeSpec command = {kEventClassCommand, kEventCommandProcess};
+    InstallControlEventHandler(ControlFromWidget(pane_.printButton), Refuse, 1, &command, &asked,
+                               nullptr);
+    const auto before = pane_.host.ticketFile();
+    EXPECT_FALSE(StartJob(pane_.host, {.document = document_, .folder = folder_},
+                          {.finished = [](const JobResult&) { FAIL(); }}));
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(pane_.host.ticketFile(), before) << "no Sync towards the ticket either";
+    EXPECT_TRUE(std::filesystem::is_empty(folder_));
+}
+
+TEST_F(JobTest, TheTicketInTheDocumentIsTheOneOfTheMoment) {
+    pane_.host.setJobName("report.pdf");
+    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    const auto first = run({.document = document_, .folder = folder_});
+    const auto second = run({.document = document_, .folder = folder_});
+    ASSERT_EQ(second.end, JobResult::End::printed) << second.message;
+    const auto ticket = test::ReadFile(second.ticket);
+    EXPECT_NE(ticket, test::ReadFile(first.ticket)) << "each job has a nonce of its own";
+    EXPECT_NE(ticket.find(job_ticket::kNonceKey), std::string::npos);
+    EXPECT_NE(ticket.find("Quillon"), std::string::npos) << "synced before";
+    EXPECT_EQ(pane_.host.ticketFile().find(job_ticket::kNonceKey), std::string::npos);
+    job_ticket::TakenOut taken;
+    ASSERT_TRUE(job_ticket::TakeTicketOut(second.document, job_ticket::TicketDigest(ticket),
+                                          folder_ / "clean.pdf", &taken));
+    EXPECT_EQ(taken.ticket, ticket);
+}
+
+TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
+    pane_.choose(test::SamplePPD("kalmo-office-color"));
+    ASSERT_TRUE(pane_.host.readTicket(
+        TicketFile("<key>com.kalmo.print.JobType</key><dict><key>SecurePrintPassword</key>"
+                   "<string>24680</string></dict>",
+                   "<key>KLEconomode</key><string>Draft</string><key>copies</key>"
+                   "<string>99</string><key>raw</key><string>true</string>")));
+    ASSERT_EQ(pane_.begin(), noErr);
+    auto settings = pane_.host.settings();
+    settings.copies = 3;
+    settings.collate = false;
+    settings.pages = {{1, 3}, {5, 5}};
+    settings.paper = "A3";
+    settings.pagesPerSheet = 4;
+    settings.orientation = Orientation::landscape;
+    pane_.host.apply(settings);
+    const auto made = order({.queue = "office"});
+    auto sent = options(made);
+    EXPECT_EQ(sent["KLEconomode"], "Draft");
+    EXPECT_EQ(sent["PageSize"], "A3");
+    EXPECT_EQ(sent["copies"], "3") << "not the ticket's word: it is no option of the printer";
+    EXPECT_EQ(sent["multiple-document-handling"], "separate-documents-uncollated-copies");
+    EXPECT_EQ(sent["page-ranges"], "1-3,5");
+    EXPECT_EQ(sent["number-up"], "4");
+    EXPECT_EQ(sent["orientation-requested"], "4");
+    EXPECT_FALSE(sent.contains("raw"));
+    EXPECT_EQ(sent[job_ticket::kDigestOption], job_ticket::TicketDigest(made.ticket));
+    EXPECT_TRUE(made.secret);
+    for (const auto& [name, value] : made.options) {
+        EXPECT_EQ(value.find("24680"), std::string::npos) << name;
+    }
+}
+
+TEST_F(JobTest, PlainJobsSayLittle) {
+    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    auto settings = pane_.host.settings();
+    settings.orientation = Orientation::landscape;
+    pane_.host.apply(settings);
+    const auto made = order({.documentOrientation = Orientation::landscape, .queue = "office"});
+    auto sent = options(made);
+    for (const char* absent : {"copies", "multiple-document-handling", "page-ranges", "number-up",
+                               "orientation-requested", "media"}) {
+        EXPECT_FALSE(sent.contains(absent)) << absent;
+    }
+    EXPECT_FALSE(made.secret);
+}
+
+TEST_F(JobTest, AnotherMakersPrinterGetsNoTicket) {
+    pane_.choose(test::WritePPD("Other"));
+    testing::internal::CaptureStderr();
+    EXPECT_NE(pane_.begin(), noErr);
+    testing::internal::GetCapturedStderr();
+    auto settings = pane_.host.settings();
+    settings.paper = "A4";
+    pane_.host.apply(settings);
+    const auto made = order({.queue = "office"});
+    EXPECT_TRUE(made.ticket.empty());
+    EXPECT_EQ(options(made), (std::map<std::string, std::string>{{"PageSize", "A4"}}));
+    EXPECT_EQ(run({.document = document_, .folder = folder_}).end, JobResult::End::printed);
+}
+
+TEST_F(JobTest, DeadServersEndInALine) {
+    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    for (const auto silence : test::kSilences) {
+        SCOPED_TRACE(test::Describe(silence));
+        std::optional<test::DeadServer> server(std::in_place, silence);
+        setenv("CUPS_SERVER", server->name().c_str(), 1);
+        const bool waits = silence == test::Silence::silent;  // fifteen seconds: cancelled instead
+        const auto result = run({.document = document_, .queue = "office"}, waits);
+        EXPECT_EQ(result.end, waits ? JobResult::End::cancelled : JobResult::End::failed);
+        EXPECT_EQ(result.message.find("does not answer") == std::string::npos, waits);
+        server.reset();
+        EXPECT_TRUE(WaitForDeliveries(5000)) << "the worker comes to its end";
+    }
+    unsetenv("CUPS_SERVER");
+}
+
+}  // namespace
+}  // namespace kalmo
