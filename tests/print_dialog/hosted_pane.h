@@ -7,6 +7,7 @@
 
 #include "print_dialog/print_job_host.h"
 #include "support/printer_files.h"
+#include "support/ticket_files.h"
 #include "toolbox/host.h"
 
 namespace kalmo::test {
@@ -34,14 +35,5 @@ struct HostedPane {
     PrintJobHost host;
     std::string loaded;
 };
-
-/// A ticket file with these entries (XML) in its three dictionaries.
-inline std::string TicketFile(const std::string& printSettings, const std::string& ppdChoices = {},
-                              const std::string& pageFormat = {}) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
-           "<key>PrintSettings</key><dict>" +
-           printSettings + "</dict><key>PPDChoices</key><dict>" + ppdChoices +
-           "</dict><key>PageFormat</key><dict>" + pageFormat + "</dict></dict></plist>\n";
-}
 
 }  // namespace kalmo::test

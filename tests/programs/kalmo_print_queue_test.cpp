@@ -1,0 +1,131 @@
+// kalmo-print and its workers against a real CUPS server.
+#include <gtest/gtest.h>
+
+#include "print_dialog/job_delivery.h"
+#include "print_dialog/printer_requests.h"
+#include "programs/private_cupsd.h"
+#include "support/pdf_documents.h"
+#include "support/printer_files.h"
+#include "support/private_home.h"
+#include "support/ticket_files.h"
+
+namespace kalmo::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kPasscode[] = "8264019375";
+
+bool Contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+int JobsOnTheServer() {
+    cups_job_t* jobs = nullptr;
+    const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
+    cupsFreeJobs(count, jobs);
+    return count;
+}
+
+/// Newest first, as the server counts them.
+int NewestJob() {
+    cups_job_t* jobs = nullptr;
+    const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
+    int newest = 0;
+    for (int i = 0; i < count; ++i) newest = std::max(newest, jobs[i].id);
+    cupsFreeJobs(count, jobs);
+    return newest;
+}
+
+class KalmoPrintQueueTest : public testing::Test {
+protected:
+    void SetUp() override {
+        server_.installFilter("kalmoticket", BuiltProgram("kalmoticket"));
+        ASSERT_EQ(server_.problem(), "");
+        ASSERT_EQ(server_.addQueue("kalmo", SamplePPD("kalmo-office-color")).exitCode, 0);
+        ASSERT_EQ(server_.addQueue("other", WritePPD("Other")).exitCode, 0);
+        WriteFile(document_, MakePdf({"One", "Two"}));
+    }
+    ProgramEnd run(std::vector<std::string> arguments) {
+        return RunProgram({.program = BuiltProgram("kalmo-print"),
+                           .arguments = std::move(arguments),
+                           .environment = {{"TMPDIR", temporary_}}});
+    }
+
+    PrivateCupsd server_{{{"KALMO_TICKET_FILE", "%OUT%/ticket"}}};
+    fs::path document_ = MakeFolder("documents") / "report.pdf";
+    fs::path temporary_ = MakeFolder("tmp");
+};
+
+TEST_F(KalmoPrintQueueTest, TheTicketArrivesAtTheFilterAndNobodyElseReadsThePasscode) {
+    const auto ticket = document_.parent_path() / "in.plist";
+    WriteFile(ticket, TicketFile("<key>com.kalmo.print.JobType</key><dict><key>JobType</key>"
+                                 "<integer>6</integer><key>SecurePrintPassword</key><string>" +
+                                     std::string(kPasscode) + "</string></dict>",
+                                 "<key>KLEconomode</key><string>Draft</string>"));
+    const auto written = document_.parent_path() / "out.plist";
+    const auto end = run({"--no-dialog", "-d", "kalmo", "--ticket", ticket, "--write-ticket",
+                          written, "--title", "Secret report", document_});
+    ASSERT_EQ(end.exitCode, 0) << end.errors;
+    const int job = NewestJob();
+    ASSERT_EQ(server_.finished(job).state, IPP_JSTATE_COMPLETED) << server_.log();
+    const WrittenTicket arrived(ReadFile(server_.outFolder() / "ticket"));
+    const auto* type = arrived.value("PrintSettings", "com.kalmo.print.JobType");
+    EXPECT_TRUE(CFEqual(
+        type, WrittenTicket(ReadFile(written)).value("PrintSettings", "com.kalmo.print.JobType")));
+    EXPECT_EQ(arrived.text("PPDChoices", "KLEconomode"), "Draft");
+    const auto told = server_.attributes(job, "bob");
+    EXPECT_TRUE(Contains(told, "KLEconomode=Draft")) << told;
+    EXPECT_TRUE(Contains(told, "com.kalmo.print.ticket=sha256-")) << told;
+    EXPECT_FALSE(Contains(told + server_.log() + end.output + end.errors, kPasscode));
+    EXPECT_TRUE(fs::is_empty(temporary_));
+}
+
+TEST_F(KalmoPrintQueueTest, QueuesAreListedAndUnknownOnesRefused) {
+    setenv("PRINTER", "other", 1);
+    const auto listed = run({"--list-printers"});
+    unsetenv("PRINTER");
+    EXPECT_EQ(listed.exitCode, 0) << listed.errors;
+    EXPECT_TRUE(Contains(listed.output, "  kalmo\tKalmo Tolvane C7030\t")) << listed.output;
+    EXPECT_TRUE(Contains(listed.output, "* other\t")) << listed.output;
+
+    const auto unknown = run({"--no-dialog", "-d", "nosuch", document_});
+    EXPECT_EQ(unknown.exitCode, 1);
+    EXPECT_TRUE(Contains(unknown.errors, "nosuch")) << unknown.errors;
+    const auto refused = run({"--no-dialog", "-d", "other", document_});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_EQ(refused.errors, "Initialize()::GetTicketFromSession() failed.\n");
+    EXPECT_EQ(JobsOnTheServer(), 0);
+}
+
+TEST_F(KalmoPrintQueueTest, APPDFileIsCopiedForTheUserAlone) {
+    const auto description = FetchPrinterDescription("kalmo");
+    ASSERT_EQ(description.error, "");
+    EXPECT_EQ(description.makeAndModel, "Kalmo Tolvane C7030");
+    const fs::path copy = description.ppdPath;
+    EXPECT_EQ(fs::status(copy).permissions(), fs::perms(0600));
+    EXPECT_EQ(fs::status(copy.parent_path()).permissions(), fs::perms(0700));
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(copy))) << "never the server's own file";
+    EXPECT_TRUE(Contains(ReadFile(copy), "*Manufacturer: \"Kalmo\""));
+}
+
+TEST_F(KalmoPrintQueueTest, CancelledWhileSendingItLeavesNoJob) {
+    std::string large = ReadFile(document_);
+    large.insert(large.find("\n") + 1, "%" + std::string(40 << 20, 'x') + "\n");
+    WriteFile(document_, large);
+    for (const int atPercent : {0, 50}) {
+        SCOPED_TRACE(atPercent);
+        DeliveryState state;
+        const auto result =
+            DeliverToQueue({.document = document_, .title = "report", .queue = "kalmo"},
+                           {state, [&](JobStage stage, int percent) {
+                                if (stage == JobStage::sending && percent >= atPercent)
+                                    state.cancel();
+                            }});
+        EXPECT_EQ(result.end, JobResult::End::cancelled) << result.message;
+        EXPECT_EQ(JobsOnTheServer(), 0);
+    }
+}
+
+}  // namespace
+}  // namespace kalmo::test

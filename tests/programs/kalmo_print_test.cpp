@@ -1,0 +1,258 @@
+// kalmo-print without a window, as a script runs it: no display, no session bus, no print server.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+
+#include "support/dead_servers.h"
+#include "support/pdf_documents.h"
+#include "support/printer_files.h"
+#include "support/private_home.h"
+#include "support/programs.h"
+#include "support/ticket_files.h"
+
+namespace kalmo::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Arguments = std::vector<std::string>;
+
+constexpr char kSettings[] = "PrintSettings";
+constexpr char kChoices[] = "PPDChoices";
+
+bool IsOneLine(const std::string& text) {
+    return text.size() > 1 && std::ranges::count(text, '\n') == 1 && text.back() == '\n';
+}
+
+class KalmoPrintTest : public testing::Test {
+protected:
+    KalmoPrintTest() { WriteFile(document_, MakePdf({"One", "Two"})); }
+
+    ProgramEnd run(Arguments arguments, std::map<std::string, std::string> environment = {},
+                   const fs::path& input = "/dev/null") {
+        environment.insert({{"QT_QPA_PLATFORM", ""}, {"HOME", ""}, {"TMPDIR", temporary_}});
+        return RunProgram({.program = BuiltProgram("kalmo-print"),
+                           .arguments = std::move(arguments),
+                           .environment = std::move(environment),
+                           .input = input});
+    }
+    ProgramEnd runOnSample(Arguments arguments) {
+        const Arguments sample = {"--no-dialog", "--ppd", SamplePPD("kalmo-office-color")};
+        arguments.insert(arguments.begin(), sample.begin(), sample.end());
+        return run(arguments);
+    }
+    fs::path ticketWith(const std::string& settings, const std::string& choices = {}) {
+        WriteFile(ticket_, TicketFile(settings, choices));
+        return ticket_;
+    }
+
+    fs::path folder_ = MakeFolder("run");
+    fs::path document_ = folder_ / "report.pdf";
+    fs::path ticket_ = folder_ / "in.plist";
+    fs::path output_ = MakeFolder("out");
+    fs::path temporary_ = MakeFolder("tmp");
+};
+
+constexpr char kForeignSettings[] =
+    "<key>com.example.int</key><integer>9007199254740993</integer>"
+    "<key>com.example.real</key><real>2.0</real><key>com.example.true</key><true/>"
+    "<key>com.example.one</key><integer>1</integer>"
+    "<key>com.example.date</key><date>2024-02-29T12:00:00Z</date>"
+    "<key>com.example.data</key><data>AAECAw==</data>"
+    "<key>com.example.deep</key><array><dict><key>a\xC3\xA4</key><string>&lt;{x}</string></dict>"
+    "</array>";
+
+TEST_F(KalmoPrintTest, TheLifeOfAPaneKeepsWhatItDoesNotKnow) {
+    const std::string rotated = "<key>com.kalmo.print.RotateBooklet180Degrees</key><true/>";
+    const auto before = ticketWith(kForeignSettings + rotated,
+                                   "<key>Unknown</key><string>Choice</string>"
+                                   "<key>KLEconomode</key><string>Draft</string>");
+    const WrittenTicket expected(ReadFile(before));
+    for (const fs::path& ppd :
+         {SamplePPD("kalmo-office-color"), SamplePPD("kalmo-office-mono"), WritePPD("Kalmo")}) {
+        for (const char* phase : {"initialize", "open"}) {
+            SCOPED_TRACE(ppd.string() + " " + phase);
+            const auto end = run({"--no-dialog", "--ppd", ppd, "--ticket", before, "--phase", phase,
+                                  "--write-ticket", "-"});
+            ASSERT_EQ(end.exitCode, 0) << end.errors;
+            const WrittenTicket written(end.output);
+            for (const char* key :
+                 {"com.example.int", "com.example.real", "com.example.true", "com.example.one",
+                  "com.example.date", "com.example.data", "com.example.deep"}) {
+                EXPECT_TRUE(CFEqual(written.value(kSettings, key), expected.value(kSettings, key)))
+                    << key;
+            }
+            EXPECT_NE(end.output.find("<real>"), std::string::npos);
+            EXPECT_EQ(written.text(kChoices, "Unknown"), "Choice");
+            EXPECT_EQ(written.text(kChoices, "KLEconomode"), "Draft");
+            EXPECT_FALSE(written.value(kSettings, "com.kalmo.print.RotateBooklet180Degrees"));
+            const std::string client = "com.kalmo.print.ClientInformation.UserName";
+            EXPECT_NE(written.text(kSettings, client.c_str()), "(none)");
+            EXPECT_EQ(
+                written.text(kSettings, "com.kalmo.print.ControllerInformation.ControllerVersion"),
+                "5.0");
+            EXPECT_FALSE(written.value(kSettings, "com.kalmo.print.nonce"));
+        }
+    }
+}
+
+TEST_F(KalmoPrintTest, AFaxHasNoColor) {
+    for (const auto& [type, expected] : {std::pair{"5", "BW"}, {"1", "Color"}, {"6", "Color"}}) {
+        SCOPED_TRACE(type);
+        const auto ticket =
+            ticketWith("<key>com.kalmo.print.JobType</key><dict><key>JobType</key><integer>" +
+                           std::string(type) + "</integer></dict>",
+                       "<key>KLMColor</key><string>Color</string>");
+        const auto end = runOnSample({"--ticket", ticket, "--write-ticket", "-"});
+        EXPECT_EQ(WrittenTicket(end.output).text(kChoices, "KLMColor"), expected) << end.errors;
+    }
+}
+
+TEST_F(KalmoPrintTest, TheJobIsNamedOnlyWhenThereIsSomethingToName) {
+    const char* key = "com.apple.print.JobInfo.PMJobName";
+    const std::tuple<const char*, Arguments, const char*> rows[] = {
+        {"nothing to print", {}, "(none)"},
+        {"the document", {document_}, "report.pdf"},
+        {"the title", {document_, "--title", "Annual report"}, "Annual report"},
+    };
+    for (const auto& [why, arguments, expected] : rows) {
+        SCOPED_TRACE(why);
+        Arguments all = {"--write-ticket", "-"};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        EXPECT_EQ(WrittenTicket(runOnSample(all).output).text(kSettings, key), expected);
+    }
+}
+
+TEST_F(KalmoPrintTest, AnotherMakersPrinterIsRefused) {
+    for (const char* maker : {"Other", "Kalmo Imaging", ""}) {
+        SCOPED_TRACE(maker);
+        const auto written = folder_ / "written.plist";
+        const auto end = run({"--no-dialog", "--ppd", WritePPD(maker), "--write-ticket", written,
+                              "--output", output_, document_});
+        EXPECT_EQ(end.exitCode, 1);
+        EXPECT_EQ(end.errors, "Initialize()::GetTicketFromSession() failed.\n");
+        EXPECT_FALSE(exists(written));
+        EXPECT_TRUE(fs::is_empty(output_));
+    }
+}
+
+TEST_F(KalmoPrintTest, UnreadableInputEndsInOneLineThatNamesIt) {
+    const auto bad = folder_ / "bad";
+    WriteFile(bad, "<plist><dict><key>PrintSettings</key>");
+    const auto deep = folder_ / "deep.plist";
+    std::string nested;
+    for (int i = 0; i < 600; ++i) nested += "<array>";
+    WriteFile(deep, "<plist version=\"1.0\"><dict><key>PrintSettings</key>" + nested);
+    const auto damaged = folder_ / "damaged.pdf";
+    WriteFile(damaged, "%PDF-1.7\n1 0 obj\n<<");
+    const std::string ppd = SamplePPD("kalmo-office-color"), missing = folder_ / "missing";
+    const std::tuple<const char*, std::string, Arguments> rows[] = {
+        {"no such ticket", missing, {"--ppd", ppd, "--ticket", missing}},
+        {"malformed ticket", bad, {"--ppd", ppd, "--ticket", bad}},
+        {"ticket nested too deeply", deep, {"--ppd", ppd, "--ticket", deep}},
+        {"folder as ticket", folder_, {"--ppd", ppd, "--ticket", folder_}},
+        {"no such PPD", missing, {"--ppd", missing}},
+        {"malformed PPD", bad, {"--ppd", bad}},
+        {"folder as PPD", folder_, {"--ppd", folder_}},
+        {"no such document", missing, {"--ppd", ppd, "--output", output_, missing}},
+        {"document that is no PDF", bad, {"--ppd", ppd, "--output", output_, bad}},
+        {"damaged document", damaged, {"--ppd", ppd, "--output", output_, damaged}},
+        {"folder as document", folder_, {"--ppd", ppd, "--output", output_, folder_}},
+        {"nowhere to print", "--output", {"--ppd", ppd, document_}},
+    };
+    for (auto [why, named, arguments] : rows) {
+        SCOPED_TRACE(why);
+        arguments.insert(arguments.begin(), "--no-dialog");
+        const auto end = run(arguments);
+        EXPECT_EQ(end.exitCode, 2);
+        EXPECT_TRUE(IsOneLine(end.errors)) << end.errors;
+        EXPECT_NE(end.errors.find(named), std::string::npos) << end.errors;
+        EXPECT_EQ(end.output, "");
+    }
+    EXPECT_TRUE(fs::is_empty(output_));
+}
+
+TEST_F(KalmoPrintTest, PrintsIntoAFolder) {
+    const auto ticket = ticketWith(kForeignSettings);
+    for (const std::string stem : {"report", "report 2"}) {
+        SCOPED_TRACE(stem);
+        const auto end = runOnSample({"--ticket", ticket, "--output", output_, document_});
+        ASSERT_EQ(end.exitCode, 0) << end.errors;
+        EXPECT_EQ(end.output + end.errors, "");
+        const auto printed = output_ / (stem + ".pdf"), copy = output_ / (stem + ".ticket.plist");
+        for (const auto& file : {printed, copy}) {
+            EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600)) << file;
+        }
+        const WrittenTicket written(ReadFile(copy));
+        EXPECT_EQ(CFDataGetLength(
+                      static_cast<CFDataRef>(written.value(kSettings, "com.kalmo.print.nonce"))),
+                  16);
+        EXPECT_EQ(written.text(kSettings, "com.apple.print.JobInfo.PMJobName"), "report.pdf");
+        const auto detached = temporary_ / "detached";
+        RunProgram(
+            {.program = "/usr/bin/pdfdetach",
+             .arguments = {"-savefile", "com.kalmo.print.ticket.plist", "-o", detached, printed}});
+        EXPECT_EQ(ReadFile(detached), ReadFile(copy));
+        fs::remove(detached);
+    }
+    EXPECT_NE(ReadFile(output_ / "report.ticket.plist"),
+              ReadFile(output_ / "report 2.ticket.plist"))
+        << "each job has a nonce of its own";
+    EXPECT_TRUE(fs::is_empty(temporary_));
+}
+
+TEST_F(KalmoPrintTest, ReadsTheDocumentFromStandardInput) {
+    const auto end = run({"--no-dialog", "--ppd", SamplePPD("kalmo-office-color"), "--title",
+                          "Piped", "--output", output_, "-"},
+                         {}, document_);
+    EXPECT_EQ(end.exitCode, 0) << end.errors;
+    EXPECT_TRUE(exists(output_ / "Piped.pdf"));
+    EXPECT_TRUE(fs::is_empty(temporary_)) << "the spooled copy is gone";
+    const auto empty =
+        run({"--no-dialog", "--ppd", SamplePPD("kalmo-office-color"), "--output", output_, "-"});
+    EXPECT_EQ(empty.exitCode, 2);
+    EXPECT_TRUE(IsOneLine(empty.errors)) << empty.errors;
+}
+
+TEST_F(KalmoPrintTest, WritesTheTicketForTheUserAlone) {
+    const auto written = folder_ / "written.plist";
+    WriteFile(written, "older");
+    fs::permissions(written, fs::perms(0644));
+    const auto end = runOnSample({"--write-ticket", written});
+    EXPECT_EQ(end.exitCode, 0) << end.errors;
+    EXPECT_EQ(fs::status(written).permissions(), fs::perms(0600));
+    EXPECT_TRUE(WrittenTicket(ReadFile(written)).isPropertyList());
+    const auto nowhere = runOnSample({"--write-ticket", folder_ / "missing" / "t.plist"});
+    EXPECT_EQ(nowhere.exitCode, 1);
+    EXPECT_TRUE(IsOneLine(nowhere.errors)) << nowhere.errors;
+}
+
+TEST_F(KalmoPrintTest, WithoutADisplayItNamesTheWayWithoutOne) {
+    for (const char* display : {"", ":9999"}) {
+        SCOPED_TRACE(display);
+        const auto end = run({document_}, {{"DISPLAY", display}});
+        EXPECT_EQ(end.exitCode, 2);
+        EXPECT_TRUE(IsOneLine(end.errors)) << end.errors;
+        EXPECT_NE(end.errors.find("--no-dialog"), std::string::npos);
+    }
+}
+
+TEST_F(KalmoPrintTest, DeadServersCostSecondsAndALine) {
+    for (const auto silence : kSilences) {
+        SCOPED_TRACE(Describe(silence));
+        const DeadServer server(silence);
+        for (const Arguments& arguments : {Arguments{"--list-printers"},
+                                           {"--no-dialog", "-d", "office", document_},
+                                           {"--no-dialog", document_}}) {
+            const auto start = std::chrono::steady_clock::now();
+            const auto end = run(arguments, {{"CUPS_SERVER", server.name()}});
+            EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(6));
+            EXPECT_EQ(end.exitCode, 1);
+            EXPECT_TRUE(IsOneLine(end.errors)) << end.errors;
+            EXPECT_NE(end.errors.find("does not answer"), std::string::npos) << end.errors;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kalmo::test
