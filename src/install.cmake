@@ -1,0 +1,20 @@
+# Where things go: bin and share as usual, the bundle and its library beside each other, the filter where CUPS looks.
+
+set(bundle_folder ${installed_bundle_folder}/KalmoFeatures.plugin/Contents)
+
+install(TARGETS kalmoplatform LIBRARY DESTINATION ${installed_bundle_folder} NAMELINK_SKIP)
+install(TARGETS kalmo-ticket RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS kalmoticket RUNTIME DESTINATION lib/cups/filter)
+if(TARGET kalmo-print)
+  set_target_properties(kalmo-print PROPERTIES INSTALL_RPATH "$ORIGIN/../${installed_bundle_folder}")
+  install(TARGETS kalmo-print RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+install(DIRECTORY ${bundle} DESTINATION ${installed_bundle_folder} PATTERN "*.so" EXCLUDE)
+if(TARGET KalmoFeatures)
+  set_target_properties(KalmoFeatures PROPERTIES INSTALL_RPATH "$ORIGIN/../../..")
+  install(TARGETS KalmoFeatures LIBRARY DESTINATION ${bundle_folder}/Linux)
+endif()
+install(TARGETS OrvikCups LIBRARY DESTINATION ${bundle_folder}/Resources/OrvikCups.plugin/Contents/Linux)
+install(FILES ${PROJECT_SOURCE_DIR}/resources/kalmo-print.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/printers/ DESTINATION ${CMAKE_INSTALL_DATADIR}/ppd/kalmo
+  FILES_MATCHING PATTERN "*.ppd")
