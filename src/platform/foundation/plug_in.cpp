@@ -27,6 +27,11 @@ Factory* Find(CFUUIDRef uuid) {
     return found == Factories().end() ? nullptr : &*found;
 }
 
+bool Makes(const Factory& factory, CFUUIDRef type) {
+    return std::ranges::any_of(factory.types,
+                               [type](CFUUIDRef other) { return CFEqual(other, type); });
+}
+
 template <typename Ref>
 Ref OfType(CFTypeRef value, CFTypeID type) {
     return value && CFGetTypeID(value) == type ? static_cast<Ref>(value) : nullptr;
@@ -68,8 +73,9 @@ Boolean CFPlugInRegisterBundle(CFBundleRef bundle) {
         const auto factories = OfType<CFArrayRef>(list, CFArrayGetTypeID());
         for (CFIndex i = 0; type && i < CFArrayGetCount(factories); ++i) {
             const auto uuid = UUIDOf(CFArrayGetValueAtIndex(factories, i));
-            if (Factory* const factory = uuid ? Find(uuid) : nullptr)
-                factory->types.push_back(type);
+            Factory* const factory = uuid ? Find(uuid) : nullptr;
+            // A bundle may be registered again: its types are then known already.
+            if (factory && !Makes(*factory, type)) factory->types.push_back(type);
         }
     }
     return registered;
@@ -79,10 +85,7 @@ CFArrayRef CFPlugInFindFactoriesForPlugInType(CFUUIDRef type) {
     const CFMutableArrayRef found =
         CFArrayCreateMutable(kCFAllocatorDefault, 0, &kCFTypeArrayCallBacks);
     for (const Factory& factory : Factories()) {
-        if (std::ranges::any_of(factory.types,
-                                [type](CFUUIDRef other) { return CFEqual(other, type); })) {
-            CFArrayAppendValue(found, factory.uuid.get());
-        }
+        if (Makes(factory, type)) CFArrayAppendValue(found, factory.uuid.get());
     }
     return found;
 }
