@@ -10,6 +10,7 @@ namespace toolbox {
 PopupButton::PopupButton(QWidget* parent) : QComboBox(parent) {
     GiveMenu(*this);
     setSizeAdjustPolicy(AdjustToContents);
+    setFocusPolicy(Qt::StrongFocus);  // the wheel does not even focus it
 }
 
 void PopupButton::showPopup() {

@@ -5,17 +5,34 @@
 namespace toolbox {
 namespace {
 
-/// Inner parts of a control stand behind the control that they answer for.
-bool TakesTab(const QWidget& widget) {
-    return widget.focusPolicy() & Qt::TabFocus && !widget.focusProxy();
-}
-
+/// Everything in the window but inner parts, which follow the control that they answer for. Views
+/// that Tab passes over count too: what comes into them later starts from their place.
 template <typename Visit>
 void FollowTab(QWidget& window, const Visit& visit) {
     for (QWidget* widget = window.nextInFocusChain(); widget && widget != &window;
          widget = widget->nextInFocusChain()) {
-        if (TakesTab(*widget)) visit(*widget);
+        if (!widget->focusProxy()) visit(*widget);
     }
+}
+
+/// Qt orders only what takes the focus; so for this moment the widget does.
+class Focusable final {
+public:
+    explicit Focusable(QWidget& widget) : widget_(widget), policy_(widget.focusPolicy()) {
+        widget.setFocusPolicy(Qt::StrongFocus);
+    }
+    ~Focusable() { widget_.setFocusPolicy(policy_); }
+    Focusable(const Focusable&) = delete;
+    Focusable& operator=(const Focusable&) = delete;
+
+private:
+    QWidget& widget_;
+    Qt::FocusPolicy policy_;
+};
+
+void PutBehind(QWidget& before, QWidget& widget) {
+    const Focusable first(before), second(widget);
+    QWidget::setTabOrder(&before, &widget);
 }
 
 }  // namespace
@@ -34,7 +51,7 @@ void TabOrder::restoreIn(QWidget& parent) const {
     });
     for (const QPointer<QWidget>& widget : order_) {
         if (!widget || widget->window() != parent.window()) continue;
-        QWidget::setTabOrder(before, widget);
+        PutBehind(*before, *widget);
         before = widget;
     }
 }

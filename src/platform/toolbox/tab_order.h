@@ -9,9 +9,10 @@ namespace toolbox {
 
 class TabOrder final {
 public:
-    /// What Tab visits in `branch`, and `branch` itself.
+    /// Of `branch` and everything in it.
     explicit TabOrder(QWidget& branch);
-    /// Puts them, in that order, behind everything else that Tab visits in `parent`.
+    /// Puts those that stand in the window of `parent` now, in that order, behind everything else
+    /// in `parent`.
     void restoreIn(QWidget& parent) const;
 
 private:

@@ -1,0 +1,172 @@
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "interface.h"
+
+namespace kalmo::test {
+namespace {
+
+/// A section at `y`, 40 high, that holds one row: label | control. Ids: section, + 1 label, + 2.
+std::string Section(SInt32 id, int y, const std::string& type) {
+    const std::string buddy =
+        "<property name=\"buddy\"><cstring>w" + std::to_string(id + 2) + "</cstring></property>";
+    return WidgetText(
+        "UserPane", id,
+        Geometry(0, y, 300, 40) + "<widget class=\"QWidget\" name=\"row\">" +
+            Geometry(0, 0, 300, 28) +
+            "<layout class=\"QGridLayout\" columnstretch=\"0,1\"><item row=\"0\" column=\"0\">" +
+            WidgetText("QLabel", id + 1, buddy) + "</item><item row=\"0\" column=\"1\">" +
+            WidgetText(type, id + 2) + "</item></layout></widget>");
+}
+
+/// Controls of the second section come first in the file and last in the tab order.
+const std::string kSections =
+    WindowFile(Geometry(0, 0, 300, 120) + Section(200, 40, "QSpinBox") +
+               Section(100, 0, "QComboBox") + Section(300, 80, "QPushButton"))
+        .insert(WindowFile(Geometry(0, 0, 300, 120) + Section(200, 40, "QSpinBox") +
+                           Section(100, 0, "QComboBox") + Section(300, 80, "QPushButton"))
+                        .size() -
+                    5,
+                "<tabstops><tabstop>w102</tabstop><tabstop>w202</tabstop><tabstop>w302</tabstop>"
+                "</tabstops>");
+
+/// A dialog with a button, an empty view, and a button; a pane in the view takes the sections.
+class Embedding : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(file.open(), noErr);
+        layout->addWidget(before);
+        layout->addWidget(view);
+        layout->addWidget(after);
+        view->resize(300, 120);
+        ASSERT_EQ(CreateUserPaneControl(dialogRef, {0, 0, 120, 300}, &pane), noErr);
+        ASSERT_EQ(EmbedControl(pane, ControlFromWidget(view)), noErr);
+    }
+
+    void moveSections() {
+        for (const SInt32 section : {100, 200, 300}) {
+            Rect bounds;
+            GetControlBounds(file.control(section), &bounds);
+            ASSERT_EQ(MoveSubviewsToPane(file.control(section), pane, bounds.top), noErr);
+        }
+    }
+    [[nodiscard]] QWidget* moved(SInt32 id) const {
+        ControlRef found = nullptr;
+        GetControlByID(dialogRef, {'KPDE', id}, &found);
+        return WidgetFromControl(found);
+    }
+    static void settle() {
+        for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
+    }
+    [[nodiscard]] static int topIn(const QWidget& outer, const QWidget* widget) {
+        return widget->mapTo(&outer, QPoint(0, 0)).y();
+    }
+
+    Interface file{kSections};
+    QWidget dialog;
+    QPushButton* before = new QPushButton("before", &dialog);
+    QWidget* view = new QWidget(&dialog);
+    QPushButton* after = new QPushButton("after", &dialog);
+    QVBoxLayout* layout = new QVBoxLayout(&dialog);
+    WindowRef dialogRef = WindowFromWidget(&dialog);
+    ControlRef pane = nullptr;
+};
+
+TEST_F(Embedding, MovedControlsKeepTabOrderBuddiesAndVisibility) {
+    auto* const label = file.widget<QLabel>(201);
+    HideControl(file.control(202));
+    moveSections();
+    EXPECT_EQ(file.control(102), nullptr) << "no longer in the file's window";
+    ASSERT_NE(moved(102), nullptr);
+    EXPECT_EQ(label->buddy(), moved(202));
+    EXPECT_EQ(label->parentWidget(), moved(202)->parentWidget());
+    EXPECT_FALSE(IsControlVisible(ControlFromWidget(moved(202))));
+    EXPECT_TRUE(IsControlVisible(ControlFromWidget(moved(102))));
+
+    DisposeWindow(std::exchange(file.window, nullptr));
+    dialog.show();
+    moved(202)->show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    before->setFocus();
+    std::vector<QWidget*> visited;
+    for (int step = 0; step < 4; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        visited.push_back(QApplication::focusWidget());
+    }
+    EXPECT_EQ(visited, (std::vector<QWidget*>{moved(102), moved(202), moved(302), after}));
+}
+
+TEST_F(Embedding, LabelsShareOneWidthAndRowsStackAnew) {
+    moveSections();
+    dialog.show();
+    settle();
+    const QWidget *first = moved(102)->parentWidget(), *second = moved(202)->parentWidget();
+    EXPECT_EQ(second->y(), first->geometry().bottom() + 1 + 12) << "the gap as drawn";
+    EXPECT_EQ(first->width(), WidgetFromControl(pane)->width());
+    const int window = dialog.width();
+    SetControlTitleWithCFString(
+        ControlFromWidget(moved(201)),
+        CFSTR("A label that is a good deal longer than the window is wide"));
+    settle();
+    EXPECT_GT(dialog.width(), window) << "the window grows";
+    EXPECT_GE(moved(201)->width(), moved(201)->sizeHint().width());
+    for (const SInt32 id : {101, 301}) EXPECT_EQ(moved(id)->width(), moved(201)->width());
+    EXPECT_EQ(moved(102)->x(), moved(202)->x());
+
+    const int top = topIn(dialog, moved(302));
+    moved(202)->setMinimumHeight(90);
+    settle();
+    EXPECT_GE(topIn(dialog, moved(302)), top + 50);
+    EXPECT_GE(topIn(dialog, after), topIn(dialog, moved(302)) + moved(302)->height());
+}
+
+TEST_F(Embedding, PanesKeepTheirDistancesAndHiddenOnesTheirRoom) {
+    ControlRef second = nullptr;
+    CreateUserPaneControl(dialogRef, {10, 20, 110, 270}, &second);
+    EmbedControl(second, ControlFromWidget(view));
+    HideControl(pane);
+    moveSections();
+    dialog.show();
+    dialog.resize(600, 500);
+    settle();
+    const QRect place = WidgetFromControl(second)->geometry();
+    EXPECT_EQ(place, view->rect().adjusted(20, 10, -30, -10));
+    const QSize least = dialog.minimumSizeHint();
+    moved(202)->setMinimumSize(700, 200);
+    HideControl(second);
+    ShowControl(pane);
+    settle();
+    EXPECT_GT(dialog.minimumSizeHint().width(), least.width());
+    EXPECT_GT(dialog.minimumSizeHint().height(), least.height());
+    const QSize withPane = dialog.minimumSizeHint();
+    HideControl(pane);
+    settle();
+    EXPECT_EQ(dialog.minimumSizeHint(), withPane) << "changing panes does not change the window";
+}
+
+TEST_F(Embedding, ParentWithALayoutTakesTheChildIn) {
+    auto* const column = new QVBoxLayout;
+    auto* const other = new QWidget(&dialog);
+    other->setLayout(column);
+    EXPECT_EQ(EmbedControl(pane, ControlFromWidget(other)), noErr);
+    EXPECT_EQ(column->indexOf(WidgetFromControl(pane)), 0);
+    EXPECT_EQ(view->layout()->count(), 0) << "it has left the first parent's";
+    EXPECT_EQ(EmbedControl(ControlFromWidget(other), pane), paramErr) << "not into its own child";
+}
+
+TEST_F(Embedding, SubcontrolsComeInOrder) {
+    const ControlRef parent = ControlFromWidget(&dialog);
+    EXPECT_EQ(GetFirstSubcontrol(parent), ControlFromWidget(before));
+    EXPECT_EQ(GetNextSibling(ControlFromWidget(before)), ControlFromWidget(view));
+    EXPECT_EQ(GetNextSibling(ControlFromWidget(after)), nullptr);
+    QSpinBox spin;
+    EXPECT_EQ(GetFirstSubcontrol(ControlFromWidget(&spin)), nullptr) << "inner parts do not count";
+}
+
+}  // namespace
+}  // namespace kalmo::test

@@ -1,0 +1,165 @@
+#include <QCheckBox>
+#include <QVBoxLayout>
+
+#include "interface.h"
+#include "toolbox/menus.h"
+
+namespace kalmo::test {
+namespace {
+
+/// A check box in a pane in a window, with handlers a (old) and b on the box, c on the pane, d on
+/// the window.
+class Events : public testing::Test {
+protected:
+    void SetUp() override {
+        Install(control, recorders[0]);
+        Install(control, recorders[1]);
+        Install(ControlFromWidget(pane), recorders[2]);
+        Install(ControlFromWidget(window.get()), recorders[3]);
+    }
+
+    static EventHandlerRef Install(ControlRef where, Recorder& recorder) {
+        const EventTypeSpec types[] = {kHit, kCommand};
+        EventHandlerRef handler = nullptr;
+        EXPECT_EQ(
+            InstallControlEventHandler(where, Recorder::Handle, 2, types, &recorder, &handler),
+            noErr);
+        return handler;
+    }
+
+    std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
+    QWidget* pane = new QWidget(window.get());
+    QCheckBox* box = new QCheckBox(pane);
+    ControlRef control = ControlFromWidget(box);
+    std::string record;
+    Recorder recorders[4] = {{'a', &record}, {'b', &record}, {'c', &record}, {'d', &record}};
+};
+
+TEST_F(Events, HitClimbsFromTheNewestHandlerToTheWindow) {
+    SimulateControlHit(control);
+    EXPECT_EQ(record, "bacd");
+    EXPECT_EQ(GetControl32BitValue(control), 1) << "the value has changed before";
+}
+
+TEST_F(Events, AnAnswerEndsTheWay) {
+    recorders[2].answer = -12345678;
+    EXPECT_EQ(SendCommandFromControl(control, 'ok  '), -12345678);
+    EXPECT_EQ(record, "bac");
+    record.clear();
+    EXPECT_EQ(SendCommandToWindow(WindowFromWidget(window.get()), 'ok  '), eventNotHandledErr);
+    EXPECT_EQ(record, "d");
+}
+
+TEST_F(Events, ProgrammaticChangesSendNothing) {
+    SetControl32BitValue(control, 1);
+    DeactivateControl(control);
+    EXPECT_EQ(record, "");
+    SimulateControlHit(control);
+    EXPECT_EQ(record, "") << "nobody can press an inactive control";
+}
+
+TEST_F(Events, OtherKindsPassBy) {
+    OSStatus (*const never)(EventHandlerCallRef, EventRef, void*) =
+        [](EventHandlerCallRef, EventRef, void*) -> OSStatus { return noErr; };
+    const EventTypeSpec draw = {kEventClassControl, kEventControlDraw};
+    InstallControlEventHandler(control, never, 1, &draw, nullptr, nullptr);
+    SimulateControlHit(control);
+    EXPECT_EQ(record, "bacd");
+    EXPECT_EQ(InstallControlEventHandler(control, nullptr, 1, &draw, nullptr, nullptr), paramErr);
+    EXPECT_EQ(InstallControlEventHandler(nullptr, never, 1, &draw, nullptr, nullptr), paramErr);
+}
+
+TEST_F(Events, HandlerMayRemoveItselfAndOthersOnTheWay) {
+    struct Removing {
+        EventHandlerRef self = nullptr, other = nullptr;
+        std::string* record = nullptr;
+        static OSStatus Handle(EventHandlerCallRef, EventRef, void* data) {
+            const auto* removing = static_cast<Removing*>(data);
+            removing->record->push_back('r');
+            RemoveEventHandler(removing->self);
+            RemoveEventHandler(removing->other);
+            RemoveEventHandler(removing->self);
+            return eventNotHandledErr;
+        }
+    } removing{nullptr, nullptr, &record};
+    Recorder late{'z', &record};
+    removing.other = Install(control, late);
+    InstallControlEventHandler(control, Removing::Handle, 1, &kHit, &removing, &removing.self);
+    SimulateControlHit(control);
+    SimulateControlHit(control);
+    EXPECT_EQ(record, "rbacdbacd");
+}
+
+TEST_F(Events, CallingTheRestRunsItOnce) {
+    struct Wrapping {
+        std::string* record;
+        OSStatus rest = noErr;
+        static OSStatus Handle(EventHandlerCallRef next, EventRef event, void* data) {
+            auto* wrapping = static_cast<Wrapping*>(data);
+            wrapping->record->push_back('(');
+            wrapping->rest = CallNextEventHandler(next, event);
+            wrapping->record->push_back(')');
+            return eventNotHandledErr;
+        }
+    } wrapping{&record};
+    recorders[3].answer = 42;
+    InstallControlEventHandler(control, Wrapping::Handle, 1, &kHit, &wrapping, nullptr);
+    SimulateControlHit(control);
+    EXPECT_EQ(record, "(bacd)");
+    EXPECT_EQ(wrapping.rest, 42);
+}
+
+TEST_F(Events, ControlsAndWindowsMayGoInsideAHandler) {
+    const auto disposes = [](EventHandlerCallRef, EventRef event, void* data) -> OSStatus {
+        DisposeControl(GetEventControl(event));
+        static_cast<std::string*>(data)->push_back('x');
+        return eventNotHandledErr;
+    };
+    const QPointer<QWidget> gone = box;
+    InstallControlEventHandler(control, disposes, 1, &kHit, &record, nullptr);
+    QMetaObject::invokeMethod(box, "click");
+    EXPECT_EQ(record, "xbacd");
+    EXPECT_NE(box->window(), window.get());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(gone, nullptr);
+}
+
+TEST_F(Events, HandlersEndWithTheirControl) {
+    const EventHandlerRef handler = Install(control, recorders[0]);
+    delete box;
+    RemoveEventHandler(handler);
+    RemoveEventHandler(nullptr);
+    EXPECT_EQ(SendCommandFromControl(ControlFromWidget(pane), 'ok  '), eventNotHandledErr);
+    EXPECT_EQ(record, "cd");
+}
+
+TEST(Commands, FollowAHitThatNobodyTook) {
+    Interface interface(
+        WindowFile(WidgetText("QPushButton", 1, StringProperty("command", "KWnw")) +
+                   WidgetText("QComboBox", 2,
+                              "<item><property name=\"text\"><string>x</string></property>"
+                              "</item>")));
+    ASSERT_EQ(interface.open(), noErr);
+    SetMenuItemCommandID(GetControlPopupMenu(interface.control(2)), 1, 'Bkcr');
+    std::vector<UInt32> seen;
+    const EventTypeSpec types[] = {kHit, kCommand};
+    const auto record = [](EventHandlerCallRef, EventRef event, void* data) -> OSStatus {
+        static_cast<std::vector<UInt32>*>(data)->push_back(
+            GetEventClass(event) == kEventClassCommand ? GetEventCommand(event) : 0);
+        return eventNotHandledErr;
+    };
+    InstallWindowEventHandler(interface.window, record, 2, types, &seen, nullptr);
+    SimulateControlHit(interface.control(1));
+    SimulateControlHit(interface.control(2));
+    EXPECT_EQ(seen, (std::vector<UInt32>{0, 'KWnw', 0, 'Bkcr'}));
+
+    std::string taken;
+    Recorder taker{'t', &taken, noErr};
+    InstallControlEventHandler(interface.control(1), Recorder::Handle, 1, &kHit, &taker, nullptr);
+    SimulateControlHit(interface.control(1));
+    EXPECT_EQ(taken, "t");
+    EXPECT_EQ(seen.size(), 4u);
+}
+
+}  // namespace
+}  // namespace kalmo::test

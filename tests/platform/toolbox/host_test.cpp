@@ -1,0 +1,123 @@
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTest>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+#include "interface.h"
+#include "support/window_walk.h"
+
+namespace kalmo::test {
+namespace {
+
+TEST(WheelGuard, ScrollsThePaneInsteadOfChangingAnUnfocusedNumber) {
+    InstallWheelGuard();
+    InstallWheelGuard();
+    QScrollArea area;
+    auto* const content = new QWidget;
+    content->resize(100, 1000);
+    auto* const spin = new QSpinBox(content);
+    auto* const other = new QLineEdit(content);
+    spin->setValue(5);
+    other->move(0, 50);
+    area.setWidget(content);
+    area.resize(120, 200);
+    area.show();
+    area.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&area));
+    const auto wheel = [&] {
+        QWheelEvent event({5, 5}, spin->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&event);  // only then it goes on to the views behind
+        qApp->notify(spin, &event);
+    };
+    other->setFocus();
+    wheel();
+    EXPECT_EQ(spin->value(), 5);
+    EXPECT_GT(area.verticalScrollBar()->value(), 0);
+    area.verticalScrollBar()->setValue(0);
+    spin->setFocus();
+    wheel();
+    EXPECT_EQ(spin->value(), 4);
+}
+
+/// A book of three pages beside a file that does not belong to it.
+class HelpBook : public testing::Test {
+protected:
+    void SetUp() override {
+        std::filesystem::create_directories(folder / "book/sub");
+        WriteFile(folder / "outside.htm", "<p>outside</p>");
+        WriteFile(folder / "book/index.htm", "<a href=\"sub/page.htm#there\">x</a>");
+        WriteFile(folder / "book/sub/page.htm",
+                  "<a href=\"../../outside.htm\">out</a><p id=\"there\">there</p>");
+    }
+    void TearDown() override { delete viewer(); }
+
+    OSStatus show(const char* page, CFStringRef anchor = nullptr) {
+        const auto path =
+            Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8((folder / page).string()));
+        return WindowPresence().helpPage(path, anchor);
+    }
+    static QWidget* viewer() {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (widget->inherits("toolbox::HelpViewer")) return widget;
+        }
+        return nullptr;
+    }
+    static QTextBrowser& pages() { return *viewer()->findChild<QTextBrowser*>(); }
+    void follow(const QUrl& link) { Q_EMIT pages().anchorClicked(link); }
+
+    std::filesystem::path folder = MakeFolder("help");
+};
+
+TEST_F(HelpBook, ShowsPagesOfTheBookAndNothingElse) {
+    EXPECT_EQ(show("book/none.htm"), fnfErr);
+    ASSERT_EQ(show("book/sub/page.htm", CFSTR("there")), noErr);
+    EXPECT_EQ(pages().source().fragment(), "there");
+    const QUrl page = pages().source();
+    for (const char* link : {"../../outside.htm", "http://localhost/", "file:///etc/passwd", ""}) {
+        SCOPED_TRACE(link);
+        follow(QUrl(link));
+        EXPECT_EQ(pages().source().adjusted(QUrl::RemoveFragment),
+                  page.adjusted(QUrl::RemoveFragment));
+    }
+    follow(QUrl("../index.htm"));
+    EXPECT_EQ(pages().source().fileName(), "index.htm");
+}
+
+TEST_F(HelpBook, OneViewerIsReusedAndDrivenByKeys) {
+    show("book/sub/page.htm");
+    const QWidget* const first = viewer();
+    show("book/index.htm");
+    EXPECT_EQ(viewer(), first);
+    EXPECT_EQ(WindowFaults(*viewer(), Identities::notNeeded), std::vector<std::string>());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(viewer()));
+    QTest::keyClick(viewer(), Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] { return pages().source().fileName() == "page.htm"; }));
+    QTest::keyClick(viewer(), Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(viewer(), nullptr);
+}
+
+TEST(WindowWalk, FindsWhatIsMissing) {
+    QWidget window;
+    auto* const popup = new QComboBox(&window);
+    popup->setObjectName("popup");
+    auto* const field = new QLineEdit(&window);
+    field->setObjectName("field");
+    field->setFocusPolicy(Qt::NoFocus);
+    EXPECT_EQ(WindowFaults(window, Identities::notNeeded),
+              (std::vector<std::string>{"QComboBox popup has no accessible name",
+                                        "QLineEdit field has no accessible name",
+                                        "QLineEdit field cannot be reached with Tab"}));
+    (new QLabel("Paper", &window))->setBuddy(popup);
+    field->setFocusPolicy(Qt::StrongFocus);
+    field->setAccessibleName("Field");
+    EXPECT_EQ(WindowFaults(window, Identities::notNeeded), std::vector<std::string>());
+    EXPECT_EQ(WindowFaults(window, Identities::needed).size(), 2u);
+}
+
+}  // namespace
+}  // namespace kalmo::test

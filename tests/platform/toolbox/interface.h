@@ -1,0 +1,92 @@
+// Interface files written by a test, and the windows made from them.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <string>
+
+#include "support/bundles.h"
+#include "support/private_home.h"
+#include "toolbox/host.h"
+#include "toolbox/windows.h"
+
+namespace kalmo::test {
+
+/// A bundle whose Resources hold "Panel.ui" with `ui` and a table "Localizable".
+class Interface {
+public:
+    explicit Interface(const std::string& ui, const std::string& texts = {})
+        : bundle_(Owned<CFBundleRef>::Adopt(OpenBundle(WriteBundle(
+              MakeFolder("interface"), "Test", "test.interface",
+              {{"Resources/Panel.ui", ui}, {"Resources/en.lproj/Localizable.strings", texts}})))) {}
+    ~Interface() {
+        DisposeWindow(window);
+        DisposeNibReference(nib_);
+    }
+
+    /// Makes the window; the status of the first call that fails.
+    OSStatus open(CFStringRef name = CFSTR("Window")) {
+        const OSStatus status = CreateNibReferenceWithCFBundle(bundle_, CFSTR("Panel"), &nib_);
+        return status == noErr ? CreateWindowFromNib(nib_, name, &window) : status;
+    }
+
+    [[nodiscard]] ControlRef control(SInt32 id) const {
+        ControlRef found = nullptr;
+        return GetControlByID(window, {'KPDE', id}, &found) == noErr ? found : nullptr;
+    }
+    template <typename Widget = QWidget>
+    [[nodiscard]] Widget* widget(SInt32 id) const {
+        return qobject_cast<Widget*>(WidgetFromControl(control(id)));
+    }
+    [[nodiscard]] QWidget* windowWidget() const { return WidgetFromWindow(window); }
+
+    WindowRef window = nullptr;
+
+private:
+    Owned<CFBundleRef> bundle_;
+    IBNibRef nib_ = nullptr;
+};
+
+/// A file with one window "Window" that holds `content`.
+inline std::string WindowFile(const std::string& content, const std::string& type = "QWidget") {
+    return "<ui version=\"4.0\"><class>Panel</class><widget class=\"QWidget\" name=\"Panel\">"
+           "<widget class=\"" +
+           type + "\" name=\"Window\">" + content + "</widget></widget></ui>";
+}
+
+/// A widget with the identity ('KPDE', `id`); `more` are further properties and children.
+inline std::string WidgetText(const std::string& type, SInt32 id, const std::string& more = {}) {
+    const std::string number = std::to_string(id);
+    return "<widget class=\"" + type + "\" name=\"w" + number +
+           "\"><property name=\"controlSignature\" stdset=\"0\"><string>KPDE</string></property>"
+           "<property name=\"controlID\" stdset=\"0\"><number>" +
+           number + "</number></property>" + more + "</widget>";
+}
+
+inline std::string StringProperty(const std::string& name, const std::string& text) {
+    return "<property name=\"" + name + "\" stdset=\"0\"><string>" + text + "</string></property>";
+}
+
+inline std::string Geometry(int x, int y, int width, int height) {
+    return "<property name=\"geometry\"><rect><x>" + std::to_string(x) + "</x><y>" +
+           std::to_string(y) + "</y><width>" + std::to_string(width) + "</width><height>" +
+           std::to_string(height) + "</height></rect></property>";
+}
+
+/// Events that reached a handler, one letter each, and its answer.
+struct Recorder {
+    char letter = '?';
+    std::string* record = nullptr;
+    OSStatus answer = eventNotHandledErr;
+
+    static OSStatus Handle(EventHandlerCallRef, EventRef, void* self) {
+        const auto* recorder = static_cast<const Recorder*>(self);
+        recorder->record->push_back(recorder->letter);
+        return recorder->answer;
+    }
+};
+
+inline constexpr EventTypeSpec kHit = {kEventClassControl, kEventControlHit};
+inline constexpr EventTypeSpec kCommand = {kEventClassCommand, kEventCommandProcess};
+
+}  // namespace kalmo::test

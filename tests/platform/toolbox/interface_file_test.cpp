@@ -1,0 +1,85 @@
+#include <QComboBox>
+#include <QLabel>
+
+#include "interface.h"
+#include "toolbox/menus.h"
+
+namespace kalmo::test {
+namespace {
+
+TEST(InterfaceFile, FaultyFilesAreRefusedWithOneLine) {
+    const std::string box = WidgetText("QCheckBox", 1);
+    const struct {
+        const char* why;
+        std::string ui;
+        const char* says;
+    } cases[] = {
+        {"no XML", "<ui", "Interface file Panel: line"},
+        {"another kind of XML", "<plist/>", "no interface file"},
+        {"cut off", WindowFile(box).substr(0, 200), "Interface file Panel: line"},
+        {"an unknown class", WindowFile("<widget class=\"NoSuch\" name=\"n\"/>"), "NoSuch"},
+        {"an unknown class that names its base",
+         WindowFile("<widget class=\"NoSuch\" name=\"n\"/>")
+             .insert(WindowFile("<widget class=\"NoSuch\" name=\"n\"/>").size() - 5,
+                     "<customwidgets><customwidget><class>NoSuch</class><extends>QWidget</extends>"
+                     "</customwidget></customwidgets>"),
+         "NoSuch"},
+        {"an id twice", WindowFile(box + WidgetText("QCheckBox", 1)), "used twice at w1 (1)"},
+        {"an id without signature",
+         WindowFile("<widget class=\"QCheckBox\" name=\"c\"><property name=\"controlID\" "
+                    "stdset=\"0\"><number>7</number></property></widget>"),
+         "no signature of four characters at c (7)"},
+        {"no such window", "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"Other\"/></ui>",
+         "no window Window"},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.why);
+        Interface interface(row.ui);
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(interface.open(), nibNotFoundErr);
+        EXPECT_NE(testing::internal::GetCapturedStderr().find(row.says), std::string::npos);
+        EXPECT_EQ(interface.window, nullptr);
+    }
+}
+
+TEST(InterfaceFile, MissingFileIsNotFound) {
+    const auto bundle = Owned<CFBundleRef>::Adopt(
+        OpenBundle(WriteBundle(MakeFolder("interface"), "Empty", "test.empty", {})));
+    IBNibRef nib = nullptr;
+    EXPECT_EQ(CreateNibReferenceWithCFBundle(bundle, CFSTR("Panel"), &nib), nibNotFoundErr);
+    EXPECT_EQ(nib, nullptr);
+}
+
+TEST(InterfaceFile, TextsComeByKeyAndMissingOnesAreNamed) {
+    Interface interface(
+        WindowFile(WidgetText("QCheckBox", 1,
+                              StringProperty("textKey", "Box") + StringProperty("tipKey", "Tip")) +
+                   WidgetText("QToolButton", 2, StringProperty("nameKey", "Name")) +
+                   WidgetText("QLabel", 3, StringProperty("textKey", "Missing"))),
+        "\"Box\" = \"B\u00f6x\"; \"Tip\" = \"a < b <b>\"; \"Name\" = \"Name\";");
+    testing::internal::CaptureStderr();
+    ASSERT_EQ(interface.open(), noErr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "No text for Missing in Localizable.strings\n");
+    EXPECT_EQ(interface.widget<QAbstractButton>(1)->text(), "B\u00f6x");
+    EXPECT_EQ(interface.widget(1)->toolTip(), "a &lt; b &lt;b&gt;");
+    EXPECT_EQ(interface.widget(2)->accessibleName(), "Name") << "a text may equal its key";
+    EXPECT_EQ(interface.widget<QLabel>(3)->text(), "STRING NOT FOUND");
+}
+
+TEST(InterfaceFile, WindowComesOutAloneAndHidden) {
+    Interface interface(
+        "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"Panel\"><widget class=\"QWidget\" "
+        "name=\"Other\"/><widget class=\"QWidget\" name=\"Window\">" +
+        Geometry(0, 0, 300, 200) + WidgetText("QComboBox", 1) + "</widget></widget></ui>");
+    ASSERT_EQ(interface.open(), noErr);
+    EXPECT_TRUE(interface.windowWidget()->isWindow());
+    EXPECT_FALSE(interface.windowWidget()->isVisible());
+    EXPECT_EQ(interface.windowWidget()->parentWidget(), nullptr);
+    EXPECT_EQ(interface.windowWidget()->size(), QSize(300, 200));
+    EXPECT_EQ(GetControlOwner(interface.control(1)), interface.window);
+    EXPECT_NE(GetControlPopupMenu(interface.control(1)), nullptr);
+}
+
+}  // namespace
+}  // namespace kalmo::test

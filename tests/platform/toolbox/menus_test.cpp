@@ -1,0 +1,133 @@
+#include <QTest>
+
+#include "interface.h"
+#include "toolbox/menus.h"
+
+namespace kalmo::test {
+namespace {
+
+/// A popup from an interface file with the items One, -, Three (disabled), Four.
+class Popup : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(interface.open(), noErr);
+        Append("One", kMenuItemPlain);
+        AppendMenuItemTextWithCFString(menu(), nullptr, kMenuItemSeparator, 0, nullptr);
+        Append("Three", kMenuItemDisabled);
+        Append("Four", kMenuItemPlain);
+        InstallControlEventHandler(control(), Recorder::Handle, 1, &kHit, &recorder, nullptr);
+    }
+
+    void Append(const char* text, UInt32 attributes) {
+        AppendMenuItemTextWithCFString(menu(), CFStringMakeConstant(text), attributes, 0, nullptr);
+    }
+    [[nodiscard]] std::string text(UInt16 item) {
+        return CFStringToUTF8(Owned<CFStringRef>::Adopt(CopyMenuItemTextAsCFString(menu(), item)));
+    }
+    [[nodiscard]] ControlRef control() { return interface.control(1); }
+    [[nodiscard]] MenuRef menu() { return GetControlPopupMenu(control()); }
+    [[nodiscard]] QComboBox& box() { return *interface.widget<QComboBox>(1); }
+
+    Interface interface { WindowFile(Geometry(0, 0, 200, 100) + WidgetText("QComboBox", 1)) };
+    std::string record;
+    Recorder recorder{'h', &record};
+};
+
+TEST_F(Popup, KeysPassOverWhatCannotBeChosen) {
+    QTest::keyClick(&box(), Qt::Key_Down);
+    EXPECT_EQ(GetControl32BitValue(control()), 4);
+    QTest::keyClick(&box(), Qt::Key_Home);
+    EXPECT_EQ(GetControl32BitValue(control()), 1);
+    EXPECT_EQ(record, "hh");
+    SetControl32BitValue(control(), 2);
+    EXPECT_EQ(GetControl32BitValue(control()), 1) << "not by code either";
+    EnableMenuItem(menu(), 2);
+    EXPECT_FALSE(IsMenuItemEnabled(menu(), 2));
+    EnableMenuItem(menu(), 3);
+    QTest::keyClick(&box(), Qt::Key_Down);
+    EXPECT_EQ(GetControl32BitValue(control()), 3);
+}
+
+TEST_F(Popup, OpensWithTheKeyboardAfterAskingForItsItems) {
+    const EventTypeSpec populate = {kEventClassMenu, kEventMenuPopulate};
+    InstallControlEventHandler(
+        control(),
+        [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
+            return AppendMenuItemTextWithCFString(GetControlPopupMenu(GetEventControl(event)),
+                                                  CFSTR("Five"), kMenuItemPlain, 0, nullptr);
+        },
+        1, &populate, nullptr, nullptr);
+    interface.windowWidget()->show();
+    QTest::keyClick(&box(), Qt::Key_Space);
+    ASSERT_TRUE(box().view()->isVisible());
+    EXPECT_EQ(CountMenuItems(menu()), 5);
+    QTest::keyClick(box().view(), Qt::Key_End);
+    QTest::keyClick(box().view(), Qt::Key_Return);
+    EXPECT_EQ(GetControl32BitValue(control()), 5);
+    EXPECT_EQ(record, "h");
+}
+
+TEST_F(Popup, WheelGoesToTheViewBehind) {
+    interface.windowWidget()->show();
+    box().setFocus();
+    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&box(), &wheel);
+    EXPECT_FALSE(wheel.isAccepted());
+    EXPECT_EQ(GetControl32BitValue(control()), 1);
+}
+
+TEST_F(Popup, ReferencesAndCommandsBelongToItems) {
+    ItemReference reference = 1;
+    EXPECT_EQ(GetMenuItemRefCon(menu(), 4, &reference), noErr);
+    EXPECT_EQ(reference, 0) << "none yet";
+    SetMenuItemRefCon(menu(), 4, -6);
+    SetMenuItemRefCon(menu(), 0, reinterpret_cast<ItemReference>(this));
+    SetMenuItemCommandID(menu(), 4, 'KWmB');
+    DeleteMenuItem(menu(), 1);
+    UInt32 command = 0;
+    EXPECT_EQ(GetMenuItemCommandID(menu(), 3, &command), noErr);
+    EXPECT_EQ(command, UInt32{'KWmB'});
+    EXPECT_EQ(GetMenuItemRefCon(menu(), 3, &reference), noErr);
+    EXPECT_EQ(reference, -6);
+    EXPECT_EQ(GetMenuItemRefCon(menu(), 0, &reference), noErr);
+    EXPECT_EQ(reference, reinterpret_cast<ItemReference>(this));
+    EXPECT_EQ(GetMenuItemRefCon(menu(), 4, &reference), paramErr);
+    EXPECT_EQ(SetMenuItemCommandID(menu(), 0, 1), paramErr);
+}
+
+TEST_F(Popup, ItemsGoInAndOutAnywhere) {
+    InsertMenuItemTextWithCFString(menu(), CFSTR("First"), 0, kMenuItemPlain, 0);
+    InsertMenuItemTextWithCFString(menu(), CFSTR("-"), 99, kMenuItemPlain, 0);
+    EXPECT_EQ(text(1), "First");
+    EXPECT_EQ(text(6), "-");
+    EXPECT_FALSE(IsMenuItemSeparator(menu(), 6));
+    EXPECT_TRUE(IsMenuItemSeparator(menu(), 3));
+    EXPECT_EQ(GetControl32BitValue(control()), 2) << "the choice moves with its item";
+    EXPECT_EQ(DeleteMenuItems(menu(), 7, 1), paramErr);
+    EXPECT_EQ(DeleteMenuItems(menu(), 0, 1), paramErr);
+    EXPECT_EQ(DeleteMenuItems(menu(), 2, 0xFFFFFFFF), noErr);
+    EXPECT_EQ(CountMenuItems(menu()), 1);
+    EXPECT_EQ(DeleteMenuItems(menu(), 1, 1), noErr);
+    EXPECT_EQ(GetControl32BitValue(control()), 0);
+    EXPECT_EQ(DeleteMenuItems(menu(), 1, CountMenuItems(menu())), noErr) << "an empty menu";
+    EXPECT_EQ(AppendMenuItemTextWithCFString(menu(), nullptr, kMenuItemPlain, 0, nullptr),
+              paramErr);
+    EXPECT_EQ(record, "");
+}
+
+TEST(Menus, StandAlone) {
+    const MenuRef menu = CreateNewMenu();
+    UInt16 item = 0;
+    EXPECT_EQ(AppendMenuItemTextWithCFString(menu, CFSTR("a"), kMenuItemPlain, 'KSte', &item),
+              noErr);
+    EXPECT_EQ(item, 1);
+    CheckMenuItem(menu, 1, true);
+    DisableMenuItem(menu, 1);
+    EXPECT_FALSE(IsMenuItemEnabled(menu, 1));
+    DisposeMenu(menu);
+    DisposeMenu(nullptr);
+}
+
+}  // namespace
+}  // namespace kalmo::test
