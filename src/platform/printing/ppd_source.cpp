@@ -18,6 +18,44 @@ struct CloseFile {
 };
 using CupsFile = std::unique_ptr<cups_file_t, CloseFile>;
 
+/// libcups' time grows with the square of these; far more than any printer needs still takes it no
+/// longer than a few seconds.
+struct LineLimit {
+    std::string_view start;
+    std::size_t most;
+    const char* what;
+};
+constexpr LineLimit kLineLimits[] = {
+    {"*", 60000, "lines"},
+    {"*PageSize ", 2000, "paper sizes"},
+    {"*PaperDimension ", 2000, "paper sizes"},
+    {"*ImageableArea ", 2000, "paper sizes"},
+    {"*OpenGroup", 2000, "groups"},
+    {"*OpenSubGroup", 2000, "groups"},
+};
+
+/// The line with its end, taken off the front of `text`, which is not empty.
+std::string_view TakeLine(std::string_view* text) {
+    const std::size_t end = text->find_first_of("\r\n");
+    const std::string_view line = text->substr(0, end == std::string_view::npos ? end : end + 1);
+    text->remove_prefix(line.size());
+    return line;
+}
+
+/// The limit that the text exceeds, or null.
+const LineLimit* ExceededLimit(std::string_view text) {
+    std::array<std::size_t, std::size(kLineLimits)> counts{};
+    while (!text.empty()) {
+        const std::string_view line = TakeLine(&text);
+        for (std::size_t i = 0; i < counts.size(); ++i) {
+            if (line.starts_with(kLineLimits[i].start) && ++counts[i] > kLineLimits[i].most) {
+                return &kLineLimits[i];
+            }
+        }
+    }
+    return nullptr;
+}
+
 std::nullopt_t Refuse(std::string* reason, std::string why) {
     if (reason) *reason = std::move(why);
     return std::nullopt;
@@ -57,8 +95,9 @@ std::optional<std::string> ReadPPDText(const std::string& path, std::string* rea
     }
     // libcups asks the same; here it also keeps a packed file within a packed file out.
     if (!text.starts_with("*PPD-Adobe")) return Refuse(reason, "this is no PPD file");
-    if (std::ranges::count(text, '\n') > static_cast<std::ptrdiff_t>(kPPDMaximumLines)) {
-        return Refuse(reason, "this is no PPD file: it has more than 100000 lines");
+    if (const LineLimit* limit = ExceededLimit(text)) {
+        return Refuse(reason, std::string("this PPD file has more than ") +
+                                  std::to_string(limit->most) + ' ' + limit->what);
     }
     return text;
 }
@@ -71,9 +110,7 @@ std::string MarkTranslations(std::string_view text, const std::vector<std::strin
     std::string marked;
     marked.reserve(text.size());
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size() - 1) + 1;
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(end);
+        std::string_view line = TakeLine(&text);
         const std::size_t dot = line.front() == '*' ? line.find('.') : std::string_view::npos;
         if (dot != std::string_view::npos) {
             const auto language = std::ranges::find(names, line.substr(1, dot - 1));

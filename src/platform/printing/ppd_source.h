@@ -8,7 +8,6 @@
 
 /// More than any maker's PPD file with all its translations.
 inline constexpr std::size_t kPPDMaximumBytes = 8u << 20;
-inline constexpr std::size_t kPPDMaximumLines = 100'000;
 /// One letter marks each language.
 inline constexpr std::size_t kPPDMaximumLanguages = 26;
 
