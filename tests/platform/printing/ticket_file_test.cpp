@@ -1,0 +1,141 @@
+// Ticket files: what was read is written, to the bit; what is no ticket changes nothing.
+#include <gtest/gtest.h>
+
+#include "foundation/property_list.h"
+#include "printing/ticket.h"
+#include "printing/ticket_file.h"
+
+namespace {
+
+std::string Plist(const std::string& body) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + body +
+           "</plist>\n";
+}
+
+/// Numbers that have the same value and yet are another kind tell the kinds apart.
+const std::string kEveryType = Plist(
+    "<dict><key>PrintSettings</key><dict>"
+    "<key>true</key><true/><key>one</key><integer>1</integer><key>onePointZero</key><real>1.0</"
+    "real>"
+    "<key>big</key><integer>9223372036854775807</integer><key>least</key>"
+    "<integer>-9223372036854775808</integer><key>third</key><real>0.33333333333333331</real>"
+    "<key>text</key><string>a\tb &lt;&amp;&gt; \xC3\xA4 \xF0\x9F\x96\xA8</string>"
+    "<key>date</key><date>2026-03-01T12:00:00Z</date><key>data</key><data>AAEC/w==</data>"
+    "<key>empty</key><array/><key>deep</key><dict><key>a</key><array><dict/><string/></array>"
+    "</dict></dict>"
+    "<key>PPDChoices</key><dict><key>Duplex</key><string>None</string>"
+    "<key>odd</key><integer>4</integer></dict>"
+    "<key>PageFormat</key><dict><key>orientation</key><integer>2</integer></dict>"
+    "<key>Later</key><dict><key>kept</key><false/></dict></dict>");
+
+Owned<CFDictionaryRef> Parsed(const std::string& bytes) {
+    const auto data = Owned<CFDataRef>::Adopt(CFDataCreate(
+        nullptr, reinterpret_cast<const UInt8*>(bytes.data()), static_cast<CFIndex>(bytes.size())));
+    return Owned<CFDictionaryRef>::Adopt(static_cast<CFDictionaryRef>(
+        CFPropertyListCreateFromXMLData(nullptr, data, kCFPropertyListImmutable, nullptr)));
+}
+
+CFDictionaryRef Settings(const Owned<CFDictionaryRef>& file) {
+    return static_cast<CFDictionaryRef>(CFDictionaryGetValue(file, CFSTR("PrintSettings")));
+}
+
+class TicketFile : public testing::Test {
+protected:
+    Owned<PMPrintSession> session = Owned<PMPrintSession>::Adopt(PMSessionCreate());
+    PMTicketRef settings = PMSessionGetTicket(session, kPMPrintSettingsTicket);
+    std::string reason;
+};
+
+TEST_F(TicketFile, KeepsEveryValueAndUnknownKeys) {
+    ASSERT_TRUE(ReadTicketFile(session, kEveryType, &reason)) << reason;
+    const std::string written = WriteTicketFile(session, nullptr);
+    const auto file = Parsed(written);
+    EXPECT_TRUE(CFEqual(file, Parsed(kEveryType)));
+    // Equality of numbers is by value, so the kinds are looked at as well.
+    const auto kindOf = [&](CFStringRef key) {
+        return CFNumberIsFloatType(
+            static_cast<CFNumberRef>(CFDictionaryGetValue(Settings(file), key)));
+    };
+    EXPECT_EQ(CFDictionaryGetValue(Settings(file), CFSTR("true")), kCFBooleanTrue);
+    EXPECT_FALSE(kindOf(CFSTR("one")));
+    EXPECT_TRUE(kindOf(CFSTR("onePointZero")));
+    // A second time round nothing moves.
+    ASSERT_TRUE(ReadTicketFile(session, written, &reason)) << reason;
+    EXPECT_EQ(WriteTicketFile(session, nullptr), written);
+}
+
+TEST_F(TicketFile, ReplacesWhatTheTicketsHeld) {
+    CFMutableDictionaryRef choices = nullptr;
+    ASSERT_EQ(PMTicketGetPPDDict(settings, &choices), noErr);
+    CFDictionarySetValue(choices, CFSTR("Old"), CFSTR("Choice"));
+    ASSERT_EQ(PMTicketSetSInt32(settings, CFSTR("K"), CFSTR("old"), 1, true), noErr);
+    ASSERT_TRUE(ReadTicketFile(session, kEveryType, &reason));
+    EXPECT_FALSE(PMTicketContainsItem(settings, CFSTR("old")));
+    EXPECT_EQ(PMTicketSetSInt32(settings, CFSTR("K"), CFSTR("old"), 2, false), noErr);
+    // Whoever was lent the PPD dictionary sees the new choices in it.
+    EXPECT_FALSE(CFDictionaryContainsKey(choices, CFSTR("Old")));
+    EXPECT_TRUE(CFEqual(CFDictionaryGetValue(choices, CFSTR("Duplex")), CFSTR("None")));
+    // Keys of an earlier file do not get into a later one.
+    ASSERT_TRUE(ReadTicketFile(session, Plist("<dict/>"), &reason)) << reason;
+    EXPECT_EQ(WriteTicketFile(session, nullptr).find("Later"), std::string::npos);
+    EXPECT_EQ(CFDictionaryGetCount(choices), 0);
+}
+
+TEST_F(TicketFile, CarriesANonceOnlyWhenItIsAdded) {
+    const std::string old = Plist(
+        "<dict><key>PrintSettings</key><dict><key>com.kalmo.print.nonce</key><data>AAAA</data>"
+        "</dict></dict>");
+    ASSERT_TRUE(ReadTicketFile(session, old, &reason)) << reason;
+    EXPECT_EQ(WriteTicketFile(session, nullptr).find("nonce"), std::string::npos);
+    const auto extra = Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(nullptr, 0));
+    CFDictionarySetValue(extra, CFSTR("com.kalmo.print.nonce"), CFSTR("fresh"));
+    const auto file = Parsed(WriteTicketFile(session, extra));
+    EXPECT_TRUE(CFEqual(CFDictionaryGetValue(Settings(file), CFSTR("com.kalmo.print.nonce")),
+                        CFSTR("fresh")));
+    EXPECT_FALSE(PMTicketContainsItem(settings, CFSTR("com.kalmo.print.nonce")));
+}
+
+TEST_F(TicketFile, RefusesInOneLineAndChangesNothing) {
+    ASSERT_TRUE(ReadTicketFile(session, kEveryType, &reason));
+    const std::string before = WriteTicketFile(session, nullptr);
+    std::string deep;
+    for (int i = 0; i < 600; ++i) deep = "<array>" + deep + "</array>";
+    const struct {
+        const char* why;
+        std::string bytes;
+    } kRows[] = {
+        {"empty", ""},
+        {"no XML", "%PDF-1.7\n"},
+        {"cut short", kEveryType.substr(0, kEveryType.size() / 2)},
+        {"an array", Plist("<array/>")},
+        {"settings that are a string", Plist("<dict><key>PrintSettings</key><string/></dict>")},
+        {"choices that are an array", Plist("<dict><key>PPDChoices</key><array/></dict>")},
+        {"page format that is a number", Plist("<dict><key>PrintSettings</key><dict/>"
+                                               "<key>PageFormat</key><integer>1</integer></dict>")},
+        {"too deep", Plist("<dict><key>X</key>" + deep + "</dict>")},
+        {"too large", std::string(kPropertyListMaximumBytes + 1, ' ')},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.why);
+        reason.clear();
+        EXPECT_FALSE(ReadTicketFile(session, row.bytes, &reason));
+        EXPECT_FALSE(reason.empty());
+        EXPECT_EQ(reason.find('\n'), std::string::npos);
+        EXPECT_EQ(WriteTicketFile(session, nullptr), before);
+    }
+    EXPECT_FALSE(ReadTicketFile(nullptr, kEveryType, nullptr));
+    EXPECT_EQ(WriteTicketFile(nullptr, nullptr), "");
+}
+
+TEST_F(TicketFile, LeavesNothingBehind) {
+    const std::size_t alive = CFLiveValueCount();
+    {
+        const auto other = Owned<PMPrintSession>::Adopt(PMSessionCreate());
+        ASSERT_TRUE(ReadTicketFile(other, kEveryType, &reason));
+        ASSERT_FALSE(ReadTicketFile(other, Plist("<array/>"), &reason));
+        ASSERT_FALSE(WriteTicketFile(other, nullptr).empty());
+    }
+    EXPECT_EQ(CFLiveValueCount(), alive);
+}
+
+}  // namespace

@@ -1,0 +1,188 @@
+// The machine's services: names, routes, help books, and words without a window.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "foundation/collections.h"
+#include "support/bundles.h"
+#include "support/private_home.h"
+#include "system/machine_files.h"
+#include "system/presence.h"
+#include "system/system.h"
+
+namespace {
+
+using kalmo::test::WriteFile;
+
+Owned<CFStringRef> String(std::string_view text) {
+    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(text));
+}
+
+TEST(MachineFiles, PrettyHostNameIsReadAsAShellWould) {
+    const struct {
+        const char* text;
+        const char* name;
+    } kRows[] = {
+        {"PRETTY_HOSTNAME=\"Ada's desk\"\n", "Ada's desk"},
+        {"# PRETTY_HOSTNAME=x\nICON_NAME=computer\n PRETTY_HOSTNAME='a \\ b'\r\n", "a \\ b"},
+        {"PRETTY_HOSTNAME=\"a \\\"b\\\" \\$c\"", "a \"b\" $c"},
+        {"PRETTY_HOSTNAME=one\nPRETTY_HOSTNAME=two\n", "two"},
+        {"PRETTY_HOSTNAME=\"open\\", "open\\"},
+        {"NOT_PRETTY_HOSTNAME=x\n", ""},
+        {"", ""},
+    };
+    for (const auto& row : kRows) EXPECT_EQ(PrettyHostName(row.text), row.name) << row.text;
+}
+
+TEST(MachineFiles, PrimaryInterfaceHasTheDefaultRouteOfLeastMetric) {
+    const std::string head =
+        "Iface\tDestination\tGateway\tFlags\tRefCnt\tUse\tMetric\tMask\tMTU\tWindow\tIRTT\n";
+    const std::string wlan = "wlan0\t00000000\t0101A8C0\t0003\t0\t0\t600\t00000000\t0\t0\t0\n";
+    const std::string wire = "enp3s0\t00000000\t0101A8C0\t0003\t0\t0\t100\t00000000\t0\t0\t0\n";
+    const std::string lan = "eth9\t0000A8C0\t00000000\t0001\t0\t0\t0\t00FFFFFF\t0\t0\t0\n";
+    const std::string half = "tun0\t00000000\t0101A8C0\t0003\t0\t0\t0\t00000080\t0\t0\t0\n";
+    const std::string refused = "eth8\t00000000\t00000000\t0201\t0\t0\t0\t00000000\t0\t0\t0\n";
+    const std::string down = "eth7\t00000000\t00000000\t0002\t0\t0\t0\t00000000\t0\t0\t0\n";
+    const std::string loop = "lo\t00000000\t00000000\t0001\t0\t0\t0\t00000000\t0\t0\t0\n";
+    EXPECT_EQ(DefaultRouteInterface(head + lan + wlan + half + wire + refused + down + loop),
+              "enp3s0");
+    EXPECT_EQ(DefaultRouteInterface(head + lan + half + refused + down + loop), "");
+    EXPECT_EQ(DefaultRouteInterface(head + "wlan0\t0000"), "");
+    EXPECT_EQ(DefaultRouteInterface(""), "");
+}
+
+TEST(System, KnowsTheUserByTheRealUserID) {
+    setenv("USER", "somebody-else", 1);
+    setenv("LOGNAME", "somebody-else", 1);
+    const auto user = Owned<CFStringRef>::Adopt(CopyConsoleUser());
+    EXPECT_NE(CFStringToUTF8(user), "somebody-else");
+    if (getuid() == 0) {
+        EXPECT_EQ(CFStringToUTF8(user), "root");
+    }
+    EXPECT_NE(CFStringToUTF8(Owned<CFStringRef>::Adopt(CopyComputerName())), "");
+}
+
+TEST(System, DynamicStoreKnowsTwoKeys) {
+    const auto lookUp = [](CFStringRef key) {
+        return Owned<CFTypeRef>::Adopt(CopyDynamicStoreValue(CFSTR("KPDE"), key));
+    };
+    const auto loopback = lookUp(CFSTR("State:/Network/Interface/lo/IPv4"));
+    ASSERT_TRUE(loopback);
+    const auto* addresses = static_cast<CFArrayRef>(
+        CFDictionaryGetValue(static_cast<CFDictionaryRef>(loopback.get()), CFSTR("Addresses")));
+    ASSERT_GE(CFArrayGetCount(addresses), 1);
+    EXPECT_TRUE(CFEqual(CFArrayGetValueAtIndex(addresses, 0), CFSTR("127.0.0.1")));
+    for (const char* unknown :
+         {"State:/Network/Interface/none/IPv4", "State:/Network/Interface//IPv4",
+          "State:/Network/Interface/IPv4", "State:/Network/Global/IPv6", ""}) {
+        EXPECT_FALSE(lookUp(String(unknown))) << unknown;
+    }
+    EXPECT_FALSE(lookUp(nullptr));
+}
+
+class HelpBook : public testing::Test {
+protected:
+    HelpBook() {
+        folder_ = kalmo::test::WriteBundle(
+            kalmo::test::MakeFolder("help"), "Book", "com.kalmo.test.book",
+            {{"Resources/en.lproj/Help/index.htm", "<a name=\"top\">English</a>"},
+             {"Resources/de.lproj/Help/index.htm", "<p>Deutsch</p>"},
+             {"Resources/de.lproj/Help/paper/trays.htm",
+              "<h2 id=\"tray-1\">Fach</h2><a name=\"tray\">x</a>"},
+             {"Resources/de.lproj/secret.htm", "<a name=\"secret\">x</a>"}});
+        const auto help = folder_ / "Contents/Resources/de.lproj/Help";
+        std::filesystem::create_symlink("../secret.htm", help / "link.htm");
+        setInfo(
+            "<key>CFBundleHelpBookName</key><string>Test Help</string>"
+            "<key>CFBundleHelpBookFolder</key><string>Help</string>");
+        setenv("LC_ALL", "de_DE.UTF-8", 1);
+        InstallPresence({.helpPage = [this](CFStringRef path, CFStringRef anchor) {
+            shown_ = CFStringToUTF8(path);
+            anchor_ = CFStringToUTF8(anchor);
+            return noErr;
+        }});
+    }
+    ~HelpBook() override {
+        setenv("LC_ALL", "C.UTF-8", 1);
+        InstallPresence(UnattendedPresence());
+    }
+    void setInfo(const std::string& entries) const {
+        WriteFile(folder_ / "Contents/Info.plist",
+                  "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>" +
+                      entries + "</dict></plist>\n");
+    }
+    [[nodiscard]] OSStatus registerBook() const {
+        const auto bundle = Owned<CFBundleRef>::Adopt(kalmo::test::OpenBundle(folder_));
+        return AHRegisterHelpBook(bundle);
+    }
+
+    std::filesystem::path folder_;
+    std::string shown_, anchor_;
+};
+
+TEST_F(HelpBook, OpensPagesOfTheUsersLanguage) {
+    ASSERT_EQ(registerBook(), noErr);
+    EXPECT_EQ(AHGotoPage(CFSTR("Test Help"), nullptr, nullptr), noErr);
+    EXPECT_TRUE(shown_.ends_with("/de.lproj/Help/index.htm")) << shown_;
+    EXPECT_EQ(AHGotoPage(CFSTR("Test Help"), CFSTR("paper/trays.htm"), CFSTR("tray-1")), noErr);
+    EXPECT_TRUE(shown_.ends_with("/Help/paper/trays.htm")) << shown_;
+    EXPECT_EQ(anchor_, "tray-1");
+    EXPECT_EQ(AHGotoPage(CFSTR("Other Help"), nullptr, nullptr), fnfErr);
+}
+
+TEST_F(HelpBook, NoPageLiesOutsideTheBook) {
+    ASSERT_EQ(registerBook(), noErr);
+    const std::string secret = (folder_ / "Contents/Resources/de.lproj/secret.htm").string();
+    for (const std::string& page :
+         {std::string("../secret.htm"), std::string("paper/../../secret.htm"), secret,
+          std::string("link.htm"), std::string("paper"), std::string("."), std::string(""),
+          std::string("none.htm")}) {
+        EXPECT_EQ(AHGotoPage(CFSTR("Test Help"), String(page), nullptr), fnfErr) << page;
+    }
+    EXPECT_EQ(AHLookupAnchor(CFSTR("Test Help"), CFSTR("secret")), fnfErr);
+    EXPECT_EQ(shown_, "");
+}
+
+TEST_F(HelpBook, FindsAnchorsExactly) {
+    ASSERT_EQ(registerBook(), noErr);
+    for (const char* anchor : {"tray", "tray-1"}) {
+        EXPECT_EQ(AHLookupAnchor(CFSTR("Test Help"), String(anchor)), noErr) << anchor;
+        EXPECT_TRUE(shown_.ends_with("trays.htm"));
+        EXPECT_EQ(anchor_, anchor);
+    }
+    for (const char* anchor : {"tra", "Tray", "top", ""}) {
+        EXPECT_EQ(AHLookupAnchor(CFSTR("Test Help"), String(anchor)), fnfErr) << anchor;
+    }
+    EXPECT_EQ(AHLookupAnchor(CFSTR("Test Help"), nullptr), fnfErr);
+}
+
+TEST_F(HelpBook, IsNotRegisteredWithoutNameAndFolder) {
+    const std::string name = "<key>CFBundleHelpBookName</key><string>Bad Help</string>";
+    for (const char* folder : {"", "<key>CFBundleHelpBookFolder</key><integer>1</integer>",
+                               "<key>CFBundleHelpBookFolder</key><string>None</string>",
+                               "<key>CFBundleHelpBookFolder</key><string>../de.lproj</string>",
+                               "<key>CFBundleHelpBookFolder</key><string>secret.htm</string>"}) {
+        setInfo(name + folder);
+        EXPECT_EQ(registerBook(), fnfErr) << folder;
+    }
+    setInfo("<key>CFBundleHelpBookFolder</key><string>Help</string>");
+    EXPECT_EQ(registerBook(), fnfErr);
+    EXPECT_EQ(AHRegisterHelpBook(nullptr), fnfErr);
+    EXPECT_EQ(AHGotoPage(CFSTR("Bad Help"), nullptr, nullptr), fnfErr);
+}
+
+TEST(Presence, UnattendedWritesOneLineAndAnswersCancel) {
+    const Presence presence = UnattendedPresence();
+    testing::internal::CaptureStderr();
+    presence.notice(CFSTR("No\npaper"), CFSTR("Fill\r\n\ttray 1.\n\x1b[2J"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "No paper: Fill tray 1. [2J\n");
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(presence.alert({.header = CFSTR("Too long"), .defaultButton = CFSTR("OK")}));
+    presence.beep();
+    EXPECT_EQ(presence.helpPage(CFSTR("/page"), nullptr), fnfErr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Too long\n");
+    EXPECT_FALSE(presence.modalLoopsRun);
+}
+
+}  // namespace
