@@ -45,6 +45,9 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     app.add_flag("--print-first-frame", into.printFirstFrame,
                  "Once the dialog has painted, write when and how much memory, and exit")
         ->excludes(noDialog);
+    app.add_option("--color-scheme", into.colorScheme, "The window's colours (default auto)")
+        ->check(CLI::IsMember({"auto", "light", "dark"}))
+        ->option_text("auto|light|dark");
     app.add_flag("--list-printers", into.listPrinters, "List the queues and exit");
     app.set_version_flag("--version", "kalmo-print " KALMO_VERSION);
     printer->excludes(ppd);

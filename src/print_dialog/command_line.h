@@ -22,6 +22,7 @@ struct CommandLine {
     std::string writeTicket;  // "-": standard output
     std::string output;       // a folder instead of a queue
     std::vector<std::string> panels;
+    std::string colorScheme = "auto";  // "light", "dark"; "auto": the desktop's
     Phase phase = Phase::open;
     bool noDialog = false;
     bool printFirstFrame = false;

@@ -1,12 +1,109 @@
 // The Print dialog: form and preview of the document, and the printer's own pane.
 #pragma once
 
+#include <QBoxLayout>
+#include <QDialog>
+#include <QPointer>
+#include <QPushButton>
+#include <memory>
+
 #include "print_dialog/command_line.h"
+#include "print_dialog/document.h"
+#include "print_dialog/job.h"
+#include "print_dialog/job_input.h"
+#include "print_dialog/pane_view.h"
+#include "print_dialog/preview.h"
+#include "print_dialog/print_job_host.h"
+#include "print_dialog/printers.h"
+#include "print_dialog/sending_bar.h"
+#include "print_dialog/settings_form.h"
 
 namespace kalmo {
 
-/// Shows the dialog and runs until it is closed. A QApplication must be running. Messages that
-/// belong to the command line (a broken ticket file, say) go to standard error before any window.
+/// Shows the dialog and runs until it is closed. A QApplication must be running. What is wrong with
+/// the command line goes to standard error before any window.
 [[nodiscard]] ExitCode RunPrintWindow(const CommandLine& commandLine);
+
+class PrintWindow final : public QDialog {
+    Q_OBJECT
+public:
+    explicit PrintWindow(const CommandLine& commandLine);
+    ~PrintWindow() override;
+
+    /// Opens what the command line names and needs no server. Not kExitDone: it cannot be, and
+    /// standard error says why.
+    [[nodiscard]] ExitCode prepare();
+    /// Asks the print server for its printers.
+    void findPrinters();
+    /// How it ended; cancelled until something was printed.
+    [[nodiscard]] ExitCode exitCode() const { return exitCode_; }
+    /// Takes the place of the document shown.
+    void openDocument(const std::filesystem::path& file);
+
+    /// Closes at once, or as soon as a job on its way is called back.
+    void stop();
+    /// Escape, the Cancel button and closing: stops the sending, else the dialog.
+    void reject() override;
+
+Q_SIGNALS:
+    /// The first frame is on the screen.
+    void firstPainted();
+
+protected:
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void createWidgets();
+    QLayout* createButtons();
+    void connectWidgets();
+    void chooseDirection();
+
+    void showPrinters(const PrinterList& list);
+    void chooseDestination();
+    void openQueue(const std::string& queue);
+    void usePrinter(const PrinterDescription& found);
+    void openPane();
+    void closePane();
+
+    void askForDocument();
+    void documentChanged();
+    void settingsChanged();
+    void updatePrint();
+
+    void print();
+    [[nodiscard]] JobRequest jobRequest() const;
+    void setSending(bool sending);
+    void finishJob(const JobResult& result);
+    void showHelp();
+
+    const CommandLine commandLine_;
+    ExitCode exitCode_ = kExitCancelled;
+    InputDocument input_;
+    PrintJobHost host_;
+    Printers printers_;
+    Document document_;
+
+    QWidget* body_ = nullptr;
+    QBoxLayout* left_ = nullptr;
+    SettingsForm* form_ = nullptr;
+    Preview* preview_ = nullptr;
+    PaneView* pane_ = nullptr;
+    SendingBar* bar_ = nullptr;
+    QPushButton* help_ = nullptr;
+    QPushButton* cancel_ = nullptr;
+    QPushButton* print_ = nullptr;
+
+    bool extensionLoaded_ = false;
+    bool painted_ = false;
+    bool stopping_ = false;
+    std::string openingQueue_;  // asked for, not yet answered
+    QPointer<QWidget> focusBefore_;
+    /// The bytes being printed outlive the job's worker.
+    std::shared_ptr<const PrivateCopy> printed_;
+    std::unique_ptr<Job> job_;
+};
 
 }  // namespace kalmo

@@ -1,0 +1,63 @@
+// Where the job goes: a queue of the print server, or a folder.
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace kalmo {
+
+struct Destination {
+    enum class Kind { queue, folder };
+    Kind kind = Kind::folder;
+    std::string queue;
+    QString text;    // as the list shows it
+    QString status;  // the line below
+    bool operator==(const Destination&) const = default;
+};
+
+/// The list of printers ends with "Save to folder", which is always there.
+class DestinationChoice final : public QWidget {
+    Q_OBJECT
+public:
+    explicit DestinationChoice(QWidget* parent = nullptr);
+
+    /// The choice stays when the list still has it. `notice` (why there are no queues) shows below
+    /// when it does not say anything about the choice itself.
+    void setQueues(std::vector<Destination> queues, const QString& notice);
+    /// No effect when there is no such queue; empty: "Save to folder".
+    void chooseQueue(const std::string& queue);
+    void setFolder(const std::filesystem::path& folder);
+    /// What is going on with the chosen one; empty: its own status.
+    void setStatus(const QString& status);
+
+    [[nodiscard]] const Destination& current() const;
+    [[nodiscard]] const std::vector<Destination>& destinations() const { return destinations_; }
+    [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
+    /// For the label.
+    [[nodiscard]] QComboBox* list() const { return list_; }
+
+Q_SIGNALS:
+    /// The user has chosen another one.
+    void chosen();
+
+private:
+    void fillList();
+    void showCurrent();
+    void askForFolder();
+
+    std::vector<Destination> destinations_;
+    QString notice_, status_;
+    std::filesystem::path folder_;
+    QComboBox* list_;
+    QLabel* note_;
+    QWidget* folderRow_;
+    QLabel* folderName_;
+    QPushButton* chooseFolder_;
+};
+
+}  // namespace kalmo

@@ -1,0 +1,78 @@
+#include "print_dialog/pane_view.h"
+
+#include <QScreen>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include "print_dialog/widgets.h"
+#include "toolbox/host.h"
+
+namespace kalmo {
+namespace {
+
+/// What the pane asks for before it has been asked.
+constexpr QSize kUsualPane(540, 491);
+/// Room that the window's other parts and the desktop's bars take from the screen.
+constexpr QSize kAround(420, 200);
+
+/// As large as its contents; scrolls only where the screen has no room for that.
+class ScreenScroll final : public QScrollArea {
+public:
+    using QScrollArea::QScrollArea;
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        if (!widget()) return kUsualPane;
+        const QSize contents = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+        const QSize room = screen()->availableSize() - kAround;
+        const QSize fitting = contents.boundedTo(room);
+        const int bar = verticalScrollBar()->sizeHint().width();
+        return {fitting.width() + (fitting.height() < contents.height() ? bar : 0),
+                fitting.height()};
+    }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const bool handled = QScrollArea::eventFilter(object, event);
+        if (object == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+        return handled;
+    }
+};
+
+}  // namespace
+
+PaneView::PaneView(QWidget* parent)
+    : QWidget(parent), scroll_(new ScreenScroll(this)), reason_(new QLabel(this)) {
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->hide();
+    reason_->setWordWrap(true);
+    reason_->setAlignment(Qt::AlignCenter);
+    reason_->setMargin(2 * kRowGap);
+    reason_->setMinimumWidth(240);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(scroll_);
+    layout->addWidget(reason_);
+}
+
+ControlRef PaneView::createEmbedder() {
+    embedder_ = new QWidget;
+    embedder_->resize(kUsualPane);
+    scroll_->setWidget(embedder_);
+    return ControlFromWidget(embedder_);
+}
+
+void PaneView::showPane(int width, int height) {
+    embedder_->setMinimumSize(width, height);
+    reason_->hide();
+    scroll_->show();
+}
+
+void PaneView::showReason(const QString& reason) {
+    scroll_->hide();
+    reason_->setText(reason);
+    reason_->show();
+}
+
+}  // namespace kalmo

@@ -1,0 +1,232 @@
+#include "print_dialog/settings_form.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLocale>
+#include <QSignalBlocker>
+#include <algorithm>
+#include <array>
+
+#include "print_dialog/sheet_layout.h"
+#include "print_dialog/widgets.h"
+#include "print_dialog/window_texts.h"
+
+namespace kalmo {
+namespace {
+
+constexpr int kMostCopies = 999;
+constexpr const char* kInputSlot = "InputSlot";
+constexpr const char* kColorOptions[] = {"KLMColor", "ColorModel"};
+/// Choices of a colour option that print in black, whoever made the printer.
+constexpr std::array kGreyChoices = {"BW", "Gray", "Grayscale", "KGray", "Mono", "Black"};
+
+/// For a queue that says nothing about its papers. A quarter inch stays white.
+std::vector<PPDPaper> UsualPapers() {
+    return {{"A4", "A4", 595, 842, 18, 18, 577, 824},
+            {"Letter", "US Letter", 612, 792, 18, 18, 594, 774},
+            {"A3", "A3", 842, 1191, 18, 18, 824, 1173},
+            {"A5", "A5", 420, 595, 18, 18, 402, 577},
+            {"Legal", "US Legal", 612, 1008, 18, 18, 594, 990}};
+}
+
+std::string UsualPaper() {
+    return QLocale().measurementSystem() == QLocale::MetricSystem ? "A4" : "Letter";
+}
+
+void SelectData(QComboBox* popup, const QVariant& data) {
+    popup->setCurrentIndex(std::max(0, popup->findData(data)));
+}
+
+/// Null for one that offers nothing.
+const PPDOptionTexts* FindOption(const PPDDescription& printer, std::string_view keyword) {
+    const auto found = std::ranges::find(printer.options, keyword, &PPDOptionTexts::keyword);
+    return found == printer.options.end() || found->choices.empty() ? nullptr : &*found;
+}
+
+}  // namespace
+
+std::string ColorOption(const PPDDescription& printer) {
+    const auto* found = std::ranges::find_if(
+        kColorOptions, [&](const char* name) { return FindOption(printer, name); });
+    return found == std::end(kColorOptions) ? std::string() : *found;
+}
+
+SettingsForm::SettingsForm(QWidget* parent)
+    : QWidget(parent),
+      rows_(new QFormLayout(this)),
+      destination_(new DestinationChoice(this)),
+      pages_(new PagesChoice(this)) {
+    rows_->setContentsMargins(0, 0, 0, 0);
+    rows_->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    rows_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    rows_->setVerticalSpacing(kRowGap);
+    rows_->setHorizontalSpacing(8);
+
+    addRow("Printer:", destination_, destination_->list());
+    QWidget* copies = createCopies();
+    addRow("Copies:", copies, copies_);
+    addRow("Pages:", pages_, nullptr);
+    papers_ = addPopup("Paper:", &JobSettings::paper);
+    addRow("Orientation:", createOrientation(), nullptr);
+    colors_ = addPopup("Color:", &JobSettings::colorChoice);
+    sources_ = addPopup("Paper source:", &JobSettings::inputSlot);
+    createPagesPerSheet();
+
+    connect(pages_, &PagesChoice::changed, this, [this] {
+        if (const auto pages = pages_->pages()) settings_.pages = *pages;
+        Q_EMIT changed();
+    });
+    setPrinter({}, {});
+}
+
+void SettingsForm::addRow(const char* labelKey, QWidget* field, QWidget* buddy) {
+    auto* label = new QLabel(WindowText(labelKey), this);
+    label->setBuddy(buddy);
+    rows_->addRow(label, field);
+}
+
+QComboBox* SettingsForm::addPopup(const char* labelKey, std::string JobSettings::*value) {
+    auto* popup = new QComboBox(this);
+    popup->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    popup->setMinimumContentsLength(16);
+    addRow(labelKey, popup, popup);
+    connect(popup, &QComboBox::activated, this, [this, popup, value] {
+        settings_.*value = popup->currentData().toString().toStdString();
+        Q_EMIT changed();
+    });
+    return popup;
+}
+
+QWidget* SettingsForm::createCopies() {
+    auto* row = new QWidget(this);
+    copies_ = new QSpinBox(row);
+    copies_->setRange(1, kMostCopies);
+    copies_->setAccelerated(true);
+    collate_ = new QCheckBox(WindowText("Collate"), row);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kRowGap);
+    layout->addWidget(copies_);
+    layout->addWidget(collate_);
+    layout->addStretch();
+    connect(copies_, &QSpinBox::valueChanged, this, [this](int copies) {
+        settings_.copies = copies;
+        collate_->setEnabled(copies > 1);
+        Q_EMIT changed();
+    });
+    connect(collate_, &QCheckBox::toggled, this, [this](bool collate) {
+        settings_.collate = collate;
+        Q_EMIT changed();
+    });
+    return row;
+}
+
+QWidget* SettingsForm::createOrientation() {
+    auto* row = new QWidget(this);
+    portrait_ = new QRadioButton(WindowText("Portrait"), row);
+    portrait_->setIcon(QIcon(":/kalmo-print/portrait.svg"));
+    landscape_ = new QRadioButton(WindowText("Landscape"), row);
+    landscape_->setIcon(QIcon(":/kalmo-print/landscape.svg"));
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kRowGap);
+    for (QRadioButton* button : {portrait_, landscape_}) {
+        button->setIconSize({24, 24});
+        layout->addWidget(button);
+        connect(button, &QRadioButton::clicked, this, [this] {
+            orientationChosen_ = true;
+            settings_.orientation =
+                landscape_->isChecked() ? Orientation::landscape : Orientation::portrait;
+            Q_EMIT changed();
+        });
+    }
+    layout->addStretch();
+    return row;
+}
+
+void SettingsForm::createPagesPerSheet() {
+    pagesPerSheet_ = new QComboBox(this);
+    for (const int count : kPagesPerSheet) pagesPerSheet_->addItem(QString::number(count), count);
+    addRow("Pages per sheet:", pagesPerSheet_, pagesPerSheet_);
+    connect(pagesPerSheet_, &QComboBox::activated, this, [this] {
+        settings_.pagesPerSheet = pagesPerSheet_->currentData().toInt();
+        Q_EMIT changed();
+    });
+}
+
+const PPDOptionTexts* SettingsForm::option(std::string_view keyword) const {
+    return FindOption(printer_, keyword);
+}
+
+void SettingsForm::setPrinter(const PPDDescription& printer, const JobSettings& settings) {
+    printer_ = printer;
+    if (printer_.papers.empty()) {
+        printer_.papers = UsualPapers();
+        printer_.defaultPaper = UsualPaper();
+    }
+    settings_ = settings;
+    settings_.copies = std::clamp(settings_.copies, 1, kMostCopies);
+    const std::string colors = ColorOption(printer_);
+    if (settings_.colorOption != colors) settings_.colorChoice.clear();
+    settings_.colorOption = colors;
+    showSettings();
+    Q_EMIT changed();
+}
+
+void SettingsForm::showSettings() {
+    const QSignalBlocker quiet(this);
+    fillPapers();
+    takeOption(settings_.colorOption.c_str(), colors_, settings_.colorChoice);
+    takeOption(kInputSlot, sources_, settings_.inputSlot);
+    if (!option(kInputSlot)) settings_.inputSlot.clear();
+    collate_->setChecked(settings_.collate);
+    copies_->setValue(settings_.copies);
+    collate_->setEnabled(settings_.copies > 1);
+    pages_->setPages(settings_.pages);
+    (settings_.orientation == Orientation::landscape ? landscape_ : portrait_)->setChecked(true);
+    SelectData(pagesPerSheet_, settings_.pagesPerSheet);
+    settings_.pagesPerSheet = pagesPerSheet_->currentData().toInt();
+}
+
+void SettingsForm::fillPapers() {
+    papers_->clear();
+    for (const PPDPaper& paper : printer_.papers) {
+        papers_->addItem(QString::fromStdString(paper.text), QString::fromStdString(paper.keyword));
+    }
+    if (papers_->findData(QString::fromStdString(settings_.paper)) < 0) settings_.paper.clear();
+    SelectData(papers_, QString::fromStdString(settings_.paper.empty() ? printer_.defaultPaper
+                                                                       : settings_.paper));
+}
+
+void SettingsForm::takeOption(const char* keyword, QComboBox* popup, const std::string& choice) {
+    popup->clear();
+    const PPDOptionTexts* found = option(keyword);
+    rows_->setRowVisible(popup, found != nullptr);
+    if (!found) return;
+    for (const PPDChoiceText& row : found->choices) {
+        popup->addItem(QString::fromStdString(row.text), QString::fromStdString(row.keyword));
+    }
+    SelectData(popup, QString::fromStdString(choice.empty() ? found->defaultChoice : choice));
+}
+
+void SettingsForm::setDocument(int pageCount, Orientation orientation) {
+    pages_->setPageCount(pageCount);
+    if (orientationChosen_ || settings_.orientation == orientation) return;
+    settings_.orientation = orientation;
+    (orientation == Orientation::landscape ? landscape_ : portrait_)->setChecked(true);
+    Q_EMIT changed();
+}
+
+PPDPaper SettingsForm::paper() const {
+    const std::string keyword = papers_->currentData().toString().toStdString();
+    const auto found = std::ranges::find(printer_.papers, keyword, &PPDPaper::keyword);
+    return found == printer_.papers.end() ? printer_.papers.front() : *found;
+}
+
+bool SettingsForm::isGrey() const {
+    return !settings_.colorOption.empty() &&
+           std::ranges::find(kGreyChoices, colors_->currentData().toString().toStdString()) !=
+               kGreyChoices.end();
+}
+
+}  // namespace kalmo

@@ -1,0 +1,76 @@
+// The dialog's own settings, one labelled row each. What a row offers comes from the PPD file.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QWidget>
+
+#include "print_dialog/destination_choice.h"
+#include "print_dialog/job_settings.h"
+#include "print_dialog/pages_choice.h"
+#include "printing/ppd_papers.h"
+
+namespace kalmo {
+
+/// The option that prints in colour or black, empty when the printer has none.
+[[nodiscard]] std::string ColorOption(const PPDDescription& printer);
+
+class SettingsForm final : public QWidget {
+    Q_OBJECT
+public:
+    explicit SettingsForm(QWidget* parent = nullptr);
+
+    [[nodiscard]] DestinationChoice* destination() const { return destination_; }
+
+    /// Another printer: rows for what it has, `settings` where it offers them. Without papers, a
+    /// few usual ones.
+    void setPrinter(const PPDDescription& printer, const JobSettings& settings);
+    /// Another document. Its orientation counts until the user chooses one.
+    void setDocument(int pageCount, Orientation orientation);
+    /// The orientation was chosen elsewhere, in a ticket.
+    void keepOrientation() { orientationChosen_ = true; }
+    [[nodiscard]] bool keepsOrientation() const { return orientationChosen_; }
+
+    /// Copies, pages, paper and so on as chosen; the last valid pages while a range is none.
+    [[nodiscard]] const JobSettings& settings() const { return settings_; }
+    [[nodiscard]] bool isValid() const { return pages_->pages().has_value(); }
+    [[nodiscard]] PPDPaper paper() const;
+    /// Black and white is chosen.
+    [[nodiscard]] bool isGrey() const;
+
+Q_SIGNALS:
+    /// Any setting or its validity.
+    void changed();
+
+private:
+    QComboBox* addPopup(const char* labelKey, std::string JobSettings::*value);
+    void addRow(const char* labelKey, QWidget* field, QWidget* buddy);
+    QWidget* createCopies();
+    QWidget* createOrientation();
+    void createPagesPerSheet();
+    void showSettings();
+    void fillPapers();
+    void takeOption(const char* keyword, QComboBox* popup, const std::string& choice);
+    [[nodiscard]] const PPDOptionTexts* option(std::string_view keyword) const;
+
+    PPDDescription printer_;
+    JobSettings settings_;
+    bool orientationChosen_ = false;
+
+    QFormLayout* rows_;
+    DestinationChoice* destination_;
+    QSpinBox* copies_ = nullptr;
+    QCheckBox* collate_ = nullptr;
+    PagesChoice* pages_;
+    QComboBox* papers_ = nullptr;
+    QRadioButton* portrait_ = nullptr;
+    QRadioButton* landscape_ = nullptr;
+    QComboBox* colors_ = nullptr;
+    QComboBox* sources_ = nullptr;
+    QComboBox* pagesPerSheet_ = nullptr;
+};
+
+}  // namespace kalmo

@@ -1,0 +1,58 @@
+#include "print_dialog/widgets.h"
+
+#include <QEvent>
+
+namespace kalmo {
+namespace {
+
+const QColor kFaultOnLight(0xb3, 0x26, 0x1e);
+const QColor kFaultOnDark(0xff, 0x8f, 0x85);
+
+class TintedLabel final : public QLabel {
+public:
+    enum class Tint { fault, note };
+    TintedLabel(Tint tint, QWidget* parent) : QLabel(parent), tint_(tint) {
+        setWordWrap(true);
+        setTextFormat(Qt::PlainText);
+        takeColor();
+    }
+
+protected:
+    void changeEvent(QEvent* event) override {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange) takeColor();
+    }
+
+private:
+    void takeColor() {
+        const QPalette around = parentWidget()->palette();
+        const QColor text = around.color(QPalette::WindowText);
+        const QColor back = around.color(QPalette::Window);
+        const QColor mixed((2 * text.red() + back.red()) / 3, (2 * text.green() + back.green()) / 3,
+                           (2 * text.blue() + back.blue()) / 3);
+        const QColor fault = IsDark(around) ? kFaultOnDark : kFaultOnLight;
+        const QColor color = tint_ == Tint::fault ? fault : mixed;
+        QPalette own = palette();
+        if (own.color(QPalette::WindowText) == color) return;
+        own.setColor(QPalette::WindowText, color);
+        setPalette(own);
+    }
+
+    Tint tint_;
+};
+
+}  // namespace
+
+bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
+
+QLabel* CreateFaultLabel(QWidget* parent) {
+    auto* label = new TintedLabel(TintedLabel::Tint::fault, parent);
+    label->hide();
+    return label;
+}
+
+QLabel* CreateNoteLabel(QWidget* parent) {
+    return new TintedLabel(TintedLabel::Tint::note, parent);
+}
+
+}  // namespace kalmo

@@ -1,0 +1,20 @@
+// Small pieces that the dialog's widgets share.
+#pragma once
+
+#include <QLabel>
+#include <QPalette>
+#include <QWidget>
+
+namespace kalmo {
+
+/// The distance between rows, and between groups of controls.
+inline constexpr int kRowGap = 12;
+
+[[nodiscard]] bool IsDark(const QPalette& palette);
+
+/// A hidden line that says what is wrong, readable on light and dark.
+[[nodiscard]] QLabel* CreateFaultLabel(QWidget* parent);
+/// A line of lesser weight below a control.
+[[nodiscard]] QLabel* CreateNoteLabel(QWidget* parent);
+
+}  // namespace kalmo
