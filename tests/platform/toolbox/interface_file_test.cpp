@@ -55,16 +55,19 @@ TEST(InterfaceFile, TextsComeByKeyAndMissingOnesAreNamed) {
         WindowFile(WidgetText("QCheckBox", 1,
                               StringProperty("textKey", "Box") + StringProperty("tipKey", "Tip")) +
                    WidgetText("QToolButton", 2, StringProperty("nameKey", "Name")) +
-                   WidgetText("QLabel", 3, StringProperty("textKey", "Missing"))),
-        "\"Box\" = \"B\u00f6x\"; \"Tip\" = \"a < b <b>\"; \"Name\" = \"Name\";");
+                   WidgetText("QLabel", 3, StringProperty("textKey", "Missing")) +
+                   WidgetText("QLabel", 4, StringProperty("textKey", "Same"))),
+        "\"Same\" = \"Same\"; \"Box\" = \"B\u00f6x\"; \"Tip\" = \"a < b <b>\"; \"Name\" = \"Na&me "
+        "&& Co\";");
     testing::internal::CaptureStderr();
     ASSERT_EQ(interface.open(), noErr);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "No text for Missing in Localizable.strings\n");
     EXPECT_EQ(interface.widget<QAbstractButton>(1)->text(), "B\u00f6x");
     EXPECT_EQ(interface.widget(1)->toolTip(), "a &lt; b &lt;b&gt;");
-    EXPECT_EQ(interface.widget(2)->accessibleName(), "Name") << "a text may equal its key";
+    EXPECT_EQ(interface.widget(2)->accessibleName(), "Name & Co");
     EXPECT_EQ(interface.widget<QLabel>(3)->text(), "STRING NOT FOUND");
+    EXPECT_EQ(interface.widget<QLabel>(4)->text(), "Same");
 }
 
 TEST(InterfaceFile, WindowComesOutAloneAndHidden) {
