@@ -70,8 +70,8 @@ HelpViewer::HelpViewer(QWidget* parent) : QDialog(parent, Qt::Window), pages_(ne
     connect(pages_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
     connect(back, &QAbstractButton::clicked, pages_, &QTextBrowser::backward);
     connect(forward, &QAbstractButton::clicked, pages_, &QTextBrowser::forward);
-    connect(contents_, &QAbstractButton::clicked, this, [this] { open(pages_->firstPage()); });
-    connect(pages_, &QTextBrowser::anchorClicked, this, &HelpViewer::open);
+    connect(contents_, &QAbstractButton::clicked, this, [this] { openPage(pages_->firstPage()); });
+    connect(pages_, &QTextBrowser::anchorClicked, this, &HelpViewer::openPage);
 
     auto* const row = new QHBoxLayout;
     for (QPushButton* button : {back, forward, contents_}) row->addWidget(button);
@@ -89,7 +89,7 @@ QPushButton* HelpViewer::addButton(const QString& name, const QKeySequence& key)
     return button;
 }
 
-void HelpViewer::open(const QUrl& link) {
+void HelpViewer::openPage(const QUrl& link) {
     const QUrl target = pages_->insideBook(link);
     if (!target.isEmpty()) pages_->setSource(target);
 }
@@ -107,7 +107,7 @@ bool HelpViewer::Show(const QString& page, const QString& anchor) {
     viewer->contents_->setEnabled(viewer->pages_->firstPage().isValid());
     QUrl target = QUrl::fromLocalFile(QFileInfo(page).absoluteFilePath());
     target.setFragment(anchor);
-    viewer->open(target);
+    viewer->openPage(target);
     viewer->show();
     viewer->raise();
     viewer->activateWindow();

@@ -40,7 +40,7 @@ public:
 
 private:
     explicit HelpViewer(QWidget* parent);
-    void open(const QUrl& page);
+    void openPage(const QUrl& page);
     QPushButton* addButton(const QString& name, const QKeySequence& key);
 
     HelpPages* pages_;
