@@ -53,18 +53,21 @@ Owned<CFStringRef> CopyPrimaryAddress() {
 
 }  // namespace
 
-void WriteClientInformation(PMTicketRef ticket) {
+ClientFacts CollectClientFacts() {
+    return {.user = Owned<CFStringRef>::Adopt(CopyConsoleUser()),
+            .computer = Owned<CFStringRef>::Adopt(CopyComputerName()),
+            .address = CopyPrimaryAddress()};
+}
+
+void WriteClientInformation(PMTicketRef ticket, const ClientFacts& facts) {
     PMTicketReleaseItem(ticket, CFSTR("com.kalmo.print.RotateBooklet180Degrees"));
     SetOrRemove(ticket, CFSTR(kControllerInformation "ControllerFamily"), CFSTR("Quillon"));
     SetOrRemove(ticket, CFSTR(kControllerInformation "ControllerVersion"), CFSTR("5.0"));
-
-    const auto user = Owned<CFStringRef>::Adopt(CopyConsoleUser());
-    SetOrRemove(ticket, CFSTR(kClientInformation "UserName"), user);
-    // A computer's name goes only together with a user's.
-    const auto computer = Owned<CFStringRef>::Adopt(user ? CopyComputerName() : nullptr);
-    const bool shown = computer && IsShownByController(computer);
-    SetOrRemove(ticket, CFSTR(kClientInformation "ComputerName"), shown ? computer.get() : nullptr);
-    SetOrRemove(ticket, CFSTR(kClientInformation "IPAddress"), CopyPrimaryAddress());
+    SetOrRemove(ticket, CFSTR(kClientInformation "UserName"), facts.user);
+    const bool namesComputer = facts.user && facts.computer && IsShownByController(facts.computer);
+    SetOrRemove(ticket, CFSTR(kClientInformation "ComputerName"),
+                namesComputer ? facts.computer.get() : nullptr);
+    SetOrRemove(ticket, CFSTR(kClientInformation "IPAddress"), facts.address);
 }
 
 }  // namespace kalmo

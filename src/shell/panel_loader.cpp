@@ -42,6 +42,12 @@ PanelInterface CreateInterface(CFBundleRef bundle, CFStringRef name) {
     return PanelInterface(object);
 }
 
+/// Whether the seven operations are there; slots 0 to 2 are empty in a panel.
+bool IsComplete(const PDEInterfaceTable& table) {
+    return table.Prologue && table.Initialize && table.Sync && table.GetSummaryText && table.Open &&
+           table.Close && table.Terminate;
+}
+
 Owned<CFStringRef> Copy(CFStringRef string) {
     return string ? Owned<CFStringRef>::Adopt(CFStringCreateCopy(kCFAllocatorDefault, string))
                   : Owned<CFStringRef>();
@@ -71,7 +77,7 @@ void LoadPanel(PDEShellContext& shell, CFStringRef name) {
     PanelRecord panel;
     panel.plugIn = BundleOfPanel(shell, name);
     const PanelInterface interface = CreateInterface(panel.plugIn, name);
-    if (!interface || !interface->table) return;
+    if (!interface || !interface->table || !IsComplete(*interface->table)) return;
     MakeRoom(shell.panels);
     if (!CallPrologue(*interface->table, &panel)) return;
     panel.tabIndex = ++shell.panelCount;

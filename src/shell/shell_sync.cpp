@@ -43,7 +43,7 @@ OSStatus PDEShell::Sync(PDEContext context, PMPrintSession session, Boolean dire
         PMTicketRef ticket = kPMNoTicket;
         const OSStatus read = GetTicketFromSession(session, kPMPrintSettingsTicket, &ticket);
         if (read != noErr) return read;
-        WriteClientInformation(ticket);
+        WriteClientInformation(ticket, CollectClientFacts());
         SetBlackAndWhiteForFax(ticket);
         return status;
     });

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "shell/product.h"
+#include "system/presence.h"
 #include "system/system.h"
 
 namespace kalmo::test {
@@ -70,6 +71,26 @@ TEST(Pane, AnotherMakersPrinterIsRefused) {
     }
 }
 
+TEST(Pane, InitializeJoinsTheDialog) {
+    std::string page;
+    Presence presence = UnattendedPresence();
+    presence.helpPage = [&](CFStringRef path, CFStringRef) {
+        page = CFStringToUTF8(path);
+        return noErr;
+    };
+    InstallPresence(presence);
+    PaneDialog dialog(CreateInstance());
+    ASSERT_EQ(dialog.initialize(), noErr);
+    CFBundleRef bundle = nullptr;
+    EXPECT_EQ(GetControlProperty(ControlFromWidget(dialog.print), 'KPDE', 'MBND',
+                                 sizeof(CFBundleRef), nullptr, &bundle),
+              noErr);
+    EXPECT_EQ(bundle, Product());
+    EXPECT_EQ(dialog.send('help'), noErr);
+    EXPECT_TRUE(page.ends_with("en.lproj/Help/index.htm")) << page;
+    InstallPresence(UnattendedPresence());
+}
+
 TEST(Pane, SyncTowardsTheTicketWritesTheClientsItems) {
     PaneDialog dialog(CreateInstance());
     ASSERT_EQ(dialog.initialize(), noErr);
@@ -82,14 +103,9 @@ TEST(Pane, SyncTowardsTheTicketWritesTheClientsItems) {
     EXPECT_FALSE(PMTicketContainsItem(ticket, CFSTR("com.kalmo.print.RotateBooklet180Degrees")));
     EXPECT_EQ(StringItem(ticket, "com.kalmo.print.ControllerInformation.ControllerFamily"),
               "Quillon by K");
-    EXPECT_EQ(StringItem(ticket, "com.kalmo.print.ControllerInformation.ControllerVersion"),
-              "5.0 by K");
     const auto user = Owned<CFStringRef>::Adopt(CopyConsoleUser());
     EXPECT_EQ(StringItem(ticket, "com.kalmo.print.ClientInformation.UserName"),
               user ? CFStringToUTF8(user) + " by K" : "(absent)");
-    const auto computer = Owned<CFStringRef>::Adopt(user ? CopyComputerName() : nullptr);
-    EXPECT_EQ(StringItem(ticket, "com.kalmo.print.ClientInformation.ComputerName"),
-              computer ? CFStringToUTF8(computer) + " by K" : "(absent)");
 }
 
 TEST(Pane, AFaxHasNoColour) {

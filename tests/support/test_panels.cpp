@@ -107,3 +107,9 @@ EXPORTED OSStatus GetNoInterface(PDEInterfaceObject** out) {
     *out = nullptr;
     return noErr;
 }
+/// Its table lacks Sync.
+EXPORTED OSStatus GetHalfAnInterface(PDEInterfaceObject** out) {
+    Panel<78>::Create(out);
+    (*out)->table->Sync = nullptr;
+    return noErr;
+}

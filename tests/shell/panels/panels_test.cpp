@@ -99,8 +99,8 @@ const Names kThree = {CFSTR("GetTestPanel1"), CFSTR("GetTestPanel2"), CFSTR("Get
 TEST_F(Panels, WhatCannotBeLoadedIsPassedOverAndTabsStayGapless) {
     setenv("REFUSE_PANEL_3", "1", 1);
     offer({CFSTR("GetTestPanel1"), CFSTR("GetNoSuchPanel"), CFSTR("GetTestPanel3"),
-           CFSTR("GetNoInterface"), CFSTR("GetTestPanel4"), CFSTR("printf"), nullptr,
-           CFSTR("GetTestPanel5")});
+           CFSTR("GetNoInterface"), CFSTR("GetHalfAnInterface"), CFSTR("GetTestPanel4"),
+           CFSTR("printf"), nullptr, CFSTR("GetTestPanel5")});
     PaneDialog dialog(CreateInstance());
     start(dialog);
     EXPECT_EQ(titles(dialog), (QStringList{"Panel 1", "Panel 4"}));
