@@ -3,8 +3,8 @@
 
 #include <cstdio>
 #include <memory>
-#include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "support/bundles.h"
@@ -22,23 +22,22 @@ std::string OutputOf(const std::string& command) {
     return output;
 }
 
-std::set<std::string> FirstGroups(const std::string& text, const char* pattern) {
-    std::set<std::string> found;
-    const std::regex expression(pattern);
-    for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end;
-         ++match)
-        found.insert((*match)[1]);
-    return found;
+/// Of each line that starts with `before`: what follows, up to `end`.
+std::set<std::string> NamesInLines(const std::string& text, const std::string& before, char end) {
+    std::set<std::string> names;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        if (line.starts_with(before))
+            names.insert(line.substr(before.size(), line.find(end, before.size()) - before.size()));
+    return names;
 }
 
 TEST(Exports, TheModuleExportsWhatTheDocumentLists) {
     const auto module = ProductBundle() / "Contents/Linux/KalmoFeatures.so";
-    const auto exported =
-        FirstGroups(OutputOf("nm -D --defined-only --format=posix '" + module.string() + "'"),
-                    R"((?:^|\n)(\S+) )");
-    const auto documented =
-        FirstGroups(ReadFile(std::filesystem::path(KALMO_SOURCE_DIR) / "docs/plug-in.md"),
-                    R"(\n\| `([A-Za-z]+)` \|)");
+    const auto exported = NamesInLines(
+        OutputOf("nm -D --defined-only --format=posix '" + module.string() + "'"), "", ' ');
+    const auto documented = NamesInLines(
+        ReadFile(std::filesystem::path(KALMO_SOURCE_DIR) / "docs/plug-in.md"), "| `", '`');
     EXPECT_FALSE(exported.empty());
     EXPECT_EQ(exported, documented);
 }
