@@ -1,21 +1,18 @@
 // Property lists through libplist: the only file that knows it.
-//
-// libplist reads leniently (a list cut short, entities, any depth), so the text is looked over
-// first.
 #include "foundation/property_list.h"
 
+#include <locale.h>
 #include <plist/plist.h>
 
 #include <cmath>
 #include <cstdlib>
-#include <limits>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "foundation/collections_private.h"
 #include "foundation/number_private.h"
+#include "foundation/property_list_check.h"
 #include "foundation/string_private.h"
 
 namespace {
@@ -34,76 +31,21 @@ struct MemoryCloser {
 template <typename T>
 using MemoryHolder = std::unique_ptr<T, MemoryCloser>;
 
-// Looking over.
-
-/// Walks the tags of an XML text and refuses what must not reach the library.
-class XMLCheck final {
+/// The library reads and writes reals as the thread's locale has them; under a German one it would
+/// read 0.5 as 0.
+class PlainLocale final {
 public:
-    explicit XMLCheck(std::string_view text) : text_(text) {}
-
-    /// Empty, or why the text is no property list.
-    [[nodiscard]] std::string fault() {
-        if (text_.size() > kPropertyListMaximumBytes) return "larger than 64 MiB";
-        if (text_.find('\0') != std::string_view::npos) return "not XML text in UTF-8";
-        while (fault_.empty() && nextTag()) {
-        }
-        if (fault_.empty() && !sawRoot_) fault_ = "no XML property list";
-        if (fault_.empty() && (depth_ != 0 || !sawEnd_)) fault_ = "cut short";
-        return fault_;
-    }
+    PlainLocale() : previous_(uselocale(Plain())) {}
+    PlainLocale(const PlainLocale&) = delete;
+    PlainLocale& operator=(const PlainLocale&) = delete;
+    ~PlainLocale() { uselocale(previous_); }
 
 private:
-    bool nextTag() {
-        at_ = text_.find('<', at_);
-        if (at_ == std::string_view::npos) return false;
-        const std::string_view rest = text_.substr(at_);
-        if (rest.starts_with("<!--")) return skipTo("-->");
-        if (rest.starts_with("<![CDATA[")) return skipTo("]]>");
-        if (rest.starts_with("<?")) return skipTo("?>");
-        const std::size_t end = rest.find('>');
-        if (end == std::string_view::npos) return false;
-        const std::string_view tag = rest.substr(1, end - 1);
-        at_ += end + 1;
-        // Declarations inside a document type could define entities that grow without end.
-        if (tag.starts_with('!') && tag.find('[') != std::string_view::npos) {
-            fault_ = "declarations inside the document type are not accepted";
-        } else if (!tag.starts_with('!')) {
-            element(tag);
-        }
-        return true;
+    static locale_t Plain() {
+        static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+        return plain;
     }
-
-    bool skipTo(std::string_view end) {
-        const std::size_t found = text_.find(end, at_);
-        if (found == std::string_view::npos) {
-            fault_ = "cut short";
-            return false;
-        }
-        at_ = found + end.size();
-        return true;
-    }
-
-    void element(std::string_view tag) {
-        if (tag == "/plist") {
-            sawEnd_ = true;
-            return;
-        }
-        const std::string_view name = tag.substr(0, tag.find_first_of(" \t\r\n/", 1));
-        if (name == "plist") {
-            sawRoot_ = true;
-        } else if (tag == "/dict" || tag == "/array") {
-            --depth_;
-        } else if ((name == "dict" || name == "array") && !tag.ends_with('/') &&
-                   ++depth_ > kPropertyListMaximumDepth) {
-            fault_ = "nested more than 512 levels deep";
-        }
-    }
-
-    std::string_view text_;
-    std::size_t at_ = 0;
-    int depth_ = 0;
-    bool sawRoot_ = false, sawEnd_ = false;
-    std::string fault_;
+    locale_t previous_;
 };
 
 // From the library's nodes.
@@ -232,10 +174,12 @@ PlistHolder NodeOfNumber(const CFNumberObject& number) {
                                        : plist_new_uint(static_cast<uint64_t>(number.integer)));
 }
 
+/// Whole seconds, as XML has no fractions. Null outside the years 1933 to 2068, which are read.
 PlistHolder NodeOfDate(const CFDateObject& date) {
-    constexpr double kLast = std::numeric_limits<int32_t>::max();
-    if (!(std::abs(date.seconds) < kLast)) return nullptr;
-    return PlistHolder(plist_new_date(static_cast<int32_t>(std::floor(date.seconds)), 0));
+    constexpr double kYears68 = (68 * 365 + 17) * 86400.0;  // on either side of 2001
+    const double seconds = std::floor(date.seconds);
+    if (!(seconds >= -kYears68 && seconds < kYears68)) return nullptr;
+    return PlistHolder(plist_new_date(static_cast<int32_t>(seconds), 0));
 }
 
 PlistHolder NodeOfArray(const CFArrayObject& array, int depth) {
@@ -320,11 +264,11 @@ CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef, CFDataRef data
     if (!data) return Refuse("no data", error);
     const std::string_view xml(reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
                                static_cast<std::size_t>(CFDataGetLength(data)));
-    if (const std::string fault = XMLCheck(xml).fault(); !fault.empty()) {
-        return Refuse(fault, error);
-    }
+    const auto checked = kalmo::foundation::CheckPropertyListXML(xml);
+    if (!checked.fault.empty()) return Refuse(checked.fault, error);
+    const PlainLocale plain;
     plist_t root = nullptr;
-    plist_from_xml(xml.data(), static_cast<uint32_t>(xml.size()), &root);
+    plist_from_xml(checked.text.data(), static_cast<uint32_t>(checked.text.size()), &root);
     const PlistHolder held(root);
     if (!held) return Refuse("no well-formed XML property list", error);
     auto list = NodeReader{mutability}.read(root);
@@ -334,12 +278,14 @@ CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef, CFDataRef data
 CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef allocator, CFPropertyListRef list) {
     const PlistHolder node = NodeOf(list, 1);
     if (!node) return nullptr;
+    const PlainLocale plain;
     char* xml = nullptr;
     uint32_t length = 0;
     plist_to_xml(node.get(), &xml, &length);
     const MemoryHolder<char> held(xml);
     if (!xml) return nullptr;
     const std::string text = WithReferences({xml, length});
+    if (text.size() > kPropertyListMaximumBytes) return nullptr;
     return CFDataCreate(allocator, reinterpret_cast<const UInt8*>(text.data()),
                         static_cast<CFIndex>(text.size()));
 }

@@ -2,7 +2,12 @@
 // harm.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <clocale>
+#include <cstdlib>
+
 #include "foundation/property_list.h"
+#include "support/private_home.h"
 
 namespace {
 
@@ -92,6 +97,11 @@ TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
         for (int i = 0; i < depth; ++i) text += "</array>";
         return text;
     };
+    const auto repeated = [](const std::string& part) {
+        std::string text;
+        for (int i = 0; i < 1'000'000; ++i) text += part;
+        return text;
+    };
     const std::string whole = Plist("<dict><key>a</key><string>text</string></dict>");
     const struct {
         const char* why;
@@ -107,6 +117,22 @@ TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
         {"a million levels", Plist(nested(1'000'000)), "nested more than 512 levels deep"},
         {"entity declarations", "<!DOCTYPE plist [<!ENTITY a \"b\">]>" + whole,
          "declarations inside the document type are not accepted"},
+        {"depth hidden in quotes", Plist(repeated("<array a=\"></array>\">")),
+         "a tag ends within quotes"},
+        {"depth hidden in an instruction", Plist(repeated("<array><?a \"?></array>\"?>")),
+         "a tag ends within quotes"},
+        {"depth hidden in a comment", Plist(repeated("<array><!--></array>-->")),
+         "nested more than 512 levels deep"},
+        {"integer beyond 64 bits", Plist("<integer>9223372036854775808</integer>"),
+         "line 4: no decimal integer of 64 bits"},
+        {"octal", Plist("<integer>010</integer>"), "line 4: no decimal integer of 64 bits"},
+        {"half a number", Plist("<real>1.5x</real>"), "line 4: no real number"},
+        {"endless real", Plist("<real>1e999</real>"), "line 4: no real number"},
+        {"thirteenth month", Plist("<date>2026-13-01T00:00:00Z</date>"),
+         "line 4: no date from 1933 to 2068"},
+        {"year too late", Plist("<date>2069-01-01T00:00:00Z</date>"),
+         "line 4: no date from 1933 to 2068"},
+        {"data cut", Plist("<data>AAE</data>"), "line 4: no data in base 64"},
         {"NUL byte", whole + std::string(1, '\0'), "not XML text in UTF-8"},
         {"over 64 MiB", Plist("<string>" + std::string(65u << 20, 'a') + "</string>"),
          "larger than 64 MiB"},
@@ -118,10 +144,43 @@ TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
         EXPECT_EQ(reason, row.reason);
     }
     EXPECT_TRUE(Read(Plist(nested(512))));
+    EXPECT_TRUE(Read("\xEF\xBB\xBF<plist ><array ><integer> +5 </integer></array ></plist >"));
     const std::size_t end = whole.find("</plist>");
     for (std::size_t cut = 0; cut < end + 8; ++cut) {
         EXPECT_FALSE(Read(whole.substr(0, cut))) << "cut at " << cut;
     }
+}
+
+TEST(PropertyLists, KeepRealsWhereTheDecimalPointIsAComma) {
+    // A toolkit sets the user's locale for the whole process. Few machines have one with a comma.
+    const auto folder = kalmo::test::MakeFolder("locales");
+    const std::string command = "localedef -i de_DE -f UTF-8 " + (folder / "de_DE.UTF-8").string();
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    setenv("LOCPATH", folder.c_str(), 1);
+    ASSERT_NE(setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr);
+    ASSERT_STREQ(localeconv()->decimal_point, ",");
+    const double third = 1.0 / 3;
+    const auto number =
+        Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, kCFNumberFloat64Type, &third));
+    const auto xml = Owned<CFDataRef>::Adopt(CFPropertyListCreateXMLData(nullptr, number));
+    EXPECT_TRUE(CFEqual(Read(Bytes(xml)), number));
+    EXPECT_STREQ(localeconv()->decimal_point, ",") << "the caller's locale is kept";
+    setlocale(LC_NUMERIC, "C");
+    unsetenv("LOCPATH");
+    EXPECT_TRUE(CFEqual(Read(Bytes(xml)), number)) << "written with a comma";
+}
+
+TEST(PropertyLists, ReadManyReferencesInLinearTime) {
+    std::string text;
+    std::string expected;
+    for (int i = 0; i < 500'000; ++i) {
+        text += "&#228;x";
+        expected += "äx";
+    }
+    const auto start = std::chrono::steady_clock::now();
+    const auto list = Read(Plist("<string>" + text + "</string>"));
+    EXPECT_EQ(CFStringToUTF8(static_cast<CFStringRef>(list.get())), expected);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
 TEST(PropertyLists, WriteNothingThatCannotBeReadAgain) {
@@ -130,6 +189,16 @@ TEST(PropertyLists, WriteNothingThatCannotBeReadAgain) {
     const auto xml = Owned<CFDataRef>::Adopt(CFPropertyListCreateXMLData(nullptr, control));
     const auto back = Read(Bytes(xml));
     EXPECT_EQ(CFStringToUTF8(static_cast<CFStringRef>(back.get())), "a\uFFFD\uFFFDb");
+
+    for (const auto& [seconds, isWritten] : {std::pair{-2145916800.0, true},
+                                             {-2145916801.0, false},
+                                             {2145916799.5, true},
+                                             {2145916800.0, false}}) {
+        const auto date = Owned<CFDateRef>::Adopt(CFDateCreate(nullptr, seconds));
+        const auto written = Owned<CFDataRef>::Adopt(CFPropertyListCreateXMLData(nullptr, date));
+        ASSERT_EQ(written.get() != nullptr, isWritten) << seconds;
+        EXPECT_EQ(isWritten && Read(Bytes(written)), isWritten) << seconds;
+    }
 
     Owned<CFTypeRef> deep = Owned<CFTypeRef>::Retain(CFSTR("leaf"));
     for (int i = 0; i < 513; ++i) {
