@@ -21,6 +21,7 @@ constexpr char kProfile[] = R"(<?xml version="1.0"?><plist version="1.0"><dict>
         <key>High</key><dict><key>Default</key><true/></dict></dict></dict></dict>
   <key>Owner</key><dict><key>Syntax</key><dict>
     <key>Keyword</key><dict><key>Me</key><dict><key>Default</key><false/></dict></dict>
+    <key>Number</key><dict><key>Default</key><integer>7</integer></dict>
     <key>Name</key><dict><key>Default</key><string>nobody</string></dict></dict></dict>
   <key>Copies</key><dict>
     <key>Properties</key><dict><key>Hidden</key><true/></dict>

@@ -58,14 +58,24 @@ TEST(PPDMenus, ConflictsWithTheDefaultsAreLeftOutOnRequest) {
     const struct {
         const char* why;
         std::string body;
+        const char* marked;  // choice of Duplex before the menu is asked for
         Constraints constraints;
         Items items;
     } rows[] = {
-        {"one choice conflicts", options + noFoldedDuplex, respect, {"None=1", "Z=20"}},
-        {"constraints ignored", options + noFoldedDuplex, ignore, {"None=1", "C=19", "Z=20"}},
+        {"what was marked before does not count",
+         options + noFoldedDuplex,
+         "None",
+         respect,
+         {"None=1", "Z=20"}},
+        {"constraints ignored",
+         options + noFoldedDuplex,
+         "DuplexNoTumble",
+         ignore,
+         {"None=1", "C=19", "Z=20"}},
         {"defaults that conflict empty every menu",
          options + PPDOption("KLPunch", "HolePunch", {"None", "HolePunch"}) +
              "*UIConstraints: *KLPunch HolePunch *Duplex DuplexNoTumble\n",
+         "None",
          respect,
          {}},
     };
@@ -73,7 +83,7 @@ TEST(PPDMenus, ConflictsWithTheDefaultsAreLeftOutOnRequest) {
         SCOPED_TRACE(row.why);
         const PrinterWithPPD printer(row.body);
         PPDMarkDefaults(printer.ppd());
-        PPDMarkChoice(printer.ppd(), "Duplex", "None");  // what was marked before must not count
+        PPDMarkChoice(printer.ppd(), "Duplex", row.marked);
         Popup popup;
         PPDPopulatePopupWithChoices(popup.control, printer.ppd(), CFSTR("KLFold"), row.constraints);
         EXPECT_EQ(popup.items(), row.items);

@@ -57,8 +57,9 @@ TEST_F(SettingMenus, CommandIsTheRowsOwnOrTheOverride) {
 
 TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
     EXPECT_FALSE(SetPopupButtonToTicketValue(nullptr, 1));
-    EXPECT_EQ(GetPopupButtonTicketValue(popup.control), 0) << "nothing to choose";
     PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::job, 0);
+    popup.widget.setCurrentIndex(-1);
+    EXPECT_EQ(GetPopupButtonTicketValue(popup.control), 0) << "not the map's address";
     EXPECT_TRUE(SetPopupButtonToTicketValue(popup.control, 2));
     EXPECT_EQ(GetControl32BitValue(popup.control), 4) << "row 5: one row is not offered";
     EXPECT_FALSE(SetPopupButtonToTicketValue(popup.control, 5));
