@@ -24,16 +24,16 @@ struct PaletteRow {
     QRgb light, dark;
 };
 const PaletteRow kColors[] = {
-    {QPalette::Window, 0xf3f5f7, 0x23282d},
+    {QPalette::Window, 0xf3f5f7, 0x2c3238},
     {QPalette::WindowText, 0x1d252c, 0xe6eaed},
-    {QPalette::Base, 0xffffff, 0x1a1e22},
-    {QPalette::AlternateBase, 0xf3f5f7, 0x23282d},
+    {QPalette::Base, 0xffffff, 0x171a1d},
+    {QPalette::AlternateBase, 0xf3f5f7, 0x2c3238},
     {QPalette::Text, 0x1d252c, 0xe6eaed},
-    {QPalette::Button, 0xf0f2f4, 0x30373d},
+    {QPalette::Button, 0xf0f2f4, 0x3a434b},
     {QPalette::ButtonText, 0x1d252c, 0xe6eaed},
     {QPalette::BrightText, 0xffffff, 0xffffff},
     {QPalette::ToolTipBase, 0x1d252c, 0xe6eaed},
-    {QPalette::ToolTipText, 0xffffff, 0x1a1e22},
+    {QPalette::ToolTipText, 0xffffff, 0x171a1d},
     {QPalette::PlaceholderText, 0x7a858f, 0x8b969f},
     {QPalette::Highlight, 0x2f7fd6, 0x2f7fd6},
     {QPalette::HighlightedText, 0xffffff, 0xffffff},

@@ -91,6 +91,11 @@ void DestinationChoice::setFolder(const std::filesystem::path& folder) {
     showCurrent();
 }
 
+void DestinationChoice::setFolderNote(const QString& note) {
+    folderNote_ = note;
+    showCurrent();
+}
+
 void DestinationChoice::setStatus(const QString& status) {
     status_ = status;
     showCurrent();
@@ -100,8 +105,10 @@ void DestinationChoice::showCurrent() {
     const bool isFolder = current().kind == Destination::Kind::folder;
     folderRow_->setVisible(isFolder);
     folderName_->setText(Shown(folder_));
-    const QString own = status_.isEmpty() ? current().status : status_;
-    note_->setText(own.isEmpty() && isFolder ? notice_ : own);
+    QStringList lines{status_.isEmpty() ? current().status : status_};
+    if (isFolder) lines = {folderNote_, status_.isEmpty() ? notice_ : status_};
+    lines.removeAll(QString());
+    note_->setText(lines.join('\n'));
     note_->setVisible(!note_->text().isEmpty());
     list_->setAccessibleDescription(note_->text());
 }

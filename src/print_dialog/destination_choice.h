@@ -32,6 +32,8 @@ public:
     /// No effect when there is no such queue; empty: "Save to folder".
     void chooseQueue(const std::string& queue);
     void setFolder(const std::filesystem::path& folder);
+    /// Whose settings a document in the folder gets.
+    void setFolderNote(const QString& note);
     /// What is going on with the chosen one; empty: its own status.
     void setStatus(const QString& status);
 
@@ -51,7 +53,7 @@ private:
     void askForFolder();
 
     std::vector<Destination> destinations_;
-    QString notice_, status_;
+    QString notice_, status_, folderNote_;
     std::filesystem::path folder_;
     QComboBox* list_;
     QLabel* note_;

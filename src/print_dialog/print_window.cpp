@@ -77,7 +77,7 @@ void PrintWindow::createWidgets() {
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(kColumnGap);
     columns->addLayout(left_, 1);
-    columns->addWidget(pane_, 2);
+    columns->addWidget(pane_);
 
     auto* window = new QVBoxLayout(this);
     window->setContentsMargins(kColumnGap, kColumnGap, kColumnGap, kRowGap);
@@ -213,6 +213,10 @@ void PrintWindow::openPane() {
     settings.colorChoice = host_.ppdChoice(settings.colorOption);
     if (form_->keepsOrientation()) settings.orientation = host_.settings().orientation;
     form_->setPrinter(printer, settings);
+    form_->destination()->setFolderNote(
+        printer.makeAndModel.empty()
+            ? QString()
+            : WindowText("Settings of", {QString::fromStdString(printer.makeAndModel)}));
 
     const QString name = QString::fromStdString(host_.printer().name);
     if (!extensionLoaded_) return pane_->showReason(WindowText("Extension missing"));
@@ -353,6 +357,8 @@ void PrintWindow::showHelp() {
 void PrintWindow::chooseDirection() {
     const bool wide = screen()->availableSize().width() >= kWidthForThreeColumns;
     left_->setDirection(wide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    layout()->activate();
+    resize(sizeHint().boundedTo(screen()->availableSize()));
 }
 
 void PrintWindow::showEvent(QShowEvent* event) {

@@ -24,8 +24,8 @@ public:
     [[nodiscard]] double pixelsPerPoint() const;
     /// Where the sheet lies, in the view's coordinates; for tests too.
     [[nodiscard]] QRectF sheetRect() const;
-    [[nodiscard]] QSize sizeHint() const override { return {300, 420}; }
-    [[nodiscard]] QSize minimumSizeHint() const override { return {180, 180}; }
+    [[nodiscard]] QSize sizeHint() const override { return {330, 440}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {260, 220}; }
 
 Q_SIGNALS:
     /// The view has another size: a new picture is due.
