@@ -29,7 +29,7 @@ DestinationChoice::DestinationChoice(QWidget* parent)
     : QWidget(parent),
       destinations_{FolderDestination()},
       folder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString()),
-      list_(new QComboBox(this)),
+      list_(new QComboBox(parent)),
       note_(CreateNoteLabel(this)),
       folderRow_(new QWidget(this)),
       folderName_(CreateNoteLabel(folderRow_)),
@@ -45,7 +45,6 @@ DestinationChoice::DestinationChoice(QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
-    column->addWidget(list_);
     column->addWidget(folderRow_);
     column->addWidget(note_);
     connect(list_, &QComboBox::activated, this, [this] {
@@ -110,6 +109,7 @@ void DestinationChoice::showCurrent() {
     lines.removeAll(QString());
     note_->setText(lines.join('\n'));
     note_->setVisible(!note_->text().isEmpty());
+    setVisible(isFolder || !note_->text().isEmpty());
     list_->setAccessibleDescription(note_->text());
 }
 

@@ -20,7 +20,8 @@ struct Destination {
     bool operator==(const Destination&) const = default;
 };
 
-/// The list of printers ends with "Save to folder", which is always there.
+/// The list of printers, and below it what belongs to the choice. The list ends with "Save to
+/// folder", which is always there.
 class DestinationChoice final : public QWidget {
     Q_OBJECT
 public:
@@ -40,7 +41,7 @@ public:
     [[nodiscard]] const Destination& current() const;
     [[nodiscard]] const std::vector<Destination>& destinations() const { return destinations_; }
     [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
-    /// For the label.
+    /// Stands beside this widget, in its parent, where a label can name it.
     [[nodiscard]] QComboBox* list() const { return list_; }
 
 Q_SIGNALS:

@@ -136,7 +136,8 @@ ExitCode PrintWindow::prepare() {
         if (!outcome) return refuse(commandLine_.ppd + ": " + outcome.error);
     }
     if (const auto loaded = LoadInputs(commandLine_, host_); !loaded) return refuse(loaded.error);
-    if (HasOrientation(host_.session())) form_->keepOrientation();
+    const bool fromTicket = !commandLine_.ticket.empty() && HasOrientation(host_.session());
+    if (fromTicket) form_->keepOrientation();
     if (!commandLine_.output.empty()) form_->destination()->setFolder(commandLine_.output);
     if (!input_.path().empty()) document_.open(input_.path());
     if (commandLine_.ppd.empty()) {

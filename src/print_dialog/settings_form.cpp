@@ -1,9 +1,11 @@
 #include "print_dialog/settings_form.h"
 
+#include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLocale>
 #include <QSignalBlocker>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <array>
 
@@ -62,8 +64,8 @@ SettingsForm::SettingsForm(QWidget* parent)
     rows_->setVerticalSpacing(kRowGap);
     rows_->setHorizontalSpacing(8);
 
-    addRow("Printer:", destination_, destination_->list());
-    QWidget* copies = createCopies();
+    addRow("Printer:", createDestination(), destination_->list());
+    QLayout* copies = createCopies();
     addRow("Copies:", copies, copies_);
     addRow("Pages:", pages_, nullptr);
     papers_ = addPopup("Paper:", &JobSettings::paper);
@@ -79,7 +81,8 @@ SettingsForm::SettingsForm(QWidget* parent)
     setPrinter({}, {});
 }
 
-void SettingsForm::addRow(const char* labelKey, QWidget* field, QWidget* buddy) {
+template <typename Field>
+void SettingsForm::addRow(const char* labelKey, Field* field, QWidget* buddy) {
     auto* label = new QLabel(WindowText(labelKey), this);
     label->setBuddy(buddy);
     rows_->addRow(label, field);
@@ -97,14 +100,20 @@ QComboBox* SettingsForm::addPopup(const char* labelKey, std::string JobSettings:
     return popup;
 }
 
-QWidget* SettingsForm::createCopies() {
-    auto* row = new QWidget(this);
-    copies_ = new QSpinBox(row);
+QLayout* SettingsForm::createDestination() {
+    auto* layout = new QVBoxLayout;
+    layout->setSpacing(4);
+    layout->addWidget(destination_->list());
+    layout->addWidget(destination_);
+    return layout;
+}
+
+QLayout* SettingsForm::createCopies() {
+    copies_ = new QSpinBox(this);
     copies_->setRange(1, kMostCopies);
     copies_->setAccelerated(true);
-    collate_ = new QCheckBox(WindowText("Collate"), row);
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
+    collate_ = new QCheckBox(WindowText("Collate"), this);
+    auto* layout = new QHBoxLayout;
     layout->setSpacing(kRowGap);
     layout->addWidget(copies_);
     layout->addWidget(collate_);
@@ -118,20 +127,21 @@ QWidget* SettingsForm::createCopies() {
         settings_.collate = collate;
         Q_EMIT changed();
     });
-    return row;
+    return layout;
 }
 
-QWidget* SettingsForm::createOrientation() {
-    auto* row = new QWidget(this);
-    portrait_ = new QRadioButton(WindowText("Portrait"), row);
+QLayout* SettingsForm::createOrientation() {
+    portrait_ = new QRadioButton(WindowText("Portrait"), this);
     portrait_->setIcon(QIcon(":/kalmo-print/portrait.svg"));
-    landscape_ = new QRadioButton(WindowText("Landscape"), row);
+    landscape_ = new QRadioButton(WindowText("Landscape"), this);
     landscape_->setIcon(QIcon(":/kalmo-print/landscape.svg"));
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
+    // Without a group the form would count the radio buttons of its inner widgets as rivals.
+    auto* group = new QButtonGroup(this);
+    auto* layout = new QHBoxLayout;
     layout->setSpacing(kRowGap);
     for (QRadioButton* button : {portrait_, landscape_}) {
         button->setIconSize({24, 24});
+        group->addButton(button);
         layout->addWidget(button);
         connect(button, &QRadioButton::clicked, this, [this] {
             orientationChosen_ = true;
@@ -141,7 +151,7 @@ QWidget* SettingsForm::createOrientation() {
         });
     }
     layout->addStretch();
-    return row;
+    return layout;
 }
 
 void SettingsForm::createPagesPerSheet() {

@@ -47,9 +47,12 @@ Q_SIGNALS:
 
 private:
     QComboBox* addPopup(const char* labelKey, std::string JobSettings::*value);
-    void addRow(const char* labelKey, QWidget* field, QWidget* buddy);
-    QWidget* createCopies();
-    QWidget* createOrientation();
+    /// `field` is a widget or a layout; what a label names lies beside it, in this form.
+    template <typename Field>
+    void addRow(const char* labelKey, Field* field, QWidget* buddy);
+    QLayout* createDestination();
+    QLayout* createCopies();
+    QLayout* createOrientation();
     void createPagesPerSheet();
     void showSettings();
     void fillPapers();

@@ -1,0 +1,259 @@
+// The whole window, used as people use it: by keyboard, by dropping a document, by looking at it.
+#include "print_dialog/print_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+#include <regex>
+#include <set>
+
+#include "foundation/strings_table.h"
+#include "print_dialog/sample_documents.h"
+#include "support/dead_servers.h"
+#include "support/modal_driver.h"
+#include "support/printer_files.h"
+#include "support/private_home.h"
+#include "support/window_walk.h"
+#include "toolbox/host.h"
+
+namespace kalmo::test {
+namespace {
+
+bool Wait(const std::function<bool()>& until) { return QTest::qWaitFor(until, 20000); }
+
+class PrintWindowTest : public testing::Test {
+protected:
+    PrintWindowTest() {
+        commandLine_.output = MakeFolder("out").string();
+        commandLine_.document = WriteDocument(std::vector(5, kPortraitPage)).string();
+        commandLine_.ppd = SamplePPD("kalmo-office-color").string();
+    }
+    void SetUp() override { InstallPresence(WindowPresence()); }
+
+    PrintWindow& open() {
+        window_ = std::make_unique<PrintWindow>(commandLine_);
+        EXPECT_EQ(window_->prepare(), kExitDone);
+        window_->show();
+        window_->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+        EXPECT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
+        return *window_;
+    }
+    QPushButton* button(const char* text) const {
+        for (auto* button : window_->findChildren<QPushButton*>()) {
+            if (button->text() == text) return button;
+        }
+        return nullptr;
+    }
+    /// With the Tab key alone.
+    void tabTo(QWidget* control) {
+        ASSERT_NE(control, nullptr);
+        for (int key = 0; key < 80 && window_->focusWidget() != control; ++key) {
+            QTest::keyClick(window_->focusWidget() ? window_->focusWidget() : window_.get(),
+                            Qt::Key_Tab);
+        }
+        ASSERT_EQ(window_->focusWidget(), control) << "the Tab key does not lead there";
+    }
+    void press(Qt::Key key) {
+        QTest::keyClick(window_->focusWidget() ? window_->focusWidget() : window_.get(), key);
+    }
+    std::set<std::string> files() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(commandLine_.output)) {
+            names.insert(entry.path().filename().string());
+        }
+        return names;
+    }
+    /// A queue of the printer that is open, on the server that CUPS_SERVER names.
+    void addQueue() {
+        auto* destination = window_->findChild<DestinationChoice*>();
+        destination->setQueues({{Destination::Kind::queue, "kalmo-office-color", "Office", {}}},
+                               {});
+        destination->chooseQueue("kalmo-office-color");
+    }
+
+    CommandLine commandLine_;
+    std::unique_ptr<PrintWindow> window_;
+};
+
+TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
+    ModalDriver nothingModal;
+    open();
+    tabTo(window_->findChild<QSpinBox*>());
+    QTest::keyClicks(window_->focusWidget(), "3");
+    auto* range = window_->findChild<PagesChoice*>()->findChild<QLineEdit*>();
+    tabTo(range);
+    QTest::keyClicks(range, "2-4");
+    auto* selector = window_->findChild<QComboBox*>("panelSelector");
+    tabTo(selector);
+    press(Qt::Key_End);
+    EXPECT_EQ(selector->currentIndex(), selector->count() - 1) << "the last panel";
+    tabTo(button("&Help"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
+    EXPECT_EQ(window_->exitCode(), kExitDone);
+    EXPECT_EQ(files(), (std::set<std::string>{"report.pdf", "report.ticket.plist"}));
+    EXPECT_TRUE(nothingModal.done());
+}
+
+TEST_F(PrintWindowTest, ReturnDoesNotPrintWhatCannotBe) {
+    open();
+    auto* range = window_->findChild<PagesChoice*>()->findChild<QLineEdit*>();
+    tabTo(range);
+    QTest::keyClicks(range, "2-9");
+    EXPECT_FALSE(button("&Print")->isEnabled());
+    press(Qt::Key_Return);
+    QTest::qWait(50);
+    EXPECT_TRUE(window_->isVisible());
+    EXPECT_TRUE(files().empty());
+}
+
+TEST_F(PrintWindowTest, EscapeCancelsTheSendingAndThenTheDialog) {
+    const DeadServer server(Silence::silent);
+    setenv("CUPS_SERVER", server.name().c_str(), 1);
+    open();
+    addQueue();
+    tabTo(button("&Print"));
+    press(Qt::Key_Space);
+    EXPECT_FALSE(button("&Print")->isEnabled());
+    EXPECT_TRUE(window_->findChild<QProgressBar*>()->isVisible());
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
+    EXPECT_TRUE(window_->isVisible()) << "only the sending was cancelled";
+    EXPECT_FALSE(window_->findChild<QProgressBar*>()->isVisible());
+    EXPECT_EQ(window_->focusWidget(), button("&Print"));
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window_->isVisible());
+    EXPECT_EQ(window_->exitCode(), kExitCancelled);
+    EXPECT_TRUE(files().empty());
+    EXPECT_TRUE(WaitForDeliveries(20000));
+}
+
+TEST_F(PrintWindowTest, AFailureIsSaidAndTheDialogStays) {
+    open();
+    commandLine_.output += "/missing";
+    window_->findChild<DestinationChoice*>()->setFolder(commandLine_.output);
+    button("&Print")->click();
+    auto* bar = window_->findChild<SendingBar*>();
+    ASSERT_TRUE(Wait([&] { return !bar->fault().isEmpty(); }));
+    EXPECT_TRUE(bar->fault().contains("missing")) << bar->fault().toStdString();
+    EXPECT_TRUE(window_->isVisible() && button("&Print")->isEnabled());
+}
+
+TEST_F(PrintWindowTest, PrintsADroppedDocument) {
+    commandLine_.document.clear();
+    window_ = std::make_unique<PrintWindow>(commandLine_);
+    ASSERT_EQ(window_->prepare(), kExitDone);
+    window_->show();
+    EXPECT_FALSE(button("&Print")->isEnabled());
+    EXPECT_TRUE(button("Open PDF f&ile…")->isVisible());
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(WriteDocument({kLandscapePage}, "dropped.pdf").c_str())});
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window_.get(), &enter);
+    ASSERT_TRUE(enter.isAccepted());
+    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window_.get(), &drop);
+    ASSERT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
+    EXPECT_TRUE(window_->windowTitle().contains("dropped.pdf"));
+    EXPECT_EQ(window_->findChild<SettingsForm*>()->settings().orientation, Orientation::landscape);
+    button("&Print")->click();
+    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
+    EXPECT_TRUE(files().contains("dropped.pdf"));
+}
+
+TEST_F(PrintWindowTest, AnotherMakersPrinterPrintsWithoutPane) {
+    commandLine_.ppd = WritePPD("Somebody Else").string();
+    open();
+    bool said = false;
+    for (const auto* label : window_->findChild<PaneView*>()->findChildren<QLabel*>()) {
+        said = said || (label->isVisible() && label->text().contains("not a Kalmo printer"));
+    }
+    EXPECT_TRUE(said);
+    EXPECT_EQ(window_->findChild<QComboBox*>("panelSelector"), nullptr);
+    button("&Print")->click();
+    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
+    EXPECT_EQ(files(), (std::set<std::string>{"report.pdf"})) << "no ticket for that printer";
+}
+
+TEST_F(PrintWindowTest, PaperAndOrientationReachTheTicket) {
+    open();
+    for (auto* popup : window_->findChildren<QComboBox*>()) {
+        const int letter = popup->findData("Letter");
+        if (letter < 0) continue;
+        popup->setCurrentIndex(letter);
+        Q_EMIT popup->activated(letter);
+    }
+    button("&Print")->click();
+    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
+    const std::string ticket =
+        ReadFile(std::filesystem::path(commandLine_.output) / "report.ticket.plist");
+    EXPECT_TRUE(
+        std::regex_search(ticket, std::regex("<key>PageSize</key>\\s*<string>Letter</string>")));
+}
+
+TEST_F(PrintWindowTest, EveryControlHasANameAndRoomForItsText) {
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QGuiApplication::setLayoutDirection(direction);
+        PrintWindow& window = open();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        for (const std::string& fault : WindowFaults(window, Identities::notNeeded)) {
+            ADD_FAILURE() << fault;
+        }
+        for (const std::string& fault : CutTexts(window)) ADD_FAILURE() << fault;
+    }
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
+TEST_F(PrintWindowTest, MnemonicsOfTheDialogAreUnique) {
+    for (const char* language : {"en", "de"}) {
+        QFile file(QString(":/kalmo-print/%1.lproj/Window.strings").arg(language));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        std::map<QString, std::string> owners;
+        for (const auto& [key, text] : ReadStringsTable(file.readAll().toStdString()).texts) {
+            const QString shown = QString::fromStdString(text);
+            if (const auto at = shown.indexOf('&'); at >= 0) {
+                const auto [other, isNew] = owners.emplace(shown.mid(at + 1, 1).toLower(), key);
+                EXPECT_TRUE(isNew) << language << ": " << key << " and " << other->second;
+            }
+        }
+        EXPECT_GT(owners.size(), 12u);
+    }
+}
+
+/// Key to text of a language.
+std::unordered_map<std::string, std::string> Table(const char* language) {
+    QFile file(QString(":/kalmo-print/%1.lproj/Window.strings").arg(language));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    const StringsTable table = ReadStringsTable(file.readAll().toStdString());
+    EXPECT_TRUE(table.faults.empty());
+    return table.texts;
+}
+
+TEST(WindowTexts, EveryUsedKeyHasATextInEveryLanguage) {
+    std::set<std::string> used;
+    const std::regex call(R"re((?:WindowText|addPopup|addRow)\(\s*"((?:[^"\\]|\\.)*)")re");
+    const auto sources = std::filesystem::path(KALMO_SOURCE_DIR) / "src/print_dialog";
+    for (const auto& entry : std::filesystem::directory_iterator(sources)) {
+        const std::string text = ReadFile(entry.path());
+        for (std::sregex_iterator match(text.begin(), text.end(), call), end; match != end;
+             ++match) {
+            used.insert((*match)[1]);
+        }
+    }
+    ASSERT_GT(used.size(), 40u) << "the pattern no longer fits the code";
+    const auto places = [](const std::string& text) { return std::ranges::count(text, '%'); };
+    const auto english = Table("en");
+    const auto german = Table("de");
+    EXPECT_EQ(english.size(), used.size()) << "a text that nobody shows";
+    EXPECT_EQ(german.size(), used.size());
+    for (const std::string& key : used) {
+        ASSERT_TRUE(english.contains(key) && german.contains(key)) << key;
+        EXPECT_EQ(places(english.at(key)), places(german.at(key))) << key;
+    }
+}
+
+}  // namespace
+}  // namespace kalmo::test

@@ -1,0 +1,126 @@
+// The form offers what the printer has, and says at once what cannot be.
+#include "print_dialog/settings_form.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+#include "toolbox/host.h"
+
+namespace kalmo::test {
+namespace {
+
+PPDDescription Printer() {
+    PPDDescription printer;
+    printer.papers = {{"Letter", "US Letter", 612, 792, 12, 12, 600, 780},
+                      {"A4", "A4", 595, 842, 12, 12, 583, 830}};
+    printer.defaultPaper = "A4";
+    printer.options = {
+        {"KLMColor", "Color", "Color", {{"Color", "Color"}, {"BW", "Black and White"}}},
+        {"InputSlot", "Source", "Auto", {{"Auto", "Automatic"}, {"Tray2", "Tray 2"}}}};
+    return printer;
+}
+
+QComboBox* PopupWith(SettingsForm& form, const QString& text) {
+    for (QComboBox* popup : form.findChildren<QComboBox*>()) {
+        if (popup->findText(text) >= 0 && !popup->isHidden()) return popup;
+    }
+    return nullptr;
+}
+
+/// As a person does it, so that the form hears of it.
+void Choose(SettingsForm& form, const QString& text) {
+    QComboBox* popup = PopupWith(form, text);
+    ASSERT_NE(popup, nullptr) << text.toStdString();
+    popup->setCurrentIndex(popup->findText(text));
+    Q_EMIT popup->activated(popup->currentIndex());
+}
+
+TEST(SettingsForm, OffersWhatThePrinterHas) {
+    SettingsForm form;
+    form.setPrinter(Printer(), {});
+    EXPECT_EQ(form.paper().keyword, "A4") << "the printer's default";
+    EXPECT_EQ(form.settings().inputSlot, "") << "nothing was chosen yet";
+    Choose(form, "Black and White");
+    Choose(form, "Tray 2");
+    Choose(form, "US Letter");
+    EXPECT_TRUE(form.isGrey());
+    EXPECT_EQ(form.settings().colorOption, "KLMColor");
+    EXPECT_EQ(form.settings().colorChoice, "BW");
+    EXPECT_EQ(form.settings().inputSlot, "Tray2");
+
+    PPDDescription bare = Printer();
+    bare.options.clear();
+    bare.papers.erase(bare.papers.begin());
+    form.setPrinter(bare, form.settings());
+    EXPECT_EQ(PopupWith(form, "Tray 2"), nullptr);
+    EXPECT_EQ(PopupWith(form, "Black and White"), nullptr);
+    EXPECT_EQ(form.settings().inputSlot, "") << "a printer without trays gets no tray";
+    EXPECT_EQ(form.settings().colorOption, "");
+    EXPECT_EQ(form.settings().paper, "") << "it has no Letter";
+    EXPECT_FALSE(form.isGrey());
+    form.setPrinter({}, {});
+    EXPECT_GT(form.paper().width, 0) << "a queue that says nothing has usual papers";
+}
+
+TEST(SettingsForm, ChecksTheRangeWhileItIsTyped) {
+    SettingsForm form;
+    form.setDocument(5, Orientation::portrait);
+    form.show();
+    auto* text = form.findChild<QLineEdit*>();
+    const struct {
+        const char* typed;
+        bool valid, tellsWhy;
+    } rows[] = {{"2", true, false},   {"2-", false, true}, {"2-5", true, false},
+                {"2-6", false, true}, {"", false, false},  {"x", false, true}};
+    QTest::keyClick(text, Qt::Key_1);
+    EXPECT_EQ(form.settings().pages, (std::vector<PageRange>{{1, 1}}))
+        << "typing chooses the range";
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.typed);
+        QSignalSpy changed(&form, &SettingsForm::changed);
+        text->clear();
+        QTest::keyClicks(text, row.typed);
+        EXPECT_FALSE(changed.isEmpty());
+        EXPECT_EQ(form.isValid(), row.valid);
+        EXPECT_EQ(!text->accessibleDescription().isEmpty(), row.tellsWhy);
+    }
+    form.setDocument(9, Orientation::portrait);
+    text->setText("9");
+    EXPECT_TRUE(form.isValid()) << "a longer document";
+}
+
+TEST(SettingsForm, TakesTheDocumentsOrientationUntilOneIsChosen) {
+    SettingsForm form;
+    form.setDocument(1, Orientation::landscape);
+    EXPECT_EQ(form.settings().orientation, Orientation::landscape);
+    for (auto* button : form.findChildren<QRadioButton*>()) {
+        if (button->text() == "Por&trait") {
+            button->click();
+        }
+    }
+    EXPECT_EQ(form.settings().orientation, Orientation::portrait);
+    form.setDocument(1, Orientation::landscape);
+    EXPECT_EQ(form.settings().orientation, Orientation::portrait);
+}
+
+TEST(SettingsForm, NoWheelChangesASetting) {
+    InstallWheelGuard();
+    SettingsForm form;
+    form.setPrinter(Printer(), {});
+    form.show();
+    const JobSettings before = form.settings();
+    for (QWidget* control : form.findChildren<QWidget*>()) {
+        control->clearFocus();
+        QWheelEvent wheel({4, 4}, control->mapToGlobal(QPointF(4, 4)), {}, {0, -240}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(control, &wheel);
+    }
+    EXPECT_EQ(form.settings(), before);
+    EXPECT_EQ(form.paper().keyword, "A4");
+}
+
+}  // namespace
+}  // namespace kalmo::test
