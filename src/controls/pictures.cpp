@@ -18,7 +18,7 @@ ImageCache* DrawnImages() {
     return drawnImages.get();
 }
 
-/// "X.svg" for "X.gif".
+/// The name with the ending of a drawing.
 std::string DrawnSibling(const std::string& name) {
     return name.substr(0, name.rfind('.')) + ".svg";
 }
