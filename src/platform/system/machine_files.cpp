@@ -17,11 +17,11 @@ std::string_view Trimmed(std::string_view text) {
 /// A value as a shell would take it, without its substitutions.
 std::string Unquoted(std::string_view value) {
     std::string plain;
-    char quote = 0;
+    char quote = '\0';
     for (std::size_t i = 0; i < value.size(); ++i) {
         const char c = value[i];
         if (quote ? c == quote : c == '"' || c == '\'') {
-            quote = quote ? 0 : c;
+            quote = quote ? '\0' : c;
         } else if (c == '\\' && quote != '\'' && i + 1 < value.size()) {
             plain += value[++i];
         } else {
