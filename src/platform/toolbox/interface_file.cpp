@@ -71,7 +71,7 @@ public:
         for (const auto& own : kOwnClasses) {
             if (name == QLatin1String(own.name)) widget = own.make(parent);
         }
-        if (!widget && availableWidgets().contains(name)) {
+        if (!widget && qtClasses_.contains(name)) {
             return QUiLoader::createWidget(name, parent, object);
         }
         if (widget) {
@@ -83,6 +83,9 @@ public:
     }
 
     QStringList unknownClasses;
+
+private:
+    const QStringList qtClasses_ = availableWidgets();  // made anew at each call
 };
 
 /// 0 unless the text has four characters.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QEvent>
+#include <QPointer>
 #include <QScrollBar>
 
 #include "toolbox/host.h"

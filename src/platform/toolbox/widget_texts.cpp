@@ -25,19 +25,18 @@ QString TextForKey(CFBundleRef bundle, const QString& key, const QString& table)
     return QStringLiteral("STRING NOT FOUND");
 }
 
-void SetText(QWidget& widget, QString text) { SetOwnText(widget, text); }
-void SetTip(QWidget& widget, QString text) { widget.setToolTip(AsPlainText(text)); }
+void SetTip(QWidget& widget, const QString& text) { widget.setToolTip(AsPlainText(text)); }
 
 /// A label's text may serve as the name of what it stands beside: without the mark of its mnemonic.
-void SetName(QWidget& widget, QString text) {
+void SetName(QWidget& widget, const QString& text) {
     static const QRegularExpression mark(QStringLiteral("&(.)"));
-    widget.setAccessibleName(text.replace(mark, QStringLiteral("\\1")));
+    widget.setAccessibleName(QString(text).replace(mark, QStringLiteral("\\1")));
 }
 
 constexpr struct {
     const char* property;
-    void (*apply)(QWidget& widget, QString text);
-} kTextProperties[] = {{"textKey", SetText}, {"nameKey", SetName}, {"tipKey", SetTip}};
+    void (*apply)(QWidget& widget, const QString& text);
+} kTextProperties[] = {{"textKey", SetOwnText}, {"nameKey", SetName}, {"tipKey", SetTip}};
 
 }  // namespace
 

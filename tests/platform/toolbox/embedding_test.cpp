@@ -159,14 +159,5 @@ TEST_F(Embedding, ParentWithALayoutTakesTheChildIn) {
     EXPECT_EQ(EmbedControl(ControlFromWidget(other), pane), paramErr) << "not into its own child";
 }
 
-TEST_F(Embedding, SubcontrolsComeInOrder) {
-    const ControlRef parent = ControlFromWidget(&dialog);
-    EXPECT_EQ(GetFirstSubcontrol(parent), ControlFromWidget(before));
-    EXPECT_EQ(GetNextSibling(ControlFromWidget(before)), ControlFromWidget(view));
-    EXPECT_EQ(GetNextSibling(ControlFromWidget(after)), nullptr);
-    QSpinBox spin;
-    EXPECT_EQ(GetFirstSubcontrol(ControlFromWidget(&spin)), nullptr) << "inner parts do not count";
-}
-
 }  // namespace
 }  // namespace kalmo::test

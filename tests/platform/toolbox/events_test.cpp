@@ -58,17 +58,6 @@ TEST_F(Events, ProgrammaticChangesSendNothing) {
     EXPECT_EQ(record, "") << "nobody can press an inactive control";
 }
 
-TEST_F(Events, OtherKindsPassBy) {
-    OSStatus (*const never)(EventHandlerCallRef, EventRef, void*) =
-        [](EventHandlerCallRef, EventRef, void*) -> OSStatus { return noErr; };
-    const EventTypeSpec draw = {kEventClassControl, kEventControlDraw};
-    InstallControlEventHandler(control, never, 1, &draw, nullptr, nullptr);
-    SimulateControlHit(control);
-    EXPECT_EQ(record, "bacd");
-    EXPECT_EQ(InstallControlEventHandler(control, nullptr, 1, &draw, nullptr, nullptr), paramErr);
-    EXPECT_EQ(InstallControlEventHandler(nullptr, never, 1, &draw, nullptr, nullptr), paramErr);
-}
-
 TEST_F(Events, HandlerMayRemoveItselfAndOthersOnTheWay) {
     struct Removing {
         EventHandlerRef self = nullptr, other = nullptr;
@@ -122,15 +111,6 @@ TEST_F(Events, ControlsAndWindowsMayGoInsideAHandler) {
     EXPECT_NE(box->window(), window.get());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(gone, nullptr);
-}
-
-TEST_F(Events, HandlersEndWithTheirControl) {
-    const EventHandlerRef handler = Install(control, recorders[0]);
-    delete box;
-    RemoveEventHandler(handler);
-    RemoveEventHandler(nullptr);
-    EXPECT_EQ(SendCommandFromControl(ControlFromWidget(pane), 'ok  '), eventNotHandledErr);
-    EXPECT_EQ(record, "cd");
 }
 
 TEST(Commands, FollowAHitThatNobodyTook) {

@@ -101,23 +101,5 @@ TEST_F(HelpBook, OneViewerIsReusedAndDrivenByKeys) {
     EXPECT_EQ(viewer(), nullptr);
 }
 
-TEST(WindowWalk, FindsWhatIsMissing) {
-    QWidget window;
-    auto* const popup = new QComboBox(&window);
-    popup->setObjectName("popup");
-    auto* const field = new QLineEdit(&window);
-    field->setObjectName("field");
-    field->setFocusPolicy(Qt::NoFocus);
-    EXPECT_EQ(WindowFaults(window, Identities::notNeeded),
-              (std::vector<std::string>{"QComboBox popup has no accessible name",
-                                        "QLineEdit field has no accessible name",
-                                        "QLineEdit field cannot be reached with Tab"}));
-    (new QLabel("Paper", &window))->setBuddy(popup);
-    field->setFocusPolicy(Qt::StrongFocus);
-    field->setAccessibleName("Field");
-    EXPECT_EQ(WindowFaults(window, Identities::notNeeded), std::vector<std::string>());
-    EXPECT_EQ(WindowFaults(window, Identities::needed).size(), 2u);
-}
-
 }  // namespace
 }  // namespace kalmo::test

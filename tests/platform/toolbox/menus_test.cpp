@@ -116,18 +116,5 @@ TEST_F(Popup, ItemsGoInAndOutAnywhere) {
     EXPECT_EQ(record, "");
 }
 
-TEST(Menus, StandAlone) {
-    const MenuRef menu = CreateNewMenu();
-    UInt16 item = 0;
-    EXPECT_EQ(AppendMenuItemTextWithCFString(menu, CFSTR("a"), kMenuItemPlain, 'KSte', &item),
-              noErr);
-    EXPECT_EQ(item, 1);
-    CheckMenuItem(menu, 1, true);
-    DisableMenuItem(menu, 1);
-    EXPECT_FALSE(IsMenuItemEnabled(menu, 1));
-    DisposeMenu(menu);
-    DisposeMenu(nullptr);
-}
-
 }  // namespace
 }  // namespace kalmo::test

@@ -36,46 +36,32 @@ const std::string kGif =
     QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAAAAAAALAAAAAABAAEAAAICRAEAOw==")
         .toStdString();
 
-TEST(Pictures, KnownFormatsHaveASizeWhateverTheNameSays) {
-    const struct {
-        const char* why;
-        std::string bytes;
-        SInt32 width, height;
-    } cases[] = {
-        {"svg", kBlue, 20, 10},
-        {"svg after a declaration", "<?xml version=\"1.0\"?>\n" + std::string(kBlue), 20, 10},
-        {"png", Encoded("png"), 20, 10},
-        {"gif", kGif, 1, 1}};
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.why);
-        const PictureRef picture = Load(row.bytes);
-        ASSERT_NE(picture, nullptr);
-        SInt32 width = 0, height = 0;
-        GetPictureSize(picture, &width, &height);
-        EXPECT_EQ(width, row.width);
-        EXPECT_EQ(height, row.height);
-        DisposePicture(picture);
-    }
-}
-
-TEST(Pictures, BrokenOnesAreNone) {
+TEST(Pictures, KnownFormatsLoadWhateverTheNameSaysAndBrokenOnesAreNone) {
     std::string huge = Encoded("bmp");  // width and height at 18 and 22
     huge[20] = huge[21] = huge[24] = huge[25] = 0x7f;
     const struct {
         const char* why;
         std::string bytes;
-    } cases[] = {{"empty", ""},
-                 {"text", "no picture"},
-                 {"cut PNG", Encoded("png").substr(0, 40)},
-                 {"broken SVG", "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect"},
-                 {"another XML", "<plist/>"},
-                 {"two thousand million pixels wide", huge}};
+        SInt32 width;  // 0: no picture
+    } cases[] = {{"svg", kBlue, 20},
+                 {"svg after a declaration", "<?xml version=\"1.0\"?>\n" + std::string(kBlue), 20},
+                 {"png", Encoded("png"), 20},
+                 {"gif", kGif, 1},
+                 {"empty", "", 0},
+                 {"text", "no picture", 0},
+                 {"cut PNG", Encoded("png").substr(0, 40), 0},
+                 {"broken SVG", "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect", 0},
+                 {"another XML", "<plist/>", 0},
+                 {"two thousand million pixels wide", huge, 0}};
     for (const auto& row : cases) {
         SCOPED_TRACE(row.why);
-        EXPECT_EQ(Load(row.bytes), nullptr);
+        const PictureRef picture = Load(row.bytes);
+        SInt32 width = -1;
+        GetPictureSize(picture, &width, nullptr);
+        EXPECT_EQ(picture != nullptr, row.width != 0);
+        EXPECT_EQ(width, row.width);
+        DisposePicture(picture);
     }
-    EXPECT_EQ(CreatePictureFromURL(nullptr), nullptr);
-    DisposePicture(nullptr);
 }
 
 /// A picture control 40 x 40 that draws `picture` over all of itself.
