@@ -17,17 +17,12 @@ inline CFBundleRef Product() {
     return bundle;
 }
 
-inline Owned<CFUUIDRef> UUID(CFStringRef text) {
-    return Owned<CFUUIDRef>::Adopt(CFUUIDCreateFromString(kCFAllocatorDefault, text));
-}
-
-/// An instance for the type of dialog extensions.
 inline void* CreateInstance() {
     Product();
-    const auto type = UUID(CFSTR(kDialogExtensionTypeUUID));
+    const auto type = UUID(kDialogExtensionTypeUUID);
     const auto factories = Owned<CFArrayRef>::Adopt(CFPlugInFindFactoriesForPlugInType(type));
-    const auto factory = static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories, 0));
-    return CFPlugInInstanceCreate(kCFAllocatorDefault, factory, type);
+    return CFPlugInInstanceCreate(
+        kCFAllocatorDefault, static_cast<CFUUIDRef>(CFArrayGetValueAtIndex(factories, 0)), type);
 }
 
 }  // namespace kalmo::test

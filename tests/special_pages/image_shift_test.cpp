@@ -15,6 +15,9 @@ _IS_Options Shift(bool inches, SInt32 x1) {
     options.Option = 3;
     options.Inches = inches;
     options.X1 = x1;
+    options.X2 = 10;
+    options.Y1 = 20;
+    options.Y2 = 30;
     return options;
 }
 
@@ -53,22 +56,8 @@ TEST(ImageShift, FullPrecisionRoundsOnWritingAndCutsOnReading) {
         EXPECT_EQ(read.Option, 3);
         EXPECT_EQ(read.Inches, row.inches);
         EXPECT_EQ(read.X1, row.readBack);
+        EXPECT_EQ(std::tuple(read.X2, read.Y1, read.Y2), std::tuple(10, 20, 30));
     }
-}
-
-TEST(ImageShift, EachShiftKeepsItsKey) {
-    _IS_Options options = Shift(false, 1);
-    options.X2 = 2;
-    options.Y1 = 3;
-    options.Y2 = 4;
-    const auto dictionary = Owned<CFDictionaryRef>::Adopt(
-        ImageShiftCreateTicketFromOptions(&options, JobContext::exception));
-    EXPECT_EQ(Number(dictionary, CFSTR("X2")), 20);
-    EXPECT_EQ(Number(dictionary, CFSTR("Y1")), 30);
-    EXPECT_EQ(Number(dictionary, CFSTR("Y2")), 40);
-    _IS_Options read;
-    ImageShiftSetOptionsFromTicket(dictionary, &read);
-    EXPECT_EQ(std::tuple(read.X1, read.X2, read.Y1, read.Y2), std::tuple(1, 2, 3, 4));
 }
 
 TEST(ImageShift, WithoutAChoiceThereIsNoDictionary) {
@@ -102,15 +91,6 @@ TEST(ImageShift, ForeignDictionariesFallToTheDefaults) {
     EXPECT_EQ(read.X1, 12) << "a metric 127 is cut";
     ImageShiftSetOptionsFromTicket(nullptr, &read);
     EXPECT_EQ(read.X1, 0);
-}
-
-TEST(ImageShift, ADialogIsBoundToRecordAndBundle) {
-    ImageShiftContext dialog;
-    _IS_Options options;
-    ImageShiftInitialize(nullptr, &dialog, &options);
-    EXPECT_EQ(dialog.options, &options);
-    EXPECT_TRUE(options.valid);
-    EXPECT_EQ(options.Option, kPrinterDefault);
 }
 
 }  // namespace
