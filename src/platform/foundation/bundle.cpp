@@ -2,13 +2,16 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string_view>
 
 #include "foundation/bundle_private.h"
 #include "foundation/property_list.h"
+#include "foundation/url_private.h"
 
 namespace {
 
-using kalmo::foundation::As;
+using kalmo::foundation::FilePathOf;
+using kalmo::foundation::FileURLOf;
 
 const kalmo::foundation::TypeRecord kBundleType{"bundle", nullptr, nullptr, nullptr};
 
@@ -18,22 +21,12 @@ std::vector<CFBundleObject*>& Bundles() {
     return bundles;
 }
 
-Owned<CFStringRef> String(const std::filesystem::path& path) {
-    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(path.string()));
-}
-
 CFURLRef FolderURL(const std::filesystem::path& path) {
-    return CFURLCreateWithFileSystemPath(kCFAllocatorDefault, String(path), true);
-}
-
-std::filesystem::path PathOf(CFURLRef url) {
-    const auto path = Owned<CFStringRef>::Adopt(CFURLCopyFileSystemPath(url));
-    return CFStringToUTF8(path);
+    return FileURLOf(path.string(), true).detach();
 }
 
 Owned<CFDataRef> ReadData(const std::filesystem::path& path) {
-    const auto url = Owned<CFURLRef>::Adopt(
-        CFURLCreateWithFileSystemPath(kCFAllocatorDefault, String(path), false));
+    const auto url = FileURLOf(path.string(), false);
     Owned<CFDataRef> data;
     CFURLCreateDataAndPropertiesFromResource(kCFAllocatorDefault, url, data.adopt(), nullptr);
     return data;
@@ -50,6 +43,9 @@ Owned<CFDictionaryRef> ReadInfo(const std::filesystem::path& folder) {
 }
 
 std::string Text(CFStringRef string) { return CFStringToUTF8(string); }
+
+/// Every fault of a table starts so.
+constexpr std::string_view kLine = "line ";
 
 /// A name with a folder in it could leave the bundle.
 bool IsPlainName(const std::string& name) {
@@ -86,7 +82,8 @@ const StringsTable* CFBundleObject::table(const std::string& language, const std
             found->second = ReadStringsTable({reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
                                               static_cast<std::size_t>(CFDataGetLength(data))});
             for (const std::string& fault : found->second.faults) {
-                std::fprintf(stderr, "%s, %s\n", file.c_str(), fault.c_str());
+                // "line 12: ..." becomes "FILE:12: ...", which editors jump to.
+                std::fprintf(stderr, "%s:%s\n", file.c_str(), fault.c_str() + kLine.size());
             }
         }
     }
@@ -96,9 +93,10 @@ const StringsTable* CFBundleObject::table(const std::string& language, const std
 CFTypeID CFBundleGetTypeID() { return kalmo::foundation::IdOf(kBundleType); }
 
 CFBundleRef CFBundleCreate(CFAllocatorRef, CFURLRef folder) {
-    if (!folder) return nullptr;
+    const auto given = FilePathOf(folder);
+    if (!given) return nullptr;
     std::error_code error;
-    const auto path = std::filesystem::weakly_canonical(PathOf(folder), error);
+    const auto path = std::filesystem::weakly_canonical(*given, error);
     if (error) return nullptr;
     for (CFBundleObject* bundle : Bundles()) {
         if (bundle->folder == path) {
@@ -150,8 +148,9 @@ CFURLRef CFBundleCopyResourceURL(CFBundleRef bundle, CFStringRef name, CFStringR
     for (const auto& place : places) {
         std::error_code error;
         if (!std::filesystem::exists(place / below, error)) continue;
-        return CFURLCreateWithFileSystemPath(kCFAllocatorDefault, String(place / below),
-                                             std::filesystem::is_directory(place / below, error));
+        return FileURLOf((place / below).string(),
+                         std::filesystem::is_directory(place / below, error))
+            .detach();
     }
     return nullptr;
 }

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "foundation/bundle_private.h"
+#include "foundation/url_private.h"
 
 namespace {
 
@@ -44,11 +45,9 @@ void* CFBundleGetDataPointerForName(CFBundleRef bundle, CFStringRef name) {
 }
 
 CFURLRef CopyPlugInRoot() {
-    const auto path = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(PlugInRoot().string()));
-    return CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, true);
+    return kalmo::foundation::FileURLOf(PlugInRoot().string(), true).detach();
 }
 
 void SetPlugInRoot(CFURLRef folder) {
-    const auto path = Owned<CFStringRef>::Adopt(CFURLCopyFileSystemPath(folder));
-    if (path) PlugInRoot() = CFStringToUTF8(path);
+    if (const auto path = kalmo::foundation::FilePathOf(folder)) PlugInRoot() = *path;
 }

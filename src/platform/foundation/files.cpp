@@ -7,13 +7,14 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "foundation/property_list.h"
-#include "foundation/url.h"
+#include "foundation/url_private.h"
 
 namespace {
+
+using kalmo::foundation::FilePathOf;
 
 class Descriptor final {
 public:
@@ -31,12 +32,6 @@ private:
     int number_;
 };
 
-std::optional<std::string> PathOf(CFURLRef url) {
-    const auto path = Owned<CFStringRef>::Adopt(CFURLCopyFileSystemPath(url));
-    if (!path) return std::nullopt;
-    return CFStringToUTF8(path);
-}
-
 /// errno, or 0 with the bytes.
 int ReadWhole(const std::string& path, std::string& bytes) {
     // Not blocking: a named pipe must not hold the caller before it is seen to be none of our
@@ -49,11 +44,13 @@ int ReadWhole(const std::string& path, std::string& bytes) {
     if (!S_ISREG(status.st_mode)) return EINVAL;
     char part[65536];
     ssize_t count = 0;
-    while ((count = read(file.get(), part, sizeof part)) > 0) {
+    while ((count = read(file.get(), part, sizeof part)) != 0) {
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return errno;
         bytes.append(part, static_cast<std::size_t>(count));
         if (bytes.size() > kPropertyListMaximumBytes) return EFBIG;
     }
-    return count < 0 ? errno : 0;
+    return 0;
 }
 
 bool WriteAll(int file, const UInt8* bytes, CFIndex length) {
@@ -107,7 +104,7 @@ bool MakeFolders(const std::filesystem::path& folder) {
 
 Boolean CFURLCreateDataAndPropertiesFromResource(CFAllocatorRef allocator, CFURLRef url,
                                                  CFDataRef* data, SInt32* errorCode) {
-    const auto path = PathOf(url);
+    const auto path = FilePathOf(url);
     if (!path || !data) return Answer(EINVAL, errorCode);
     std::string bytes;
     const int error = ReadWhole(*path, bytes);
@@ -119,17 +116,17 @@ Boolean CFURLCreateDataAndPropertiesFromResource(CFAllocatorRef allocator, CFURL
 }
 
 Boolean CFURLWriteDataAndPropertiesToResource(CFURLRef url, CFDataRef data, SInt32* errorCode) {
-    const auto path = PathOf(url);
+    const auto path = FilePathOf(url);
     return Answer(path && data ? Replace(*path, data) : EINVAL, errorCode);
 }
 
 Boolean CFURLResourceExists(CFURLRef url) {
-    const auto path = PathOf(url);
+    const auto path = FilePathOf(url);
     return path && access(path->c_str(), F_OK) == 0;
 }
 
 Boolean CFURLMakeFolder(CFURLRef url) {
-    const auto path = PathOf(url);
+    const auto path = FilePathOf(url);
     if (!path || !MakeFolders(*path)) return false;
     std::error_code error;
     return std::filesystem::is_directory(*path, error);
@@ -146,9 +143,6 @@ CFURLRef CopyUserPreferencesFolder() {
     } else {
         return nullptr;
     }
-    const auto path =
-        Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8((folder / "kalmo-print").string()));
-    auto url =
-        Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, true));
+    auto url = kalmo::foundation::FileURLOf((folder / "kalmo-print").string(), true);
     return CFURLMakeFolder(url) ? url.detach() : nullptr;
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "foundation/object_private.h"
+#include "foundation/url_private.h"
 
 /// A file URL keeps its path, any other one only its text.
 struct CFURLObject final : kalmo::foundation::Object {
@@ -98,6 +99,15 @@ CFURLObject::CFURLObject(std::string url, std::optional<std::string> file)
     : Object(kURLType),
       text(Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(url))),
       path(std::move(file)) {}
+
+std::optional<std::string> kalmo::foundation::FilePathOf(CFURLRef url) {
+    const auto* const found = As<CFURLObject>(url, kURLType);
+    return found ? found->path : std::nullopt;
+}
+
+Owned<CFURLRef> kalmo::foundation::FileURLOf(const std::string& path, bool isDirectory) {
+    return Owned<CFURLRef>::Adopt(FileURL(path, isDirectory));
+}
 
 CFTypeID CFURLGetTypeID() { return kalmo::foundation::IdOf(kURLType); }
 

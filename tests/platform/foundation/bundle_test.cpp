@@ -76,6 +76,20 @@ TEST(Files, AreReplacedWholeOrNotAtAll) {
     }
 }
 
+TEST(Files, MayHaveNamesThatAreNotUTF8) {
+    const std::string path = (MakeFolder("names") / "Entw\xFCrfe.plist").string();
+    const auto url = Owned<CFURLRef>::Adopt(CFURLCreateFromFileSystemRepresentation(
+        nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()),
+        false));
+    const auto data =
+        Owned<CFDataRef>::Adopt(CFDataCreate(nullptr, reinterpret_cast<const UInt8*>("new"), 3));
+    EXPECT_TRUE(CFURLWriteDataAndPropertiesToResource(url, data, nullptr));
+    EXPECT_EQ(ReadFile(path), "new");
+    Owned<CFDataRef> read;
+    EXPECT_TRUE(CFURLCreateDataAndPropertiesFromResource(nullptr, url, read.adopt(), nullptr));
+    EXPECT_TRUE(CFEqual(read, data));
+}
+
 TEST(Files, PreferencesFolderIsPrivate) {
     const auto folder = Owned<CFURLRef>::Adopt(CopyUserPreferencesFolder());
     ASSERT_TRUE(folder);
@@ -118,6 +132,18 @@ TEST(Bundles, LookTextsUpInTheUsersLanguages) {
     EXPECT_FALSE(resource(CFSTR("../Info"), CFSTR("plist")));
     EXPECT_FALSE(resource(CFSTR("Help"), nullptr)) << "no English help";
     EXPECT_FALSE(kalmo::test::OpenBundle(MakeFolder("empty")));
+}
+
+TEST(Bundles, NameTheFaultsOfATableOnce) {
+    const auto folder =
+        kalmo::test::WriteBundle(MakeFolder("bundle"), "Faulty", "test.faulty",
+                                 {{"Resources/en.lproj/Localizable.strings", "\n\"a\" \"b\";\n"}});
+    const auto bundle = Owned<CFBundleRef>::Adopt(kalmo::test::OpenBundle(folder));
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(TextIn(bundle, "en", CFSTR("a")), "none");
+    EXPECT_EQ(TextIn(bundle, "en", CFSTR("a")), "none");
+    const std::string file = (folder / "Contents/Resources/en.lproj/Localizable.strings").string();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), file + ":2: '=' is expected after the key\n");
 }
 
 TEST(Bundles, AreForgottenWithTheirLastHolder) {
