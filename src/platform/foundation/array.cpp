@@ -15,6 +15,8 @@ const CFArrayObject* Array(const Object* object) {
 bool EqualArrays(const Object* left, const Object* right) {
     const CFArrayObject* const a = Array(left);
     const CFArrayObject* const b = Array(right);
+    // Elements that one side compares as values may be bare addresses on the other.
+    if (a->callbacks.equal != b->callbacks.equal) return false;
     return std::ranges::equal(a->elements, b->elements,
                               [a](const void* x, const void* y) { return a->equal(x, y); });
 }

@@ -3,6 +3,7 @@
 
 #include <unicode/unum.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -69,7 +70,8 @@ std::optional<double> CFLocaleNumberFromString(CFStringRef text) {
     UErrorCode status = U_ZERO_ERROR;
     const double value = unum_parseDouble(format.get(), text->text.data(),
                                           static_cast<int32_t>(text->text.size()), &end, &status);
-    if (U_FAILURE(status) || static_cast<std::size_t>(end) != text->text.size())
-        return std::nullopt;
+    // ICU also reads "NaN", an infinity sign and what overflows to infinity.
+    const bool isWhole = static_cast<std::size_t>(end) == text->text.size();
+    if (U_FAILURE(status) || !isWhole || !std::isfinite(value)) return std::nullopt;
     return value;
 }

@@ -1,8 +1,10 @@
 #include "foundation/number.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <limits>
 
 #include "foundation/number_private.h"
@@ -41,7 +43,11 @@ std::size_t HashNumber(const Object* value) {
 
 std::string DescribeNumber(const Object* value) {
     const CFNumberObject* const number = Number(value);
-    return number->isReal() ? std::to_string(number->real) : std::to_string(number->integer);
+    if (!number->isReal()) return std::to_string(number->integer);
+    // The fewest digits that tell the value, and a point in every locale.
+    char text[32];
+    const auto written = std::to_chars(text, std::end(text), number->real);
+    return {text, written.ptr};
 }
 
 template <typename Integer>

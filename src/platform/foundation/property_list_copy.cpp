@@ -1,5 +1,6 @@
 // Deep copies of property lists, with the mutability asked for.
 #include "foundation/collections_private.h"
+#include "foundation/number_private.h"
 #include "foundation/property_list.h"
 #include "foundation/string_private.h"
 
@@ -26,7 +27,9 @@ struct Copier {
         if (const auto* const dictionary = As<CFDictionaryObject>(value, kDictionaryType)) {
             return copyDictionary(*dictionary, depth);
         }
-        return Owned<CFTypeRef>::Retain(value);  // numbers, booleans and dates never change
+        const TypeRecord* const type = AsObject(value)->type;
+        const bool isConstant = type == &kNumberType || type == &kBooleanType || type == &kDateType;
+        return isConstant ? Owned<CFTypeRef>::Retain(value) : Owned<CFTypeRef>();
     }
 
 private:

@@ -43,6 +43,7 @@ private:
     /// A quoted text with escapes; nothing when there is none or it does not end.
     std::optional<std::u16string> readText() {
         const std::size_t start = at_;
+        const int startLine = line_;
         if (!take(u'"')) return std::nullopt;
         std::u16string text;
         while (at_ < text_.size() && text_[at_] != u'"') {
@@ -52,6 +53,7 @@ private:
         }
         if (take(u'"')) return text;
         at_ = start + 1;
+        line_ = startLine;
         return std::nullopt;
     }
 
@@ -59,6 +61,7 @@ private:
         static constexpr std::array<std::array<char16_t, 2>, 3> kEscapes{
             {{u'n', u'\n'}, {u't', u'\t'}, {u'r', u'\r'}}};
         const char16_t letter = text_[at_++];
+        if (letter == u'\n') ++line_;
         if (letter == u'U' || letter == u'u') return readUnit();
         for (const auto& [name, unit] : kEscapes) {
             if (name == letter) return unit;
@@ -68,7 +71,8 @@ private:
 
     char16_t readUnit() {
         unsigned value = 0;
-        for (int digits = 0; digits < 4 && at_ < text_.size(); ++digits, ++at_) {
+        int digits = 0;
+        for (; digits < 4 && at_ < text_.size(); ++digits, ++at_) {
             const char16_t unit = text_[at_];
             if (unit >= u'0' && unit <= u'9') {
                 value = value * 16 + (unit - u'0');
@@ -78,7 +82,8 @@ private:
                 break;
             }
         }
-        return static_cast<char16_t>(value);
+        if (digits < 4) fault("four hexadecimal digits are expected after \\U");
+        return digits < 4 ? u'\uFFFD' : static_cast<char16_t>(value);
     }
 
     void skipSpace() {
@@ -149,7 +154,10 @@ std::u16string FromUTF16(std::string_view bytes, bool bigEndian) {
 
 StringsTable ReadStringsTable(std::string_view bytes) {
     if (bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE")) {
-        return TableReader(FromUTF16(bytes, bytes[0] == '\xFE')).read();
+        StringsTable table = TableReader(FromUTF16(bytes, bytes[0] == '\xFE')).read();
+        if (bytes.size() % 2 != 0)
+            table.faults.emplace_back("line 1: the file ends within a character");
+        return table;
     }
     if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
     const std::u16string text = UTF16FromUTF8(bytes);

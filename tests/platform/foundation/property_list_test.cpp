@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "foundation/property_list.h"
+#include "foundation/url.h"
 #include "support/private_home.h"
 
 namespace {
@@ -206,6 +207,10 @@ TEST(PropertyLists, WriteNothingThatCannotBeReadAgain) {
         deep = Owned<CFTypeRef>::Adopt(CFArrayCreate(nullptr, &element, 1, &kCFTypeArrayCallBacks));
     }
     EXPECT_EQ(CFPropertyListCreateXMLData(nullptr, deep), nullptr);
+    const auto url =
+        Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(nullptr, CFSTR("/tmp"), true));
+    EXPECT_EQ(CFPropertyListCreateXMLData(nullptr, url), nullptr);
+    EXPECT_EQ(CFPropertyListCreateDeepCopy(nullptr, url, kCFPropertyListImmutable), nullptr);
     int address = 0;
     const void* element = &address;
     const auto bare = Owned<CFArrayRef>::Adopt(CFArrayCreate(nullptr, &element, 1, nullptr));

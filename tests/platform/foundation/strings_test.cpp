@@ -58,6 +58,9 @@ TEST(Strings, FillFormatsWithoutTrustingThem) {
         Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, kCFNumberSInt32Type, &four));
     const auto wide =
         Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, kCFNumberSInt64Type, &large));
+    const double tenth = 0.1;
+    const auto real =
+        Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, kCFNumberFloat64Type, &tenth));
     const struct {
         const char* format;
         const char* text;
@@ -65,16 +68,18 @@ TEST(Strings, FillFormatsWithoutTrustingThem) {
         {"%d to %ld of %@, 100 %%", "4 to 1099511627776 of name, 100 %"},
         {"%3$@: %2$ld-%1$d", "name: 1099511627776-4"},
         {"%s%n%x %", "%s%n%x %"},
-        {"%d %ld %@ %@ %d", "4 1099511627776 name %@ %d"},
+        {"%d %ld %@ %@ %d %@", "4 1099511627776 name 0.1 %d %@"},
         {"%@", "4"},
         {"%0$@ %99999999999999999999$@ %$@", "%0$@ %99999999999999999999$@ %$@"},
         {"%3$d", "%3$d"},
         {"%2$d", "2147483647"},
+        {"%4$@ mm", "0.1 mm"},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(CFStringToUTF8(Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
-                      nullptr, String(row.format), number.get(), wide.get(), CFSTR("name")))),
-                  row.text);
+        EXPECT_EQ(
+            CFStringToUTF8(Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
+                nullptr, String(row.format), number.get(), wide.get(), CFSTR("name"), real.get()))),
+            row.text);
     }
 }
 
@@ -106,13 +111,17 @@ TEST(StringsTables, ReadWhatIsRightAndNameWhatIsWrong) {
         "broken = \"x\";\n"
         "\"b\" \"no sign\";\n"
         "\"c\" = \"2\";\n"
-        "\"open");
-    EXPECT_EQ(table.texts.size(), 2u);
+        "\"d\" = \"\\Uzz\";\n"
+        "\"open\n\n\n"
+        "broken");
+    EXPECT_EQ(table.texts.size(), 3u);
     EXPECT_EQ(table.texts.at("a"), "1 \"quoted\" ä\n");
     EXPECT_EQ(table.texts.at("c"), "2");
     ASSERT_GE(table.faults.size(), 4u);
     EXPECT_EQ(table.faults[0], "line 3: the key \"a\" stands here again");
     EXPECT_TRUE(table.faults[1].starts_with("line 4:"));
+    EXPECT_EQ(table.texts.at("d"), "\uFFFDzz");
+    EXPECT_TRUE(table.faults.back().starts_with("line 11:")) << "lines of an open text count once";
     EXPECT_EQ(ReadStringsTable(std::string_view("\xFF\xFE\"\0k\0\"\0=\0\"\0v\0\"\0;\0", 18))
                   .texts.at("k"),
               "v");
@@ -129,6 +138,9 @@ TEST(LocaleNumbers, FollowTheUsersLocale) {
     EXPECT_EQ(CFLocaleNumberFromString(CFSTR("12,5 mm")), std::nullopt);
     setenv("LC_ALL", "C.UTF-8", 1);
     EXPECT_EQ(CFLocaleNumberFromString(CFSTR("12.5")), 12.5);
+    for (const char* text : {"", "NaN", "\u221E", "1e400", "12.5 "}) {
+        EXPECT_EQ(CFLocaleNumberFromString(String(text)), std::nullopt) << text;
+    }
 }
 
 }  // namespace

@@ -115,6 +115,18 @@ TEST(Arrays, KeepElementsWithTheirOwnCallbacks) {
     EXPECT_EQ(retained, 0);
 }
 
+TEST(Arrays, OfAddressesNeverEqualArraysOfValues) {
+    int address = 0;
+    const void* const bare[] = {&address};
+    const void* const values[] = {CFSTR("value")};
+    const auto addresses = Owned<CFArrayRef>::Adopt(
+        CFArrayCreate(nullptr, const_cast<const void**>(bare), 1, nullptr));
+    const auto counted = Owned<CFArrayRef>::Adopt(
+        CFArrayCreate(nullptr, const_cast<const void**>(values), 1, &kCFTypeArrayCallBacks));
+    EXPECT_FALSE(CFEqual(counted, addresses));
+    EXPECT_FALSE(CFEqual(addresses, counted));
+}
+
 TEST(Values, CountsReturnToTheStart) {
     const std::size_t before = CFLiveValueCount();
     {
