@@ -5,6 +5,7 @@
 #include "job_ticket/private_file.h"
 #include "print_dialog/job_delivery.h"
 #include "print_dialog/outcome.h"
+#include "print_dialog/page_selection.h"
 #include "print_dialog/private_folder.h"
 #include "print_dialog/text_limits.h"
 
@@ -36,8 +37,13 @@ Outcome CopyDocument(const std::filesystem::path& from, const std::filesystem::p
 
 /// Both files of the job, whole, in the private folder.
 Outcome Prepare(const JobOrder& order, const JobResult& files) {
-    if (order.ticket.empty()) return CopyDocument(order.document, files.document);
-    const auto attached = job_ticket::AttachTicket(order.document, order.ticket, files.document);
+    auto document = order.document;
+    if (!order.pages.empty()) {
+        document = files.document.parent_path() / "pages.pdf";
+        if (const auto cut = CopyPages(order.document, order.pages, document); !cut) return cut;
+    }
+    if (order.ticket.empty()) return CopyDocument(document, files.document);
+    const auto attached = job_ticket::AttachTicket(document, order.ticket, files.document);
     if (!attached) return {order.document.string() + ": " + attached.error};
     const auto written = job_ticket::WritePrivateFile(files.ticket, order.ticket);
     return {written ? "" : order.folder.string() + ": " + written.error};

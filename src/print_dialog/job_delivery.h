@@ -9,10 +9,13 @@
 #include <utility>
 #include <vector>
 
+#include "print_dialog/job_settings.h"
+
 namespace kalmo {
 
 struct JobOrder {
     std::filesystem::path document;
+    std::vector<PageRange> pages;  // the document is cut to these; empty: all of it goes
     std::string ticket;            // a ticket file's bytes; empty: the document goes as it is
     std::string title;             // never empty
     std::string queue;             // a queue ...

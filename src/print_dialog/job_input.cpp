@@ -35,15 +35,15 @@ Outcome CheckHeader(const std::filesystem::path& file, const std::string& name) 
 }
 
 /// As it is shown: the media box, turned by /Rotate.
-Orientation PageOrientation(QPDFPageObjectHelper page) {
+PageSize SizeOf(QPDFPageObjectHelper page) {
     auto box = page.getAttribute("/MediaBox", false);
-    if (!box.isRectangle()) return Orientation::portrait;
+    if (!box.isRectangle()) return {};
     const auto rectangle = box.getArrayAsRectangle();
-    const bool wide =
-        std::abs(rectangle.urx - rectangle.llx) > std::abs(rectangle.ury - rectangle.lly);
+    const double width = std::abs(rectangle.urx - rectangle.llx);
+    const double height = std::abs(rectangle.ury - rectangle.lly);
     auto rotate = page.getAttribute("/Rotate", false);
     const bool turned = rotate.isInteger() && rotate.getIntValue() % 180 != 0;
-    return wide != turned ? Orientation::landscape : Orientation::portrait;
+    return turned ? PageSize{height, width} : PageSize{width, height};
 }
 
 /// The whole of a ticket file; one byte more than is allowed tells a file that is too large.
@@ -86,14 +86,15 @@ Outcome InputDocument::spoolStandardInput() {
     return {count == 0 && out ? "" : SystemReason("Standard input", errno)};
 }
 
-Outcome InspectDocument(const std::filesystem::path& document, DocumentFacts* facts) {
+Outcome InspectDocument(const std::filesystem::path& document, std::vector<PageSize>* sizes) {
     try {
         QPDF pdf;
         pdf.setSuppressWarnings(true);
         pdf.processFile(document.c_str());
         const auto pages = QPDFPageDocumentHelper(pdf).getAllPages();
         if (pages.empty()) return {document.string() + ": The document has no pages"};
-        *facts = {static_cast<int>(pages.size()), PageOrientation(pages.front())};
+        sizes->clear();
+        for (const auto& page : pages) sizes->push_back(SizeOf(page));
         return {};
     } catch (const QPDFExc& error) {
         const bool locked = error.getErrorCode() == qpdf_e_password;

@@ -4,10 +4,12 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "print_dialog/command_line.h"
 #include "print_dialog/print_job_host.h"
 #include "print_dialog/private_folder.h"
+#include "print_dialog/sheet_layout.h"
 
 namespace kalmo {
 
@@ -28,14 +30,9 @@ private:
     std::unique_ptr<PrivateFolder> spool_;
 };
 
-struct DocumentFacts {
-    int pageCount = 0;
-    Orientation orientation = Orientation::portrait;  // the first page's, as it is shown
-};
-
-/// Reads the document's structure; takes a while for a large one. Fails with a line that names the
-/// file: damaged, no pages, a password.
-Outcome InspectDocument(const std::filesystem::path& document, DocumentFacts* facts);
+/// The sizes of its pages as they are shown; takes a while for a large document. Fails with a line
+/// that names the file: damaged, no pages, a password.
+Outcome InspectDocument(const std::filesystem::path& document, std::vector<PageSize>* pages);
 
 /// Reads --ticket into the host, and sets the job's name. Fails with a line that names the file.
 Outcome LoadInputs(const CommandLine& commandLine, PrintJobHost& host);

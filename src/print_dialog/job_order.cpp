@@ -15,10 +15,6 @@ using Options = std::vector<std::pair<std::string, std::string>>;
 /// The server gives all options to its filters as one argument, which Linux limits to 128 KiB.
 constexpr std::size_t kMostOptionBytes = 100 << 10;
 
-// IPP's orientation-requested.
-constexpr const char* kPortrait = "3";
-constexpr const char* kLandscape = "4";
-
 void AddPrinterChoices(const PrintJobHost& host, Options& options) {
     const auto* description = host.description();
     if (!description) return;
@@ -33,23 +29,24 @@ void AddPrinterChoices(const PrintJobHost& host, Options& options) {
     }
 }
 
-void AddSettings(const JobSettings& settings, const JobRequest& request, Options& options) {
+void AddCopies(const JobSettings& settings, Options& options) {
     if (settings.copies > 1) {
         options.emplace_back("copies", std::to_string(settings.copies));
         options.emplace_back("multiple-document-handling",
                              settings.collate ? "separate-documents-collated-copies"
                                               : "separate-documents-uncollated-copies");
     }
-    if (!settings.pages.empty()) {
-        options.emplace_back("page-ranges", PageRangesText(settings.pages));
-    }
-    if (settings.pagesPerSheet > 1) {
-        options.emplace_back("number-up", std::to_string(settings.pagesPerSheet));
-    }
-    if (settings.orientation != request.documentOrientation) {
-        options.emplace_back("orientation-requested", settings.orientation == Orientation::landscape
-                                                          ? kLandscape
-                                                          : kPortrait);
+}
+
+/// The server would count sheets where a sheet holds several pages, and a folder counts nothing.
+void AddPages(const JobSettings& settings, const JobRequest& request, JobOrder& order) {
+    const auto layout = request.layout.jobOptions();
+    order.options.insert(order.options.end(), layout.begin(), layout.end());
+    if (settings.pages.empty()) return;
+    if (!request.folder.empty() || request.layout.pagesPerSheet() > 1) {
+        order.pages = settings.pages;
+    } else {
+        order.options.emplace_back("page-ranges", PageRangesText(settings.pages));
     }
 }
 
@@ -83,7 +80,8 @@ std::size_t TotalBytes(const Options& options) {
 Outcome MakeJobOrder(const PrintJobHost& host, const JobRequest& request, JobOrder* order) {
     *order = {.document = request.document, .queue = request.queue, .folder = request.folder};
     order->title = host.jobName().empty() ? "document" : host.jobName();
-    AddSettings(host.settings(), request, order->options);
+    AddCopies(host.settings(), order->options);
+    AddPages(host.settings(), request, *order);
     AddPrinterChoices(host, order->options);
     AddPaperWithoutPPD(host, order->options);
     if (TotalBytes(order->options) > kMostOptionBytes) {

@@ -7,13 +7,14 @@
 #include "print_dialog/job_delivery.h"
 #include "print_dialog/job_settings.h"
 #include "print_dialog/print_job_host.h"
+#include "print_dialog/sheet_layout.h"
 
 namespace kalmo {
 
 struct JobRequest {
     std::filesystem::path document;
-    /// How most of the document stands; the printer turns the pages when the job wants another.
-    Orientation documentOrientation = Orientation::portrait;
+    /// Of the document with the host's settings.
+    SheetLayout layout;
     std::string queue;             // a queue ...
     std::filesystem::path folder;  // ... or a folder to print into
 };

@@ -24,8 +24,7 @@ struct PageRange {
 /// they touch or overlap.
 [[nodiscard]] std::optional<std::vector<PageRange>> ParsePageRanges(std::string_view text,
                                                                     int pageCount);
-/// "1-3,5", the form of the job option page-ranges. The server counts sheets there, not pages, when
-/// a sheet holds several: such a job's document is cut to its pages before it is sent.
+/// "1-3,5", the form of the job option page-ranges.
 [[nodiscard]] std::string PageRangesText(const std::vector<PageRange>& ranges);
 
 struct JobSettings {

@@ -1,5 +1,7 @@
 #include "print_dialog/print_job_host.h"
 
+#include <algorithm>
+
 #include "print_dialog/session_tickets.h"
 #include "printing/ticket_file.h"
 #include "toolbox/events.h"
@@ -179,6 +181,13 @@ bool PrintJobHost::printCheck() {
     const OSStatus answer = button ? SendCommandFromControl(button, kPrintCommand)
                                    : SendCommandToWindow(window, kPrintCommand);
     return answer == eventNotHandledErr;
+}
+
+PPDPaper PrintJobHost::paper() const {
+    if (!description_) return {};
+    const auto& wanted = settings_.paper.empty() ? description_->defaultPaper : settings_.paper;
+    const auto found = std::ranges::find(description_->papers, wanted, &PPDPaper::keyword);
+    return found == description_->papers.end() ? PPDPaper{} : *found;
 }
 
 PMTicketRef PrintJobHost::printSettings() const {

@@ -91,6 +91,8 @@ public:
     [[nodiscard]] const PPDDescription* description() const {
         return description_ ? &*description_ : nullptr;
     }
+    /// The paper of the settings, else the printer's own; of no size without a PPD file.
+    [[nodiscard]] PPDPaper paper() const;
     [[nodiscard]] const std::string& jobName() const { return jobName_; }
     /// Title and least size of the pane, from Prologue.
     [[nodiscard]] const std::string& paneTitle() const { return paneTitle_; }

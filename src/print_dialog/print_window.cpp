@@ -278,7 +278,7 @@ void PrintWindow::updatePrint() {
 JobRequest PrintWindow::jobRequest() const {
     const Destination& destination = form_->destination()->current();
     JobRequest request{.document = printed_->path(),
-                       .documentOrientation = DocumentOrientation(document_.pages())};
+                       .layout = SheetLayout(form_->paper(), form_->settings(), document_.pages())};
     if (destination.kind == Destination::Kind::queue) {
         request.queue = destination.queue;
     } else {

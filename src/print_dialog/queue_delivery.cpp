@@ -5,10 +5,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <utility>
 
 #include "job_ticket/attachment.h"
 #include "print_dialog/job_delivery.h"
 #include "print_dialog/outcome.h"
+#include "print_dialog/page_selection.h"
 #include "print_dialog/print_server.h"
 #include "print_dialog/private_folder.h"
 #include "print_dialog/text_limits.h"
@@ -152,10 +154,15 @@ JobResult SendDocument(http_t* http, const JobOrder& order, int job, const OpenD
 Outcome PrepareDocument(const JobOrder& order, const PrivateFolder& temporary,
                         std::filesystem::path* prepared) {
     *prepared = order.document;
-    if (order.ticket.empty()) return {};
+    if (order.ticket.empty() && order.pages.empty()) return {};
     if (temporary.path().empty()) return {SystemReason("The temporary folder", errno)};
-    *prepared = temporary.path() / "job.pdf";
-    const auto attached = job_ticket::AttachTicket(order.document, order.ticket, *prepared);
+    if (!order.pages.empty()) {
+        *prepared = temporary.path() / "pages.pdf";
+        if (const auto cut = CopyPages(order.document, order.pages, *prepared); !cut) return cut;
+    }
+    if (order.ticket.empty()) return {};
+    const auto document = std::exchange(*prepared, temporary.path() / "job.pdf");
+    const auto attached = job_ticket::AttachTicket(document, order.ticket, *prepared);
     return {attached ? "" : order.document.string() + ": " + attached.error};
 }
 

@@ -133,10 +133,13 @@ Sheet SheetLayout::sheet(int index) const {
 }
 
 std::vector<std::pair<std::string, std::string>> SheetLayout::jobOptions() const {
-    return {{"orientation-requested", orientation_ == Orientation::landscape ? "4" : "3"},
-            {"number-up", std::to_string(pagesPerSheet_)},
-            {"print-scaling", keepsSize_ ? "none" : "fit"},
-            {"pdfAutoRotate", turnsPages_ ? "yes" : "no"}};
+    std::vector<std::pair<std::string, std::string>> options;
+    if (document_.empty()) return options;
+    options.emplace_back("print-scaling", keepsSize_ ? "none" : "fit");
+    if (orientation_ == Orientation::landscape) options.emplace_back("orientation-requested", "4");
+    if (pagesPerSheet_ > 1) options.emplace_back("number-up", std::to_string(pagesPerSheet_));
+    if (!turnsPages_) options.emplace_back("pdfAutoRotate", "no");
+    return options;
 }
 
 }  // namespace kalmo

@@ -48,11 +48,13 @@ public:
     SheetLayout(const PPDPaper& paper, const JobSettings& settings, std::vector<PageSize> document);
 
     [[nodiscard]] int sheetCount() const;
+    [[nodiscard]] int pagesPerSheet() const { return pagesPerSheet_; }
     /// `index` is 0 .. sheetCount() - 1; an empty sheet otherwise.
     [[nodiscard]] Sheet sheet(int index) const;
 
-    /// The job options that lay out a document so, when it holds the chosen pages only: the
-    /// server's own option page-ranges counts sheets, not pages, as soon as a sheet holds several.
+    /// The job options that lay out the chosen pages so; none without a document. The choice itself
+    /// is not among them: the server's option page-ranges counts sheets, not pages, as soon as a
+    /// sheet holds several.
     [[nodiscard]] std::vector<std::pair<std::string, std::string>> jobOptions() const;
 
 private:

@@ -102,7 +102,7 @@ private:
             return Stop(kExitUsage, opened.error);
         }
         if (document_.path().empty()) return kExitDone;
-        const auto inspected = InspectDocument(document_.path(), &facts_);
+        const auto inspected = InspectDocument(document_.path(), &pages_);
         return inspected ? kExitDone : Stop(kExitUsage, inspected.error);
     }
 
@@ -135,7 +135,7 @@ private:
 
     ExitCode readTicket() {
         auto settings = host_.settings();
-        settings.orientation = facts_.orientation;
+        settings.orientation = DocumentOrientation(pages_);
         host_.apply(settings);
         const auto outcome = LoadInputs(commandLine_, host_);
         return outcome ? kExitDone : Stop(kExitUsage, outcome.error);
@@ -183,7 +183,7 @@ private:
 
     [[nodiscard]] JobRequest jobRequest() const {
         return {.document = document_.path(),
-                .documentOrientation = facts_.orientation,
+                .layout = SheetLayout(host_.paper(), host_.settings(), pages_),
                 .queue = host_.printer().name,
                 .folder = commandLine_.output};
     }
@@ -193,7 +193,7 @@ private:
     PrintJobHost host_;
     Printers printers_;
     InputDocument document_;
-    DocumentFacts facts_;
+    std::vector<PageSize> pages_;
 };
 
 /// A server's words must not steer a terminal.

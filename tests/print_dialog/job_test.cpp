@@ -105,13 +105,15 @@ TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
     settings.pagesPerSheet = 4;
     settings.orientation = Orientation::landscape;
     pane_.host.apply(settings);
-    const auto made = order({.queue = "office"});
+    const SheetLayout layout(pane_.host.paper(), settings, {{595, 842}});
+    const auto made = order({.layout = layout, .queue = "office"});
     auto sent = options(made);
     EXPECT_EQ(sent["KLEconomode"], "Draft");
     EXPECT_EQ(sent["PageSize"], "A3");
     EXPECT_EQ(sent["copies"], "3") << "not the ticket's word: it is no option of the printer";
     EXPECT_EQ(sent["multiple-document-handling"], "separate-documents-uncollated-copies");
-    EXPECT_EQ(sent["page-ranges"], "1-3,5");
+    EXPECT_FALSE(sent.contains("page-ranges")) << "the server would count sheets";
+    EXPECT_EQ(made.pages, settings.pages);
     EXPECT_EQ(sent["number-up"], "4");
     EXPECT_EQ(sent["orientation-requested"], "4");
     EXPECT_FALSE(sent.contains("raw"));
@@ -125,14 +127,17 @@ TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
 TEST_F(JobTest, PlainJobsSayLittle) {
     ASSERT_EQ(pane_.beginOnSample(), noErr);
     auto settings = pane_.host.settings();
-    settings.orientation = Orientation::landscape;
+    settings.pages = {{2, 3}};
     pane_.host.apply(settings);
-    const auto made = order({.documentOrientation = Orientation::landscape, .queue = "office"});
+    const SheetLayout layout(pane_.host.paper(), settings, {{595, 842}});
+    const auto made = order({.layout = layout, .queue = "office"});
     auto sent = options(made);
-    for (const char* absent : {"copies", "multiple-document-handling", "page-ranges", "number-up",
+    for (const char* absent : {"copies", "multiple-document-handling", "number-up", "pdfAutoRotate",
                                "orientation-requested", "media"}) {
         EXPECT_FALSE(sent.contains(absent)) << absent;
     }
+    EXPECT_EQ(sent["page-ranges"], "2-3");
+    EXPECT_TRUE(made.pages.empty());
     EXPECT_FALSE(made.secret);
 }
 

@@ -95,6 +95,10 @@ TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
     ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
     EXPECT_EQ(window_->exitCode(), kExitDone);
     EXPECT_EQ(files(), (std::set<std::string>{"report.pdf", "report.ticket.plist"}));
+    std::vector<PageSize> printed;
+    const auto document = std::filesystem::path(commandLine_.output) / "report.pdf";
+    EXPECT_TRUE(InspectDocument(document, &printed));
+    EXPECT_EQ(printed.size(), 3u) << "pages 2 to 4";
     EXPECT_TRUE(nothingModal.done());
 }
 

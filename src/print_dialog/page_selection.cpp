@@ -1,0 +1,45 @@
+#include "print_dialog/page_selection.h"
+
+#include <algorithm>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFWriter.hh>
+
+namespace kalmo {
+namespace {
+
+bool Holds(const std::vector<PageRange>& ranges, int page) {
+    return std::ranges::any_of(ranges, [page](const PageRange& range) {
+        return range.first <= page && page <= range.last;
+    });
+}
+
+void RemoveOtherPages(QPDF& pdf, const std::vector<PageRange>& ranges) {
+    QPDFPageDocumentHelper document(pdf);
+    int number = 0;
+    for (const QPDFPageObjectHelper& page : document.getAllPages()) {
+        if (!Holds(ranges, ++number)) document.removePage(page);
+    }
+}
+
+}  // namespace
+
+Outcome CopyPages(const std::filesystem::path& document, const std::vector<PageRange>& ranges,
+                  const std::filesystem::path& output) {
+    try {
+        QPDF pdf;
+        pdf.setSuppressWarnings(true);
+        pdf.processFile(document.c_str());
+        RemoveOtherPages(pdf, ranges);
+        QPDFWriter writer(pdf, output.c_str());
+        writer.setStreamDataMode(qpdf_s_preserve);
+        writer.write();
+    } catch (const std::exception& error) {
+        return {document.string() + ": Its pages cannot be taken out (" + error.what() + ")"};
+    }
+    std::error_code error;
+    std::filesystem::permissions(output, std::filesystem::perms(0600), error);
+    return {error ? document.string() + ": " + error.message() : ""};
+}
+
+}  // namespace kalmo
