@@ -30,7 +30,7 @@ if(TARGET KalmoFeatures)
   add_dependencies(KalmoFeatures OrvikCups)
 endif()
 
-if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/print_dialog/print_window.cpp)
+if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/print_dialog/main.cpp)
   add_executable(kalmo-print print_dialog/main.cpp)
   target_link_libraries(kalmo-print PRIVATE print_dialog)
   if(TARGET KalmoFeatures)
