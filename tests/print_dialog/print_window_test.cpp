@@ -146,6 +146,18 @@ TEST_F(PrintWindowTest, AFailureIsSaidAndTheDialogStays) {
     EXPECT_TRUE(window_->isVisible() && button("&Print")->isEnabled());
 }
 
+TEST_F(PrintWindowTest, ADeadServerCostsALine) {
+    const DeadServer server(Silence::closedPort);
+    setenv("CUPS_SERVER", server.name().c_str(), 1);
+    open();
+    window_->findPrinters();
+    auto* destination = window_->findChild<DestinationChoice*>();
+    const auto* list = destination->list();
+    ASSERT_TRUE(Wait([&] { return list->accessibleDescription().contains("127.0.0.1"); }));
+    EXPECT_EQ(destination->current().kind, Destination::Kind::folder);
+    EXPECT_TRUE(button("&Print")->isEnabled());
+}
+
 TEST_F(PrintWindowTest, PrintsADroppedDocument) {
     commandLine_.document.clear();
     window_ = std::make_unique<PrintWindow>(commandLine_);
