@@ -50,6 +50,7 @@ void AddOptions(CLI::App& app, CommandLine& into) {
         ->option_text("auto|light|dark");
     app.add_flag("--list-printers", into.listPrinters, "List the queues and exit");
     app.set_version_flag("--version", "kalmo-print " KALMO_VERSION);
+    app.footer("Exit code: 0 done, 1 failed or refused, 2 usage or unreadable input, 3 cancelled.");
     printer->excludes(ppd);
     for (auto* option : {printer, ppd, app.get_option("--ticket"), app.get_option("--write-ticket"),
                          app.get_option("--output")}) {
