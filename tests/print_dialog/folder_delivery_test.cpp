@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <set>
 
-#include "job_ticket/attachment.h"
 #include "print_dialog/job_delivery.h"
 #include "support/pdf_documents.h"
 #include "support/private_home.h"
@@ -19,9 +17,9 @@ class FolderDeliveryTest : public testing::Test {
 protected:
     FolderDeliveryTest() { test::WriteFile(document_, test::MakePdf({"One", "Two"})); }
 
-    JobResult deliver(const std::string& title, const std::string& ticket = kTicket) {
+    JobResult deliver(const std::string& title) {
         return DeliverToFolder(
-            {.document = document_, .ticket = ticket, .title = title, .folder = output_},
+            {.document = document_, .ticket = kTicket, .title = title, .folder = output_},
             {state_, [](JobStage, int) {}});
     }
     std::set<std::string> files() const {
@@ -36,22 +34,6 @@ protected:
     fs::path output_ = test::MakeFolder("out");
     DeliveryState state_;
 };
-
-TEST_F(FolderDeliveryTest, WritesDocumentAndTicketForTheUserAlone) {
-    const auto result = deliver("report.pdf");
-    ASSERT_EQ(result.end, JobResult::End::printed) << result.message;
-    EXPECT_EQ(files(), (std::set<std::string>{"report.pdf", "report.ticket.plist"}));
-    EXPECT_EQ(test::ReadFile(result.ticket), kTicket);
-    for (const auto& file : {result.document, result.ticket}) {
-        EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600)) << file;
-    }
-    job_ticket::TakenOut taken;
-    const auto clean = output_ / "clean.pdf";
-    const auto outcome = job_ticket::TakeTicketOut(
-        result.document, job_ticket::TicketDigest(kTicket), clean, &taken);
-    ASSERT_TRUE(outcome) << outcome.error;
-    EXPECT_EQ(taken.ticket, kTicket);
-}
 
 TEST_F(FolderDeliveryTest, LeavesWhatLiesThereAlone) {
     test::WriteFile(output_ / "report.pdf", "somebody's");
@@ -84,13 +66,6 @@ TEST_F(FolderDeliveryTest, NamesStayInTheFolder) {
     }
     const auto longest = deliver(std::string(199, 'x') + "ééé");
     EXPECT_EQ(longest.document.filename(), std::string(199, 'x') + ".pdf");
-}
-
-TEST_F(FolderDeliveryTest, WithoutATicketTheDocumentGoesAsItIs) {
-    const auto result = deliver("report", "");
-    ASSERT_EQ(result.end, JobResult::End::printed) << result.message;
-    EXPECT_EQ(files(), std::set<std::string>{"report.pdf"});
-    EXPECT_EQ(test::ReadFile(result.document), test::ReadFile(document_));
 }
 
 TEST_F(FolderDeliveryTest, CancelledOrFailedItLeavesNothing) {

@@ -72,23 +72,6 @@ TEST_F(JobTest, ARefusedJobWritesNothing) {
     EXPECT_TRUE(std::filesystem::is_empty(folder_));
 }
 
-TEST_F(JobTest, TheTicketInTheDocumentIsTheOneOfTheMoment) {
-    pane_.host.setJobName("report.pdf");
-    ASSERT_EQ(pane_.beginOnSample(), noErr);
-    const auto first = run({.document = document_, .folder = folder_});
-    const auto second = run({.document = document_, .folder = folder_});
-    ASSERT_EQ(second.end, JobResult::End::printed) << second.message;
-    const auto ticket = test::ReadFile(second.ticket);
-    EXPECT_NE(ticket, test::ReadFile(first.ticket)) << "each job has a nonce of its own";
-    EXPECT_NE(ticket.find(job_ticket::kNonceKey), std::string::npos);
-    EXPECT_NE(ticket.find("Quillon"), std::string::npos) << "synced before";
-    EXPECT_EQ(pane_.host.ticketFile().find(job_ticket::kNonceKey), std::string::npos);
-    job_ticket::TakenOut taken;
-    ASSERT_TRUE(job_ticket::TakeTicketOut(second.document, job_ticket::TicketDigest(ticket),
-                                          folder_ / "clean.pdf", &taken));
-    EXPECT_EQ(taken.ticket, ticket);
-}
-
 TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
     pane_.choose(test::SamplePPD("kalmo-office-color"));
     ASSERT_TRUE(pane_.host.readTicket(

@@ -166,18 +166,5 @@ TEST_F(PrintJobHostTest, FurtherPanelsAreOfferedForOneLifeOnly) {
     EXPECT_EQ(PanelInterfaceName("colour"), nullptr);
 }
 
-TEST_F(PrintJobHostTest, BadTicketsChangeNothing) {
-    pane_.choose(test::SamplePPD("kalmo-office-color"));
-    ASSERT_TRUE(pane_.host.readTicket(TicketFile("<key>k</key><true/>")));
-    const auto before = pane_.host.ticketFile();
-    for (const char* bytes : {"", "no plist", "<plist><array/></plist>", "<plist><dict>"}) {
-        SCOPED_TRACE(bytes);
-        const auto outcome = pane_.host.readTicket(bytes);
-        EXPECT_FALSE(outcome);
-        EXPECT_EQ(outcome.error.find('\n'), std::string::npos);
-        EXPECT_EQ(pane_.host.ticketFile(), before);
-    }
-}
-
 }  // namespace
 }  // namespace kalmo
