@@ -11,32 +11,24 @@ foreach(folder shell_base settings controls special_pages image_options paper_ou
   endif()
 endforeach()
 set(exports ${CMAKE_CURRENT_SOURCE_DIR}/shell/exports.map)
-if(plugin_objects AND EXISTS ${exports})
-  add_library(KalmoFeatures SHARED ${plugin_objects})
-  set_target_properties(KalmoFeatures PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${bundle}/Contents/Linux
-    LINK_DEPENDS ${exports})
-  target_link_libraries(KalmoFeatures PRIVATE kalmoplatform Cups::Cups)
-  # -Bsymbolic: a program built with -rdynamic must not replace the plug-in's own functions.
-  target_link_options(KalmoFeatures PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${exports}
-    $<$<NOT:$<BOOL:${KALMO_SANITIZE}>>:-Wl,-z,defs>)
-endif()
+add_library(KalmoFeatures SHARED ${plugin_objects})
+set_target_properties(KalmoFeatures PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${bundle}/Contents/Linux
+  LINK_DEPENDS ${exports})
+target_link_libraries(KalmoFeatures PRIVATE kalmoplatform Cups::Cups)
+# -Bsymbolic: a program built with -rdynamic must not replace the plug-in's own functions.
+target_link_options(KalmoFeatures PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${exports}
+  $<$<NOT:$<BOOL:${KALMO_SANITIZE}>>:-Wl,-z,defs>)
 
 # The localizer inside the bundle.
 add_library(OrvikCups MODULE localizer/orvik_cups.cpp)
 set_target_properties(OrvikCups PROPERTIES PREFIX ""
   LIBRARY_OUTPUT_DIRECTORY ${bundle}/Contents/Resources/OrvikCups.plugin/Contents/Linux)
-target_link_libraries(OrvikCups PRIVATE Cups::Cups)
-if(TARGET KalmoFeatures)
-  add_dependencies(KalmoFeatures OrvikCups)
-endif()
+target_link_libraries(OrvikCups PRIVATE kalmoplatform)
+add_dependencies(KalmoFeatures OrvikCups)
 
-if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/print_dialog/main.cpp)
-  add_executable(kalmo-print print_dialog/main.cpp)
-  target_link_libraries(kalmo-print PRIVATE print_dialog)
-  if(TARGET KalmoFeatures)
-    add_dependencies(kalmo-print KalmoFeatures bundle_resources)
-  endif()
-endif()
+add_executable(kalmo-print print_dialog/main.cpp)
+target_link_libraries(kalmo-print PRIVATE print_dialog)
+add_dependencies(kalmo-print KalmoFeatures bundle_resources)
 
 # kalmo-ticket is for people and for drivers, kalmoticket is the CUPS filter.
 add_executable(kalmo-ticket ticket_filter/main.cpp)

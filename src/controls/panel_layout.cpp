@@ -18,6 +18,7 @@ OSStatus AppendViewFromWindowAndUnpack(ControlRef pane, WindowRef window, SInt32
 
 Rect CentredIn(const Rect& outer, const Rect& inner) {
     const SInt32 width = inner.right - inner.left, height = inner.bottom - inner.top;
+    // A pane larger than its place keeps its upper left corner in sight.
     const SInt32 left = std::max(0, (outer.right - outer.left - width) / 2);
     const SInt32 top = std::max(0, (outer.bottom - outer.top - height) / 2);
     return {.top = top, .left = left, .bottom = top + height, .right = left + width};

@@ -167,11 +167,16 @@ void UpdateHalftoneScreenMenu(ImageOptionsContext&) {}
 void SaveUIValuesToData(ImageOptionsContext& context) {
     if (!context.opened) return;
     const ImageOptionsControls& controls = context.controls;
-    const bool saves = GetControl32BitValue(controls.tonerSaver) == 1;
-    context.tonerSaver = saves ? kTonerSaverOn : kTonerSaverOff;
-    context.resolution = GetPopupButtonTicketValue(controls.resolution);
-    context.invert.NegativeImage = GetControl32BitValue(controls.negative) != 0;
-    context.invert.MirrorImage = GetControl32BitValue(controls.mirror) != 0;
+    // A control that the interface file left out keeps its value in the record.
+    if (controls.tonerSaver) {
+        const bool saves = GetControl32BitValue(controls.tonerSaver) == 1;
+        context.tonerSaver = saves ? kTonerSaverOn : kTonerSaverOff;
+    }
+    if (controls.resolution) context.resolution = GetPopupButtonTicketValue(controls.resolution);
+    if (controls.negative) {
+        context.invert.NegativeImage = GetControl32BitValue(controls.negative) != 0;
+    }
+    if (controls.mirror) context.invert.MirrorImage = GetControl32BitValue(controls.mirror) != 0;
 }
 
 void RestoreUIValuesFromData(ImageOptionsContext& context) {

@@ -39,14 +39,16 @@ bool LacksRecipient(const CheckedJob& job) {
 void InstallPrintCheckSource(PrintCheckSource source) { currentSource = std::move(source); }
 
 PrintCheckResult CheckPrintJob() {
-    if (!currentSource.job) return PrintCheckResult::pass;
-    const CheckedJob job = currentSource.job();
+    // A copy: the owner may take its source away while the fax setup runs.
+    const PrintCheckSource source = currentSource;
+    if (!source.job) return PrintCheckResult::pass;
+    const CheckedJob job = source.job();
     if (LacksPasscode(job)) {
         AskForPasscode();
         return PrintCheckResult::refused;
     }
     if (LacksRecipient(job)) {
-        if (currentSource.runFaxSetup) currentSource.runFaxSetup();
+        if (source.runFaxSetup) source.runFaxSetup();
         return PrintCheckResult::refused;
     }
     return PrintCheckResult::pass;

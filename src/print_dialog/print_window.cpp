@@ -346,10 +346,13 @@ void PrintWindow::reject() {
 }
 
 void PrintWindow::showHelp() {
+    // The pane opens its own book; without a pane the dialog finds it in the bundle.
+    if (SendCommandToWindow(WindowFromWidget(this), 'help') == noErr) return;
     const auto bundle = Owned<CFBundleRef>::Adopt(OpenExtensionBundle());
-    if (!bundle) return;
-    const auto book = static_cast<CFStringRef>(
-        CFBundleGetValueForInfoDictionaryKey(bundle, CFSTR("CFBundleHelpBookName")));
+    const CFTypeRef name =
+        CFBundleGetValueForInfoDictionaryKey(bundle, CFSTR("CFBundleHelpBookName"));
+    if (!name || CFGetTypeID(name) != CFStringGetTypeID()) return;
+    const auto book = static_cast<CFStringRef>(name);
     const auto page = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(kHelpPage));
     AHRegisterHelpBook(bundle);
     if (AHGotoPage(book, page, nullptr) != noErr) bar_->showFault(WindowText("Help missing"));

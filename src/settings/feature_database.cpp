@@ -41,13 +41,13 @@ std::vector<Entry> DictionariesIn(CFDictionaryRef dictionary) {
 
 /// A new array of the dictionaries whose property equals, or with null `value` exists.
 CFArrayRef CreateMatches(CFDictionaryRef dictionaries, CFStringRef property, CFTypeRef value) {
-    const CFMutableArrayRef matches =
-        CFArrayCreateMutable(kCFAllocatorDefault, 0, &kCFTypeArrayCallBacks);
+    auto matches = Owned<CFMutableArrayRef>::Adopt(
+        CFArrayCreateMutable(kCFAllocatorDefault, 0, &kCFTypeArrayCallBacks));
     for (const Entry& entry : DictionariesIn(dictionaries)) {
         const CFTypeRef held = GetProperty(entry.value, property);
         if (held && (!value || CFEqual(held, value))) CFArrayAppendValue(matches, entry.value);
     }
-    return matches;
+    return matches.detach();
 }
 
 CFStringRef GetDefaultKeyword(CFDictionaryRef keywords) {
@@ -73,7 +73,7 @@ using namespace kalmo;
 
 extern "C" {
 
-void KDPInitialize() {
+void KDPInitialize() noexcept {
     const CFBundleRef bundle = GetPDEBundle();
     if (profile || !bundle) return;
     const auto url = Owned<CFURLRef>::Adopt(
@@ -83,38 +83,39 @@ void KDPInitialize() {
         Owned<CFDictionaryRef>::Retain(ValueOfType<CFDictionaryRef>(read, CFDictionaryGetTypeID()));
 }
 
-void KDPFinalize() { profile = {}; }
+void KDPFinalize() noexcept { profile = {}; }
 
-CFDictionaryRef KDPGetFeature(CFStringRef name) {
+CFDictionaryRef KDPGetFeature(CFStringRef name) noexcept {
     return GetDictionary(GetDictionary(profile, CFSTR("Features")), name);
 }
 
 // These hand over a new array, though their names, which are fixed, say Get.
 // NOLINTBEGIN(clang-analyzer-osx.cocoa.RetainCount)
-CFArrayRef KDPGetFeaturesWithPropertyAndValue(CFStringRef property, CFTypeRef value) {
+CFArrayRef KDPGetFeaturesWithPropertyAndValue(CFStringRef property, CFTypeRef value) noexcept {
     return CreateMatches(GetDictionary(profile, CFSTR("Features")), property, value);
 }
 
-CFArrayRef KDPGetFeaturesWithProperty(CFStringRef property) {
+CFArrayRef KDPGetFeaturesWithProperty(CFStringRef property) noexcept {
     return KDPGetFeaturesWithPropertyAndValue(property, nullptr);
 }
 
 CFArrayRef KDPGetKeywordsWithPropertyAndValue(CFDictionaryRef feature, CFStringRef property,
-                                              CFTypeRef value) {
+                                              CFTypeRef value) noexcept {
     const CFDictionaryRef keywords = KDPGetFeatureSyntax(feature, CFSTR("Keyword"));
     return CreateMatches(value ? keywords : nullptr, property, value);
 }
 // NOLINTEND(clang-analyzer-osx.cocoa.RetainCount)
 
-CFDictionaryRef KDPGetFeatureSyntax(CFDictionaryRef feature, CFStringRef form) {
+CFDictionaryRef KDPGetFeatureSyntax(CFDictionaryRef feature, CFStringRef form) noexcept {
     return GetDictionary(GetDictionary(feature, CFSTR("Syntax")), form);
 }
 
-CFTypeRef KDPGetFeatureProperty(CFDictionaryRef feature, CFStringRef property) {
+CFTypeRef KDPGetFeatureProperty(CFDictionaryRef feature, CFStringRef property) noexcept {
     return GetProperty(feature, property);
 }
 
-Boolean KDPGetFeatureDefaultValue(CFDictionaryRef feature, CFStringRef* form, CFTypeRef* value) {
+Boolean KDPGetFeatureDefaultValue(CFDictionaryRef feature, CFStringRef* form,
+                                  CFTypeRef* value) noexcept {
     for (const CFStringRef each : {CFSTR("Keyword"), CFSTR("Name"), CFSTR("Number")}) {
         if (const CFTypeRef found = GetDefaultOfForm(feature, each)) {
             if (form) *form = each;

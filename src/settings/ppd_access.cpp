@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <memory>
 #include <span>
 
 #include "foundation/bundle.h"
+#include "printing/ppd_file.h"
 #include "printing/session.h"
 #include "settings/dictionary.h"
 #include "settings/ppd_choices.h"
@@ -94,11 +94,7 @@ const ppd_choice_t* FirstMarkedChoice(const ppd_option_t& option) {
 
 PPDRef PPDGetCurrent() {
     if (currentPPD) return currentPPD.get();
-    const std::string path = PathOfCurrentPPD();
-    std::error_code unreadable;
-    // A pipe or a device in the place of the file would wait for ever.
-    if (!std::filesystem::is_regular_file(path, unreadable)) return nullptr;
-    currentPPD.reset(ppdOpenFile(path.c_str()));
+    currentPPD.reset(OpenPPDFile(PathOfCurrentPPD(), nullptr));
     if (currentPPD) LocalizeInPlace(currentPPD.get());
     return currentPPD.get();
 }

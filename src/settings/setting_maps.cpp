@@ -87,7 +87,7 @@ const SettingMap WatermarkOptionsMap[] = {
     {CFSTR("WatermarkForeground"), 3},
     {CFSTR("-"), -5},
     {CFSTR("WatermarkPrintOnAllPages"), 4},
-    {CFSTR("WatermarmPrintOnPage1Only"), 5},
+    {CFSTR("WatermarmPrintOnPage1Only"), 5},  // the key is spelled so in every string table
     {},
 };
 
@@ -197,6 +197,7 @@ const SettingMap OPIPrescanMap[] = {
     {},
 };
 
+// The name lacks a "t": kept as it is, panels outside know it by this spelling.
 const SettingMap OPISubsitutionMap[] = {
     {CFSTR("PrinterDefault"), kMenuOnlyValue},
     {CFSTR("True"), kMenuOnlyValue},

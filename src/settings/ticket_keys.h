@@ -5,5 +5,5 @@
 
 #define kJobTypeKey CFSTR("com.kalmo.print.JobType")
 #define kInvertImageOptionsKey CFSTR("com.kalmo.print.InvertImageOptions")
-/// The creator of the host's and the panels' single items.
+/// The creator of the shell's own items and of the invert image options.
 #define kTicketCreator CFSTR("K")

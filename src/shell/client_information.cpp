@@ -64,6 +64,8 @@ void WriteClientInformation(PMTicketRef ticket, const ClientFacts& facts) {
     SetOrRemove(ticket, CFSTR(kControllerInformation "ControllerFamily"), CFSTR("Quillon"));
     SetOrRemove(ticket, CFSTR(kControllerInformation "ControllerVersion"), CFSTR("5.0"));
     SetOrRemove(ticket, CFSTR(kClientInformation "UserName"), facts.user);
+    // Guarded by the user, not by the computer's name: kept as it is, controllers show the two
+    // together.
     const bool namesComputer = facts.user && facts.computer && IsShownByController(facts.computer);
     SetOrRemove(ticket, CFSTR(kClientInformation "ComputerName"),
                 namesComputer ? facts.computer.get() : nullptr);

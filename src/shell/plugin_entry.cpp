@@ -42,7 +42,8 @@ OSStatus GetAPIVersion(void*, PMPlugInAPIVersion* version) {
     return noErr;
 }
 
-/// Null, or without a table, when memory is short.
+/// Null, or without a table, when memory is short; QueryInterface answers 0 all the same (kept as
+/// it is: hosts look at the object).
 PDEInterfaceRecord* CreateInterface() {
     auto* record = new (std::nothrow) PDEInterfaceRecord{.table = nullptr, .references = 1};
     if (!record) return nullptr;

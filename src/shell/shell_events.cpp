@@ -17,6 +17,8 @@ constexpr EventTypeSpec kMenu = {kEventClassMenu, kEventMenuPopulate};
 
 OSStatus CheckBeforePrinting() {
     if (CheckPrintJob() == PrintCheckResult::pass) return eventNotHandledErr;
+    // Up to 10.4 the press counts as handled, from then on only a status of its own keeps the
+    // dialog open: both values are deliberate.
     return GetSystemVersion() >= kSystemVersion10_5 ? kKalmoKeepDialogOpen : noErr;
 }
 

@@ -82,6 +82,8 @@ OSStatus Initialize(PDEContext context, UInt32* flags, void* reference, ControlR
     return WithoutExceptions(kPMInvalidPDEContext, [&]() -> OSStatus {
         KalmoPDEInitialize(context, flags, reference, parent, session);
         if (!session || !context) return kPMInvalidPDEContext;
+        // The message names a ticket although the printer was refused: the wording is kept as it
+        // is, since scripts and support staff look for this line.
         if (!OpenServices()) return Refuse("Initialize()::GetTicketFromSession() failed.\n");
         PDEShellContext& shell = Shell(context);
         JoinDialog(shell, parent, session);

@@ -1,5 +1,6 @@
 #include "shell/shell_sync.h"
 
+#include "paper_output/print_check.h"
 #include "settings/ppd_access.h"
 #include "settings/ticket.h"
 #include "settings/ticket_keys.h"
@@ -9,8 +10,6 @@
 
 namespace kalmo {
 namespace {
-
-constexpr CFIndex kFax = 5;
 
 void SyncPanels(PDEShellContext& shell, PMPrintSession session, Boolean direction) {
     const auto sync = [&](bool shownLast) {
@@ -28,7 +27,7 @@ void SetBlackAndWhiteForFax(PMTicketRef ticket) {
     CFDictionaryRef job = nullptr;
     CFIndex type = 0;
     if (PMTicketGetCFDictionary(ticket, kJobTypeKey, &job) == noErr &&
-        GetCFIndexFromCFDictionary(job, CFSTR("JobType"), &type) && type == kFax)
+        GetCFIndexFromCFDictionary(job, CFSTR("JobType"), &type) && type == kJobTypeFax)
         PPDSetCurrentChoice(ticket, CFSTR("KLMColor"), CFSTR("BW"));
 }
 

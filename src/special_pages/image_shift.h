@@ -7,7 +7,7 @@
 
 namespace kalmo {
 
-/// Shifts are whole numbers of the record's unit, positive to the right and up.
+/// Shifts are whole numbers of the record's unit.
 struct _IS_Options {
     bool valid = false;                       // initialised or read
     SInt32 shownSide = 1;                     // the dialog's own state: the ticket has

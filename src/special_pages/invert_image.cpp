@@ -14,6 +14,8 @@ OSStatus EmbedByID(SInt32 id, WindowRef window, ControlRef pane, ControlRef* con
 }
 
 OSStatus WriteToTicket(const InvertImageContext& context, II_Options* options, PMTicketRef ticket) {
+    // A box that exists sets its flag, whatever it shows, and none is ever cleared: kept as it is,
+    // for controllers take the dictionary of a dialog with these boxes as a request.
     if (context.negative) options->NegativeImage = true;
     if (context.mirror) options->MirrorImage = true;
     const auto dictionary =

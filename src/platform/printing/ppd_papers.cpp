@@ -49,10 +49,14 @@ PPDFile ParsePPD(const std::string& text, std::string* reason) {
 /// Texts in the language that comes first in the user's order and is in the file.
 class Texts final {
 public:
-    Texts(ppd_file_t* ppd, std::size_t languages) : ppd_(ppd), languages_(languages) {}
+    explicit Texts(ppd_file_t* ppd)
+        : ppd_(ppd), languages_(std::min(PreferredLanguages().size(), kPPDMaximumLanguages)) {}
 
     [[nodiscard]] std::string ofOption(const ppd_option_t& option) const {
         return translation("Translation", option.keyword, option.text);
+    }
+    [[nodiscard]] std::string ofGroup(const ppd_group_t& group) const {
+        return translation("Translation", group.name, group.text);
     }
     [[nodiscard]] std::string ofChoice(const char* option, const ppd_choice_t& choice) const {
         return translation(option, choice.choice, choice.text);
@@ -160,20 +164,57 @@ std::string FirstText(std::initializer_list<const char*> texts) {
     return text == texts.end() ? "" : *text;
 }
 
+/// The longest part of the text that fits and cuts no character.
+template <std::size_t Size>
+void Replace(char (&place)[Size], const std::string& text) {
+    std::size_t length = std::min(text.size(), Size - 1);
+    const auto isInside = [&](std::size_t at) {
+        return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
+    };
+    while (length > 0 && isInside(length)) --length;
+    place[text.copy(place, length)] = '\0';
+}
+
+void LocalizeGroup(const Texts& texts, ppd_group_t& group) {
+    Replace(group.text, texts.ofGroup(group));
+    for (ppd_option_t& option :
+         std::span(group.options, static_cast<std::size_t>(group.num_options))) {
+        Replace(option.text, texts.ofOption(option));
+        for (ppd_choice_t& choice : ChoicesOf(option)) {
+            Replace(choice.text, texts.ofChoice(option.keyword, choice));
+        }
+    }
+    for (ppd_group_t& inner :
+         std::span(group.subgroups, static_cast<std::size_t>(group.num_subgroups))) {
+        LocalizeGroup(texts, inner);
+    }
+}
+
 }  // namespace
 
-std::optional<PPDDescription> ReadPPDDescription(const std::string& path, std::string* reason) {
+ppd_file_s* OpenPPDFile(const std::string& path, std::string* reason) {
     const auto text = ReadPPDText(path, reason);
-    if (!text) return std::nullopt;
-    const std::vector<std::string> languages = PreferredLanguages();
-    const PPDFile ppd = ParsePPD(MarkTranslations(*text, languages), reason);
+    return text ? ParsePPD(MarkTranslations(*text, PreferredLanguages()), reason).release()
+                : nullptr;
+}
+
+void LocalizePPDFile(ppd_file_s* ppd) {
+    if (!ppd) return;
+    const Texts texts(ppd);
+    for (ppd_group_t& group : std::span(ppd->groups, static_cast<std::size_t>(ppd->num_groups))) {
+        LocalizeGroup(texts, group);
+    }
+}
+
+std::optional<PPDDescription> ReadPPDDescription(const std::string& path, std::string* reason) {
+    const PPDFile ppd(OpenPPDFile(path, reason));
     if (!ppd) return std::nullopt;
 
     PPDDescription description;
     description.manufacturer = FirstText({ppd->manufacturer});
     description.makeAndModel = FirstText({ppd->nickname, ppd->shortnickname, ppd->modelname});
     description.customSizes = ppd->variable_sizes != 0;
-    const Texts texts(ppd.get(), std::min(languages.size(), kPPDMaximumLanguages));
+    const Texts texts(ppd.get());
     for (const ppd_group_t& group :
          std::span(ppd->groups, static_cast<std::size_t>(ppd->num_groups))) {
         DescribeGroup(ppd.get(), group, texts, &description);

@@ -18,9 +18,8 @@ std::string HostName() {
     return gethostname(name, sizeof name - 1) == 0 ? name : "";
 }
 
-}  // namespace
-
-CFStringRef CopyConsoleUser() {
+/// Empty without a passwd entry.
+std::string LoginName() {
     std::vector<char> texts(16384);
     passwd entry{};
     passwd* found = nullptr;
@@ -28,7 +27,15 @@ CFStringRef CopyConsoleUser() {
            texts.size() < 1u << 20) {
         texts.resize(texts.size() * 2);
     }
-    return found ? CFStringCreateFromUTF8(found->pw_name) : nullptr;
+    return found ? found->pw_name : "";
+}
+
+}  // namespace
+
+CFStringRef CopyConsoleUser() {
+    // Asked once: where users are kept on a server, the answer takes its time.
+    static const std::string& name = *new std::string(LoginName());
+    return name.empty() ? nullptr : CFStringCreateFromUTF8(name);
 }
 
 CFStringRef CopyComputerName() {

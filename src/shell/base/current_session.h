@@ -8,12 +8,11 @@
 /// The session of the running dialog; null outside Initialize ... Terminate.
 extern PMPrintSession gCurrentPrintSession;
 
-#pragma GCC visibility push(default)
-
 extern "C" {
-PMPrintSession GetCurrentPrintSession();
+[[gnu::visibility("default")]] PMPrintSession GetCurrentPrintSession();
 
-// Each returns 0. Only Initialize and Terminate do anything: they set and clear the session.
+// The first is spelled without "ue": kept as it is, the name is fixed. Each returns 0. Only
+// Initialize and Terminate do anything: they set and clear the session.
 OSStatus KalmoPDEProlog(PDEContext* context, OSType* creator, CFStringRef* kind, CFStringRef* title,
                         UInt32* maximumWidth, UInt32* maximumHeight);
 OSStatus KalmoPDEInitialize(PDEContext context, UInt32* flags, void* reference, ControlRef parent,
@@ -24,5 +23,3 @@ OSStatus KalmoPDEOpen(PDEContext context);
 OSStatus KalmoPDEClose(PDEContext context);
 OSStatus KalmoPDETerminate(PDEContext context, OSStatus status);
 }
-
-#pragma GCC visibility pop

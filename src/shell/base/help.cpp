@@ -1,6 +1,7 @@
 #include "shell/base/help.h"
 
 #include "kalmo/statuses.h"
+#include "shell/base/panel_interface.h"
 #include "system/system.h"
 
 extern "C" OSStatus DisplayHelp(CFBundleRef bundle, CFStringRef page, CFStringRef anchor) {
@@ -9,5 +10,7 @@ extern "C" OSStatus DisplayHelp(CFBundleRef bundle, CFStringRef page, CFStringRe
                : nullptr;
     if (!name || CFGetTypeID(name) != CFStringGetTypeID()) return paramErr;
     const auto book = static_cast<CFStringRef>(name);
-    return page || !anchor ? AHGotoPage(book, page, anchor) : AHLookupAnchor(book, anchor);
+    return kalmo::WithoutExceptions(paramErr, [&] {
+        return page || !anchor ? AHGotoPage(book, page, anchor) : AHLookupAnchor(book, anchor);
+    });
 }
