@@ -10,6 +10,7 @@
 #include <span>
 
 #include "foundation/bundle.h"
+#include "printing/ppd_file.h"
 #include "printing/ppd_source.h"
 
 // libcups' PPD calls are marked as deprecated since PPD files are to go; printers still bring them.
