@@ -26,9 +26,9 @@ QString FirstPageIn(const QDir& folder) {
 
 }  // namespace
 
-HelpPages::HelpPages(QWidget* parent) : QTextBrowser(parent) {
+HelpPages::HelpPages(const QString& name, QWidget* parent) : QTextBrowser(parent) {
     setOpenLinks(false);
-    setAccessibleName(tr("Help page"));
+    setAccessibleName(name);
 }
 
 void HelpPages::openBookOf(const QString& page) {
@@ -55,15 +55,16 @@ QVariant HelpPages::loadResource(int type, const QUrl& name) {
     return insideBook(name).isEmpty() ? QVariant() : QTextBrowser::loadResource(type, name);
 }
 
-HelpViewer::HelpViewer(QWidget* parent) : QDialog(parent, Qt::Window), pages_(new HelpPages(this)) {
-    setWindowTitle(tr("Help"));
+HelpViewer::HelpViewer(const HelpViewerTexts& texts, QWidget* parent)
+    : QDialog(parent, Qt::Window), pages_(new HelpPages(texts.page, this)) {
+    setWindowTitle(texts.title);
     setAttribute(Qt::WA_DeleteOnClose);
     const QRect available = QApplication::primaryScreen()->availableGeometry();
     resize(kWindowSize.boundedTo(available.size()));
 
-    QPushButton* const back = addButton(tr("&Back"), QKeySequence::Back);
-    QPushButton* const forward = addButton(tr("&Forward"), QKeySequence::Forward);
-    contents_ = addButton(tr("&Contents"), {});
+    QPushButton* const back = addButton(texts.back, QKeySequence::Back);
+    QPushButton* const forward = addButton(texts.forward, QKeySequence::Forward);
+    contents_ = addButton(texts.contents, {});
     back->setEnabled(false);
     forward->setEnabled(false);
     connect(pages_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
@@ -94,7 +95,7 @@ void HelpViewer::openPage(const QUrl& link) {
     if (!target.isEmpty()) pages_->setSource(target);
 }
 
-bool HelpViewer::Show(const QString& page, const QString& anchor) {
+bool HelpViewer::Show(const HelpViewerTexts& texts, const QString& page, const QString& anchor) {
     static QPointer<HelpViewer> viewer;
     if (!QFileInfo(page).isFile()) return false;
     // A window that is modal lets only its own children be used beside it.
@@ -102,7 +103,7 @@ bool HelpViewer::Show(const QString& page, const QString& anchor) {
     if (viewer && viewer->parentWidget() != modal && modal != viewer) {
         delete viewer;
     }
-    if (!viewer) viewer = new HelpViewer(modal);
+    if (!viewer) viewer = new HelpViewer(texts, modal);
     viewer->pages_->openBookOf(page);
     viewer->contents_->setEnabled(viewer->pages_->firstPage().isValid());
     QUrl target = QUrl::fromLocalFile(QFileInfo(page).absoluteFilePath());

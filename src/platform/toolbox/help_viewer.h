@@ -6,6 +6,8 @@
 #include <QTextBrowser>
 #include <QUrl>
 
+#include "toolbox/host.h"
+
 class QPushButton;
 
 namespace toolbox {
@@ -15,7 +17,7 @@ class HelpPages final : public QTextBrowser {
     Q_OBJECT
 
 public:
-    explicit HelpPages(QWidget* parent);
+    HelpPages(const QString& name, QWidget* parent);
 
     /// The book that the page belongs to: the nearest folder above it that has a first page.
     void openBookOf(const QString& page);
@@ -36,10 +38,10 @@ class HelpViewer final : public QDialog {
 
 public:
     /// Shows the page, at `anchor` unless that is empty. False when there is no such file.
-    static bool Show(const QString& page, const QString& anchor);
+    static bool Show(const HelpViewerTexts& texts, const QString& page, const QString& anchor);
 
 private:
-    explicit HelpViewer(QWidget* parent);
+    HelpViewer(const HelpViewerTexts& texts, QWidget* parent);
     void openPage(const QUrl& page);
     QPushButton* addButton(const QString& name, const QKeySequence& key);
 

@@ -42,10 +42,6 @@ bool Alert(const AlertTexts& texts) {
     return box.clickedButton() == accept;
 }
 
-OSStatus HelpPage(CFStringRef path, CFStringRef anchor) {
-    return HelpViewer::Show(ToQString(path), ToQString(anchor)) ? noErr : fnfErr;
-}
-
 }  // namespace
 
 ControlRef ControlFromWidget(QWidget* widget) {
@@ -59,6 +55,9 @@ WindowRef WindowFromWidget(QWidget* window) { return ToWindow(window); }
 
 QWidget* WidgetFromWindow(WindowRef window) { return ToWidget(window); }
 
-Presence WindowPresence() {
-    return {Notice, Alert, [] { QApplication::beep(); }, HelpPage, true};
+Presence WindowPresence(const HelpViewerTexts& texts) {
+    const auto helpPage = [texts](CFStringRef path, CFStringRef anchor) -> OSStatus {
+        return HelpViewer::Show(texts, ToQString(path), ToQString(anchor)) ? noErr : fnfErr;
+    };
+    return {Notice, Alert, [] { QApplication::beep(); }, helpPage, true};
 }

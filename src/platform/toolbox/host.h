@@ -1,6 +1,7 @@
 // The bridge for the print dialog and for tests: widgets as controls and back.
 #pragma once
 
+#include <QString>
 #include <QWidget>
 
 #include "system/presence.h"
@@ -14,8 +15,16 @@
 [[nodiscard]] WindowRef WindowFromWidget(QWidget* window);
 [[nodiscard]] QWidget* WidgetFromWindow(WindowRef window);
 
+/// What stands in the help viewer, in the user's language. An ampersand precedes a button's
+/// mnemonic.
+struct HelpViewerTexts {
+    QString title = "Help";
+    QString page = "Help page";  // the page's accessible name
+    QString back = "&Back", forward = "&Forward", contents = "&Contents";
+};
+
 /// The Presence of a program with windows: message boxes over the active window, the help viewer.
-[[nodiscard]] Presence WindowPresence();
+[[nodiscard]] Presence WindowPresence(const HelpViewerTexts& texts = {});
 
 /// Ignores mouse wheels over controls without keyboard focus, for every window of the program.
 /// Once.

@@ -58,7 +58,7 @@ protected:
     OSStatus show(const char* page, CFStringRef anchor = nullptr) {
         const auto path =
             Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8((folder / page).string()));
-        return WindowPresence().helpPage(path, anchor);
+        return WindowPresence(texts).helpPage(path, anchor);
     }
     static QWidget* viewer() {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -70,6 +70,7 @@ protected:
     void follow(const QUrl& link) { Q_EMIT pages().anchorClicked(link); }
 
     std::filesystem::path folder = MakeFolder("help");
+    HelpViewerTexts texts;
 };
 
 TEST_F(HelpBook, ShowsPagesOfTheBookAndNothingElse) {
@@ -85,6 +86,21 @@ TEST_F(HelpBook, ShowsPagesOfTheBookAndNothingElse) {
     }
     follow(QUrl("../index.htm"));
     EXPECT_EQ(pages().source().fileName(), "index.htm");
+}
+
+TEST_F(HelpBook, SpeaksTheLanguageOfItsProgram) {
+    texts = {.title = "Hilfe",
+             .page = "Hilfeseite",
+             .back = "&Zurück",
+             .forward = "&Vor",
+             .contents = "&Inhalt"};
+    ASSERT_EQ(show("book/index.htm"), noErr);
+    QStringList buttons;
+    for (const auto* button : viewer()->findChildren<QPushButton*>()) buttons << button->text();
+    EXPECT_EQ(buttons, QStringList({"&Zurück", "&Vor", "&Inhalt"}));
+    EXPECT_EQ(viewer()->windowTitle(), "Hilfe");
+    EXPECT_EQ(pages().accessibleName(), "Hilfeseite");
+    EXPECT_EQ(WindowFaults(*viewer(), Identities::notNeeded), std::vector<std::string>());
 }
 
 TEST_F(HelpBook, OneViewerIsReusedAndDrivenByKeys) {
