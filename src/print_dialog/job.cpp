@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "print_dialog/print_server.h"
+#include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
@@ -100,7 +101,7 @@ std::unique_ptr<Job> StartJob(PrintJobHost& host, const JobRequest& request,
     std::unique_ptr<Job> job(new Job(std::move(callbacks)));
     JobOrder order;
     auto outcome = MakeJobOrder(host, request, &order);
-    if (status != noErr) outcome.error = "The settings cannot be written into the ticket";
+    if (status != noErr) outcome.error = HostText("Ticket not filled");
     if (outcome) {
         job->deliver(std::move(order));
     } else {

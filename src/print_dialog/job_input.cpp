@@ -16,6 +16,7 @@
 
 #include "foundation/property_list.h"
 #include "job_ticket/private_file.h"
+#include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
@@ -31,7 +32,7 @@ Outcome CheckHeader(const std::filesystem::path& file, const std::string& name) 
     if (in.bad() || (in.gcount() == 0 && errno != 0)) return {SystemReason(name, errno)};
     const std::string_view text(head.data(), static_cast<std::size_t>(in.gcount()));
     const bool pdf = text.find("%PDF-") != std::string_view::npos;
-    return {pdf ? "" : name + ": This is no PDF file; print it to a PDF file first"};
+    return {pdf ? "" : name + ": " + HostText("Not a PDF file")};
 }
 
 /// As it is shown: the media box, turned by /Rotate.
@@ -66,15 +67,15 @@ Outcome InputDocument::open(const std::string& name) {
     path_ = name;
     if (name == "-") {
         if (const auto spooled = spoolStandardInput(); !spooled) return spooled;
-        return CheckHeader(path_, "Standard input");
+        return CheckHeader(path_, HostText("Standard input"));
     }
     return CheckHeader(path_, name);
 }
 
 Outcome InputDocument::spoolStandardInput() {
-    if (isatty(STDIN_FILENO)) return {"Standard input is a terminal; name a PDF file instead"};
+    if (isatty(STDIN_FILENO)) return {HostText("Standard input typed")};
     spool_ = std::make_unique<PrivateFolder>(std::filesystem::temp_directory_path());
-    if (spool_->path().empty()) return {SystemReason("The temporary folder", errno)};
+    if (spool_->path().empty()) return {SystemReason(HostText("Temporary folder"), errno)};
     path_ = spool_->path() / "document.pdf";
     std::ofstream out(path_, std::ios::binary);  // in a folder that nobody else can enter
     std::array<char, 65536> buffer;
@@ -83,7 +84,7 @@ Outcome InputDocument::spoolStandardInput() {
         out.write(buffer.data(), count);
     }
     out.close();
-    return {count == 0 && out ? "" : SystemReason("Standard input", errno)};
+    return {count == 0 && out ? "" : SystemReason(HostText("Standard input"), errno)};
 }
 
 Outcome InspectDocument(const std::filesystem::path& document, std::vector<PageSize>* sizes) {
@@ -92,16 +93,16 @@ Outcome InspectDocument(const std::filesystem::path& document, std::vector<PageS
         pdf.setSuppressWarnings(true);
         pdf.processFile(document.c_str());
         const auto pages = QPDFPageDocumentHelper(pdf).getAllPages();
-        if (pages.empty()) return {document.string() + ": The document has no pages"};
+        if (pages.empty()) return {document.string() + ": " + HostText("Document without pages")};
         sizes->clear();
         for (const auto& page : pages) sizes->push_back(SizeOf(page));
         return {};
     } catch (const QPDFExc& error) {
         const bool locked = error.getErrorCode() == qpdf_e_password;
-        return {document.string() + (locked ? ": The document needs a password; remove it first"
-                                            : ": The document is damaged; export it anew")};
+        return {document.string() + ": " +
+                (locked ? HostText("Password needed") : HostText("Export anew"))};
     } catch (const std::exception&) {
-        return {document.string() + ": The document is damaged; export it anew"};
+        return {document.string() + ": " + HostText("Export anew")};
     }
 }
 
@@ -116,13 +117,13 @@ Outcome LoadInputs(const CommandLine& commandLine, PrintJobHost& host) {
 
 Outcome WriteTicket(const std::string& file, const PrintJobHost& host) {
     const auto bytes = host.ticketFile();
-    if (bytes.empty()) return {file + ": The settings cannot be written as a ticket"};
+    if (bytes.empty()) return {file + ": " + HostText("Ticket not written")};
     if (file != "-") {
         const auto written = job_ticket::WritePrivateFile(file, bytes);
         return {written ? "" : file + ": " + written.error};
     }
     std::cout << bytes << std::flush;
-    return {std::cout ? "" : SystemReason("Standard output", errno)};
+    return {std::cout ? "" : SystemReason(HostText("Standard output"), errno)};
 }
 
 }  // namespace kalmo

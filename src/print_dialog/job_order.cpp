@@ -5,6 +5,7 @@
 #include "foundation/collections.h"
 #include "job_ticket/attachment.h"
 #include "print_dialog/session_tickets.h"
+#include "print_dialog/window_texts.h"
 #include "printing/ticket.h"
 
 namespace kalmo {
@@ -85,11 +86,11 @@ Outcome MakeJobOrder(const PrintJobHost& host, const JobRequest& request, JobOrd
     AddPrinterChoices(host, order->options);
     AddPaperWithoutPPD(host, order->options);
     if (TotalBytes(order->options) > kMostOptionBytes) {
-        return {"The job has more settings than a print server takes; choose fewer page ranges"};
+        return {HostText("Too many settings")};
     }
     if (!host.hasPane()) return {};
     order->ticket = TicketWithNonce(host);
-    if (order->ticket.empty()) return {"The settings cannot be written as a ticket"};
+    if (order->ticket.empty()) return {HostText("Ticket not written")};
     order->secret = HoldsSecrets(host.session());
     order->options.emplace_back(job_ticket::kDigestOption, job_ticket::TicketDigest(order->ticket));
     return {};

@@ -5,6 +5,8 @@
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
 
+#include "print_dialog/window_texts.h"
+
 namespace kalmo {
 namespace {
 
@@ -35,7 +37,7 @@ Outcome CopyPages(const std::filesystem::path& document, const std::vector<PageR
         writer.setStreamDataMode(qpdf_s_preserve);
         writer.write();
     } catch (const std::exception& error) {
-        return {document.string() + ": Its pages cannot be taken out (" + error.what() + ")"};
+        return {document.string() + ": " + HostText("Pages not taken out", {error.what()})};
     }
     std::error_code error;
     std::filesystem::permissions(output, std::filesystem::perms(0600), error);

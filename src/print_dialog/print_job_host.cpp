@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "print_dialog/session_tickets.h"
+#include "print_dialog/window_texts.h"
 #include "printing/ticket_file.h"
 #include "toolbox/events.h"
 #include "toolbox/windows.h"
@@ -33,7 +34,7 @@ PrintJobHost::~PrintJobHost() { end(noErr); }
 
 Outcome PrintJobHost::load() {
     bundle_ = Owned<CFBundleRef>::Adopt(OpenExtensionBundle());
-    return {bundle_ ? "" : "KalmoFeatures.plugin is missing; install kalmo-print again"};
+    return {bundle_ ? "" : HostText("Plug-in missing")};
 }
 
 Outcome PrintJobHost::setPrinter(const HostPrinter& printer) {
@@ -41,7 +42,7 @@ Outcome PrintJobHost::setPrinter(const HostPrinter& printer) {
     if (!printer.ppdPath.empty()) {
         std::string reason;
         description = ReadPPDDescription(printer.ppdPath, &reason);
-        if (!description) return {reason.empty() ? "This is no PPD file" : reason};
+        if (!description) return {reason.empty() ? HostText("Not a PPD file") : reason};
     }
     const bool another = !printer_.name.empty();
     printer_ = printer;
@@ -56,7 +57,7 @@ void PrintJobHost::setJobName(const std::string& name) { jobName_ = name; }
 Outcome PrintJobHost::readTicket(std::string_view bytes) {
     std::string reason;
     if (!ReadTicketFile(session_, bytes, &reason)) {
-        return {reason.empty() ? "This is no ticket file" : reason};
+        return {reason.empty() ? HostText("Not a ticket file") : reason};
     }
     takeSettingsFromTickets();
     paperIsNews_ = true;

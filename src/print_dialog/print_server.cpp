@@ -3,6 +3,8 @@
 #include <mutex>
 #include <string_view>
 
+#include "print_dialog/window_texts.h"
+
 namespace kalmo {
 namespace {
 
@@ -27,26 +29,23 @@ http_encryption_t Encryption(Confidentiality confidentiality) {
 std::string UnreachableLine(http_encryption_t encryption) {
     const std::string server = cupsServer();
     if (encryption == HTTP_ENCRYPTION_REQUIRED) {
-        return "The print server " + server +
-               " offers no encrypted connection, which this job needs; ask its administrator";
+        return HostText("Server unencrypted", {server});
     }
-    return "The print server " + server +
-           " does not answer; start it, or name another one in CUPS_SERVER";
+    return HostText("Server silent", {server});
 }
 
 struct RefusalRow {
     ipp_status_t status;
-    const char* line;
+    const char* text;  // key
 };
 constexpr RefusalRow kRefusals[] = {
-    {IPP_STATUS_ERROR_NOT_FOUND, "There is no such printer; kalmo-print --list-printers names all"},
-    {IPP_STATUS_ERROR_NOT_ACCEPTING_JOBS,
-     "The printer accepts no jobs now; try again later or choose another one"},
-    {IPP_STATUS_ERROR_NOT_AUTHORIZED, "The print server does not let you print here"},
-    {IPP_STATUS_ERROR_NOT_AUTHENTICATED, "The print server does not let you print here"},
-    {IPP_STATUS_ERROR_FORBIDDEN, "The print server does not let you print here"},
-    {IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED, "The print server does not let you print here"},
-    {IPP_STATUS_ERROR_DOCUMENT_FORMAT_NOT_SUPPORTED, "The printer does not take PDF files"},
+    {IPP_STATUS_ERROR_NOT_FOUND, "No such printer"},
+    {IPP_STATUS_ERROR_NOT_ACCEPTING_JOBS, "Printer accepts no jobs"},
+    {IPP_STATUS_ERROR_NOT_AUTHORIZED, "Printing forbidden"},
+    {IPP_STATUS_ERROR_NOT_AUTHENTICATED, "Printing forbidden"},
+    {IPP_STATUS_ERROR_FORBIDDEN, "Printing forbidden"},
+    {IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED, "Printing forbidden"},
+    {IPP_STATUS_ERROR_DOCUMENT_FORMAT_NOT_SUPPORTED, "Printer without PDF"},
 };
 
 /// cupsInitialize-like work of libcups must not run in two threads at once the first time.
@@ -106,10 +105,10 @@ std::string SilentServerLine() { return UnreachableLine(HTTP_ENCRYPTION_IF_REQUE
 
 std::string RefusalLine(ipp_status_t status, const std::string& serverWords) {
     for (const auto& row : kRefusals) {
-        if (row.status == status) return row.line;
+        if (row.status == status) return HostText(row.text);
     }
     // Without words of the server's own, it did not come to an answer.
-    return serverWords.empty() ? SilentServerLine() : "The print server says: " + serverWords;
+    return serverWords.empty() ? SilentServerLine() : HostText("Server says", {serverWords});
 }
 
 }  // namespace kalmo

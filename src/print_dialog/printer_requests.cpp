@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "print_dialog/print_server.h"
+#include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
@@ -93,7 +94,7 @@ FetchedPPD FetchPPD(http_t* http, const std::string& queue) {
     auto fetched = copy.string() + ".XXXXXX";
     const int file = MakePrivateFolder(copy.parent_path()) ? mkstemp(fetched.data()) : -1;
     if (file < 0) {
-        return {{}, "The folder " + copy.parent_path().string() + " cannot be used; check it"};
+        return {{}, HostText("Folder unusable", {copy.parent_path().string()})};
     }
     const auto status = cupsGetFd(http, (QueueResource(queue) + ".ppd").c_str(), file);
     const bool written = close(file) == 0;
@@ -102,7 +103,7 @@ FetchedPPD FetchPPD(http_t* http, const std::string& queue) {
     }
     unlink(fetched.c_str());
     if (status == HTTP_STATUS_NOT_FOUND) return {};
-    if (status == HTTP_STATUS_OK) return {{}, "The disk has no room for the printer's PPD file"};
+    if (status == HTTP_STATUS_OK) return {{}, HostText("No room for PPD")};
     return {{}, SilentServerLine()};
 }
 

@@ -14,6 +14,7 @@
 #include "print_dialog/print_server.h"
 #include "print_dialog/private_folder.h"
 #include "print_dialog/text_limits.h"
+#include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
@@ -155,7 +156,7 @@ Outcome PrepareDocument(const JobOrder& order, const PrivateFolder& temporary,
                         std::filesystem::path* prepared) {
     *prepared = order.document;
     if (order.ticket.empty() && order.pages.empty()) return {};
-    if (temporary.path().empty()) return {SystemReason("The temporary folder", errno)};
+    if (temporary.path().empty()) return {SystemReason(HostText("Temporary folder"), errno)};
     if (!order.pages.empty()) {
         *prepared = temporary.path() / "pages.pdf";
         if (const auto cut = CopyPages(order.document, order.pages, *prepared); !cut) return cut;

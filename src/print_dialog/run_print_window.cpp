@@ -13,6 +13,7 @@
 #include "print_dialog/color_scheme.h"
 #include "print_dialog/print_window.h"
 #include "print_dialog/stop_signals.h"
+#include "print_dialog/window_texts.h"
 #include "system/presence.h"
 #include "toolbox/host.h"
 
@@ -45,11 +46,19 @@ void TranslateQt(QTranslator& translator) {
     }
 }
 
+HelpViewerTexts HelpTexts() {
+    return {.title = WindowText("Help window title"),
+            .page = WindowText("Help window page"),
+            .back = WindowText("Help window back"),
+            .forward = WindowText("Help window forward"),
+            .contents = WindowText("Help window contents")};
+}
+
 void SetUpApplication() {
     QApplication::setApplicationName("kalmo-print");
     QGuiApplication::setDesktopFileName("kalmo-print");
     QApplication::setStyle("Fusion");
-    InstallPresence(WindowPresence());
+    InstallPresence(WindowPresence(HelpTexts()));
     InstallWheelGuard();
 }
 

@@ -10,6 +10,7 @@
 #include "print_dialog/job_input.h"
 #include "print_dialog/printers.h"
 #include "print_dialog/stop_signals.h"
+#include "print_dialog/window_texts.h"
 #include "system/presence.h"
 #include "toolbox/host.h"
 
@@ -155,7 +156,7 @@ private:
     ExitCode work() {
         if (prints()) return print();
         if (host_.sync(kSyncToTicket) != noErr) {
-            return Stop(kExitFailed, "The settings cannot be written into the ticket");
+            return Stop(kExitFailed, HostText("Ticket not filled"));
         }
         return writeTicket();
     }

@@ -1,6 +1,7 @@
 #include "print_dialog/window_texts.h"
 
 #include <QFile>
+#include <cerrno>
 #include <vector>
 
 #include "foundation/bundle.h"
@@ -26,8 +27,9 @@ std::vector<StringsTable> ReadTables() {
     return tables;
 }
 
+/// The tables are read once and never destroyed: a worker may outlive main.
 std::string LookUp(const std::string& key) {
-    static const std::vector<StringsTable> tables = ReadTables();
+    static const auto& tables = *new std::vector<StringsTable>(ReadTables());
     for (const StringsTable& table : tables) {
         if (const auto found = table.texts.find(key); found != table.texts.end()) {
             return found->second;
@@ -36,24 +38,33 @@ std::string LookUp(const std::string& key) {
     return key;
 }
 
-QString Filled(const std::string& format, const QStringList& arguments) {
+std::string Filled(const std::string& format, const std::vector<std::string>& arguments) {
+    if (arguments.empty()) return format;
     std::vector<Owned<CFStringRef>> values;
     std::vector<CFTypeRef> pointers;
-    for (const QString& argument : arguments) {
-        values.push_back(Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(argument.toStdString())));
+    for (const std::string& argument : arguments) {
+        values.push_back(Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(argument)));
         pointers.push_back(values.back());
     }
     const auto pattern = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(format));
     const auto text = Owned<CFStringRef>::Adopt(CFStringCreateWithFormatAndValues(
         kCFAllocatorDefault, pattern, pointers.data(), static_cast<CFIndex>(pointers.size())));
-    return QString::fromStdString(CFStringToUTF8(text));
+    return CFStringToUTF8(text);
 }
 
 }  // namespace
 
 QString WindowText(const char* key, const QStringList& arguments) {
-    const std::string text = LookUp(key);
-    return arguments.isEmpty() ? QString::fromStdString(text) : Filled(text, arguments);
+    std::vector<std::string> values;
+    for (const QString& argument : arguments) values.push_back(argument.toStdString());
+    return QString::fromStdString(Filled(LookUp(key), values));
+}
+
+std::string HostText(const char* key, std::initializer_list<std::string> arguments) {
+    const int number = errno;
+    auto text = Filled(LookUp(key), arguments);
+    errno = number;
+    return text;
 }
 
 }  // namespace kalmo

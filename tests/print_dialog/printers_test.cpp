@@ -7,6 +7,8 @@
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
 #include <thread>
 
 #include "support/dead_servers.h"
@@ -77,6 +79,21 @@ TEST(PrintersTest, DeadServersCostALineAndNoFrame) {
         EXPECT_NE(asked.description.error.find("does not answer"), std::string::npos);
     }
     unsetenv("CUPS_SERVER");
+}
+
+/// The languages are read once: the German program is another one.
+TEST(PrintersTest, WorkersSpeakTheUsersLanguage) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto answerInGerman = [] {
+        setenv("LANGUAGE", "de", 1);
+        const DeadServer server(Silence::closedPort);
+        setenv("CUPS_SERVER", server.name().c_str(), 1);
+        const auto asked = AskForBoth();
+        std::fprintf(stderr, "%s\n", asked.description.error.c_str());
+        std::_Exit(0);
+    };
+    EXPECT_EXIT(answerInGerman(), testing::ExitedWithCode(0),
+                "Der Druckserver 127.0.0.1 antwortet nicht; starten Sie ihn");
 }
 
 TEST(PrintersTest, OnlyTheNewestRequestIsAnswered) {
