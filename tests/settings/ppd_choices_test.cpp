@@ -13,18 +13,15 @@ TEST(PPDChoices, FirstRowCountsInBothDirections) {
         SInt32 value;
         const char* back;  // "" for none
     } rows[] = {
-        {"one to one", "Duplex", "DuplexTumble", 3, "DuplexTumble"},
         {"shared value", "OutputBin", "Bottom", 5, "Upper"},
         {"printer default is a value", "OutputBin", "PrinterDefault", kPrinterDefault,
          "PrinterDefault"},
         {"second row of a choice is never reached", "MediaType", "CardStock", 12, "CardStock"},
         {"its value leads to it all the same", "MediaType", "CardStockF", 43, "CardStock"},
-        {"shared table", "KLSlipSheetType", "Bond", 13, "Bond"},
         {"shared sources", "KLBackCoverSheet", "Bypass", 100, "Bypass"},
         {"false is one here", "JCLTrueGrayImages", "False", 1, "False"},
         {"and zero here", "KLOutputOption", "False", 0, "False"},
         {"case counts", "Duplex", "none", -1, ""},
-        {"unknown keyword", "Duple", "None", -1, ""},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.why);
@@ -38,8 +35,6 @@ TEST(PPDChoices, MinusOneIsAValueOfImageQuality) {
     EXPECT_EQ(FindTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten1")), -1);
     EXPECT_EQ(FindTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten6")), std::nullopt);
     EXPECT_EQ(PPDTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten6")), -1);
-    EXPECT_EQ(PPDTicketValueForChoice(nullptr, nullptr), -1);
-    EXPECT_EQ(PPDChoiceForTicketValue(nullptr, 1), nullptr);
 }
 
 }  // namespace

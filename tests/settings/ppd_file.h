@@ -44,8 +44,6 @@ public:
         PPDCloseCurrent();
         KalmoPDETerminate(nullptr, noErr);
     }
-    PrinterWithPPD(const PrinterWithPPD&) = delete;
-    PrinterWithPPD& operator=(const PrinterWithPPD&) = delete;
 
     /// The session's printer from now on; the PPD that is open stays open.
     void usePPD(const std::string& text) {
@@ -62,7 +60,6 @@ public:
         KalmoPDEInitialize(nullptr, nullptr, nullptr, nullptr, session_);
     }
     [[nodiscard]] PPDRef ppd() const { return PPDGetCurrent(); }
-    [[nodiscard]] PMPrintSession session() const { return session_; }
     [[nodiscard]] PMTicketRef ticket() const {
         return PMSessionGetTicket(session_, kPMPrintSettingsTicket);
     }

@@ -36,11 +36,8 @@ TEST(SettingMap, WalkStopsAtTheFirstZeroOrAtTheEnd) {
             {"a miss without a zero row", PlexMap, 4, -1, ""},
             {"the value 0 sought, no zero row", PlexMap, 0, -1, ""},
             {"first row is zero: any value", OutputOptionsMap, 1, 1, "Face Down"},
-            {"a row before the zero", kZeroInTheMiddle, 5, 1, "five"},
             {"a row behind the zero", kZeroInTheMiddle, 7, 2, "zero"},
             {"no map", nullptr, 1, -1, ""}});
-    EXPECT_EQ(CountMaps(kZeroInTheMiddle), 3);
-    EXPECT_EQ(UIToTicket(JobTypeMap, 2), 6);
 }
 
 TEST(SettingMap, RowOfTheOtherFeatureStateIsPassedOver) {
@@ -49,12 +46,6 @@ TEST(SettingMap, RowOfTheOtherFeatureStateIsPassedOver) {
                                                   PPDOption("Option8", "True", {"True", "False"})));
     ASSERT_TRUE(LoadInstallableOptions(printer.ppd(), InstalledFeatures));
     Expect({{"fax card", kTwoWays, 5, 1, "with"}, {"storage", JobTypeMap, 3, 5, "SavedJob"}});
-}
-
-TEST(SettingMap, BothSpellingsNameOneTable) {
-    EXPECT_EQ(&_JobTypeMap, &JobTypeMap);
-    EXPECT_EQ(TicketToUI(AdvancedMirrorImageMap, 2), 2);
-    EXPECT_EQ(TicketToUI(CoverSidesDuplexImagedMap, 1), 2);
 }
 
 }  // namespace

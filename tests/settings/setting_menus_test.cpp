@@ -30,33 +30,22 @@ TEST_F(SettingMenus, RowsKeepTheirValuesAndTheCountIncludesWhatIsNotOffered) {
     EXPECT_EQ(popup.items(),
               (Items{"Printer=-2147483648", "First=1", "-=-5", "STRING NOT FOUND=2"}));
     EXPECT_TRUE(IsMenuItemSeparator(popup.menu, 3));
-    ItemReference map = 0;
-    EXPECT_EQ(GetMenuItemRefCon(popup.menu, 0, &map), noErr);
-    EXPECT_EQ(reinterpret_cast<const SettingMap*>(map), kMap);
+    UInt32 own = 0, overridden = 0;
+    GetMenuItemCommandID(popup.menu, 2, &own);
+    PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::job, 'Over');
+    GetMenuItemCommandID(popup.menu, 2, &overridden);
+    EXPECT_EQ(std::pair(own, overridden), std::pair(UInt32{'Own1'}, UInt32{'Over'}));
 }
 
 TEST_F(SettingMenus, PopupIsEmptiedAndItsMaximumIsTheRowsWalked) {
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::cover, 0), 5);
-        EXPECT_EQ(popup.items().size(), 4u);
         EXPECT_EQ(popup.items()[0], "Job=-2147483648");
         EXPECT_EQ(GetControl32BitMaximum(popup.control), 5);
-    }
-    EXPECT_EQ(PopulatePopupButtonFromMap(bundle, nullptr, kMap, JobContext::job, 0), 0);
-}
-
-TEST_F(SettingMenus, CommandIsTheRowsOwnOrTheOverride) {
-    for (const auto& [override, expected] :
-         {std::pair<UInt32, UInt32>{0, 'Own1'}, {'Over', 'Over'}}) {
-        PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::job, override);
-        UInt32 command = 0;
-        GetMenuItemCommandID(popup.menu, 2, &command);
-        EXPECT_EQ(command, expected);
     }
 }
 
 TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
-    EXPECT_FALSE(SetPopupButtonToTicketValue(nullptr, 1));
     PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::job, 0);
     popup.widget.setCurrentIndex(-1);
     EXPECT_EQ(GetPopupButtonTicketValue(popup.control), 0) << "not the map's address";
@@ -64,8 +53,6 @@ TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
     EXPECT_EQ(GetControl32BitValue(popup.control), 4) << "row 5: one row is not offered";
     EXPECT_FALSE(SetPopupButtonToTicketValue(popup.control, 5));
     EXPECT_EQ(GetPopupButtonTicketValue(popup.control), 2);
-    EXPECT_TRUE(SetPopupButtonToTicketValue(popup.control, kPrinterDefault));
-    EXPECT_EQ(GetPopupButtonTicketValue(popup.control), kPrinterDefault);
 }
 
 TEST_F(SettingMenus, HistoryFollowsTheGivenItem) {
@@ -85,7 +72,6 @@ TEST_F(SettingMenus, HistoryFollowsTheGivenItem) {
     UInt32 command = 0;
     GetMenuItemCommandID(popup.menu, 2, &command);
     EXPECT_EQ(command, UInt32{'Hist'});
-    EXPECT_EQ(GetControl32BitMaximum(popup.control), 3);
     for (const CFStringRef key : {CFSTR("odd"), CFSTR("none"), CFStringRef{}})
         EXPECT_EQ(fill(key), 1);
 }
