@@ -1,8 +1,6 @@
-#include <QComboBox>
 #include <QLabel>
 
 #include "interface.h"
-#include "toolbox/menus.h"
 
 namespace kalmo::test {
 namespace {
@@ -56,17 +54,6 @@ TEST(InterfaceFile, TextsComeByKeyAndMissingOnesAreNamed) {
     EXPECT_EQ(interface.widget(1)->toolTip(), "a &lt; b &lt;b&gt;");
     EXPECT_EQ(interface.widget(2)->accessibleName(), "Name & Co");
     EXPECT_EQ(interface.widget<QLabel>(3)->text(), "STRING NOT FOUND");
-}
-
-TEST(InterfaceFile, WindowComesOutAloneAndHidden) {
-    Interface interface(
-        "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"Panel\"><widget class=\"QWidget\" "
-        "name=\"Other\"/><widget class=\"QWidget\" name=\"Window\">" +
-        Geometry(0, 0, 300, 200) + WidgetText("QComboBox", 1) + "</widget></widget></ui>");
-    ASSERT_EQ(interface.open(), noErr);
-    EXPECT_FALSE(interface.windowWidget()->isVisible());
-    EXPECT_EQ(interface.windowWidget()->parentWidget(), nullptr);
-    EXPECT_EQ(interface.windowWidget()->size(), QSize(300, 200));
 }
 
 }  // namespace
