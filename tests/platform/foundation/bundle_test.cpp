@@ -132,16 +132,6 @@ TEST(Bundles, NameTheFaultsOfATableOnce) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), file + ":2: '=' is expected after the key\n");
 }
 
-TEST(Bundles, AreForgottenWithTheirLastHolder) {
-    const auto folder = kalmo::test::WriteBundle(MakeFolder("bundle"), "Gone", "test.gone", {});
-    {
-        const auto first = Owned<CFBundleRef>::Adopt(kalmo::test::OpenBundle(folder));
-        const auto second = Owned<CFBundleRef>::Adopt(kalmo::test::OpenBundle(folder));
-        EXPECT_EQ(first.get(), second.get());
-    }
-    EXPECT_EQ(CFBundleGetBundleWithIdentifier(CFSTR("test.gone")), nullptr);
-}
-
 TEST(Bundles, FindOnlyTheirOwnSymbols) {
     // Any library will do as an executable; it depends on the C library, whose symbols do not
     // count.

@@ -22,11 +22,10 @@ std::string Bytes(CFDataRef data) {
             static_cast<std::size_t>(CFDataGetLength(data))};
 }
 
-Owned<CFPropertyListRef> Read(const std::string& xml, std::string* reason = nullptr,
-                              CFPropertyListMutability mutability = kCFPropertyListImmutable) {
+Owned<CFPropertyListRef> Read(const std::string& xml, std::string* reason = nullptr) {
     Owned<CFStringRef> error;
-    auto list = Owned<CFPropertyListRef>::Adopt(
-        CFPropertyListCreateFromXMLData(nullptr, Data(xml), mutability, error.adopt()));
+    auto list = Owned<CFPropertyListRef>::Adopt(CFPropertyListCreateFromXMLData(
+        nullptr, Data(xml), kCFPropertyListImmutable, error.adopt()));
     if (reason) *reason = CFStringToUTF8(error);
     return list;
 }
@@ -183,24 +182,6 @@ TEST(PropertyLists, WriteNothingThatCannotBeReadAgain) {
     const void* element = &address;
     const auto bare = Owned<CFArrayRef>::Adopt(CFArrayCreate(nullptr, &element, 1, nullptr));
     EXPECT_EQ(CFPropertyListCreateXMLData(nullptr, bare), nullptr);
-}
-
-TEST(PropertyLists, AreMutableAsFarAsAskedFor) {
-    const std::string xml = Plist("<dict><key>d</key><dict/><key>s</key><string>x</string></dict>");
-    for (const auto& [mutability, containers] :
-         {std::pair{kCFPropertyListImmutable, false},
-          {kCFPropertyListMutableContainers, true},
-          {kCFPropertyListMutableContainersAndLeaves, true}}) {
-        const auto list = Read(xml, nullptr, mutability);
-        const auto inner = static_cast<CFDictionaryRef>(
-            CFDictionaryGetValue(static_cast<CFDictionaryRef>(list.get()), CFSTR("d")));
-        EXPECT_EQ(CFDictionaryIsMutable(inner), containers);
-        const auto text = static_cast<CFMutableStringRef>(const_cast<void*>(
-            CFDictionaryGetValue(static_cast<CFDictionaryRef>(list.get()), CFSTR("s"))));
-        CFStringAppend(text, CFSTR("y"));
-        EXPECT_EQ(CFStringGetLength(text),
-                  mutability == kCFPropertyListMutableContainersAndLeaves ? 2 : 1);
-    }
 }
 
 }  // namespace
