@@ -75,6 +75,7 @@ protected:
 };
 
 TEST_F(Embedding, MovedControlsKeepTabOrderBuddiesAndVisibility) {
+    EXPECT_EQ(EmbedControl(ControlFromWidget(view), pane), paramErr) << "not into its own child";
     auto* const label = file.widget<QLabel>(201);
     HideControl(file.control(202));
     moveSections();
