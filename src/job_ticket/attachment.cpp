@@ -96,9 +96,9 @@ Result WriteDocument(QPDF& pdf, const std::filesystem::path& output) {
 }
 
 std::optional<std::string> ReadAttachment(QPDF& pdf) {
-    const auto specification = QPDFEmbeddedFileDocumentHelper(pdf).getEmbeddedFile(kAttachmentKey);
-    if (!specification) return std::nullopt;
-    QPDFObjectHandle stream = specification->getEmbeddedFileStream();
+    const auto fileSpec = QPDFEmbeddedFileDocumentHelper(pdf).getEmbeddedFile(kAttachmentKey);
+    if (!fileSpec) return std::nullopt;
+    QPDFObjectHandle stream = fileSpec->getEmbeddedFileStream();
     if (!stream.isStream()) return std::nullopt;
     BoundedBuffer buffer;
     bool attempted = false;
@@ -128,11 +128,11 @@ Result AttachTicket(const std::filesystem::path& document, std::string_view tick
     return WithDocument(document, [&](QPDF& pdf) {
         auto stream = QPDFEFStreamObjectHelper::createEFStream(pdf, std::string(ticket));
         stream.setSubtype("application/x-plist");
-        const auto specification =
+        const auto fileSpec =
             QPDFFileSpecObjectHelper::createFileSpec(pdf, kAttachmentFileName, stream);
         QPDFEmbeddedFileDocumentHelper files(pdf);
         files.removeEmbeddedFile(kAttachmentKey);
-        files.replaceEmbeddedFile(kAttachmentKey, specification);
+        files.replaceEmbeddedFile(kAttachmentKey, fileSpec);
         return WriteDocument(pdf, output);
     });
 }
