@@ -164,7 +164,7 @@ TEST_F(PrintWindowTest, PrintsADroppedDocument) {
     ASSERT_EQ(window_->prepare(), kExitDone);
     window_->show();
     EXPECT_FALSE(button("&Print")->isEnabled());
-    EXPECT_TRUE(button("Open PDF f&ile…")->isVisible());
+    EXPECT_TRUE(button("Open &document…")->isVisible());
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(WriteDocument({kLandscapePage}, "dropped.pdf").c_str())});
     QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
