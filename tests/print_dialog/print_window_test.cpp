@@ -78,6 +78,23 @@ protected:
     std::unique_ptr<PrintWindow> window_;
 };
 
+TEST_F(PrintWindowTest, HelpOpensTheFirstPageOfTheBook) {
+    ModalDriver nothingModal;
+    open();
+    Presence recording = CurrentPresence();
+    const Presence before = recording;
+    std::string shown;
+    recording.helpPage = [&shown](CFStringRef path, CFStringRef) {
+        shown = CFStringToUTF8(path);
+        return noErr;
+    };
+    InstallPresence(recording);
+    button("&Help")->click();
+    InstallPresence(before);
+    EXPECT_TRUE(shown.ends_with("en.lproj/Help/index.htm")) << shown;
+    EXPECT_TRUE(std::filesystem::exists(shown));
+}
+
 TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
     ModalDriver nothingModal;
     open();
