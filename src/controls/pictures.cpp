@@ -7,16 +7,7 @@
 namespace kalmo {
 namespace {
 
-std::unique_ptr<ImageCache> drawnImages;  // what DrawImage has loaded
-
-ImageCache* DrawnImages() {
-    if (drawnImages) return drawnImages.get();
-    const CFBundleRef bundle = GetPDEBundle();
-    if (!bundle) return nullptr;
-    const auto folder = Owned<CFURLRef>::Adopt(CFBundleCopyResourcesDirectoryURL(bundle));
-    drawnImages = std::make_unique<ImageCache>(folder);
-    return drawnImages.get();
-}
+std::unique_ptr<ImageCache> bundleImages;
 
 /// The name with the ending of a drawing.
 std::string DrawnSibling(const std::string& name) {
@@ -57,13 +48,22 @@ PictureRef ImageCache::picture(CFStringRef fileName) {
     return pictures_[name] = loaded;
 }
 
+ImageCache* BundleImages() {
+    if (bundleImages) return bundleImages.get();
+    const CFBundleRef bundle = GetPDEBundle();
+    if (!bundle) return nullptr;
+    const auto folder = Owned<CFURLRef>::Adopt(CFBundleCopyResourcesDirectoryURL(bundle));
+    bundleImages = std::make_unique<ImageCache>(folder);
+    return bundleImages.get();
+}
+
 OSStatus DrawImage(EventRef drawEvent, CFStringRef fileName) {
-    ImageCache* images = DrawnImages();
+    ImageCache* images = BundleImages();
     const PictureRef picture = images ? images->picture(fileName) : nullptr;
     if (!picture) return fnfErr;
     return DrawPictureInRect(GetEventDrawing(drawEvent), picture, DrawnArea(drawEvent));
 }
 
-void ReleaseDrawnImages() { drawnImages.reset(); }
+void ReleaseBundleImages() { bundleImages.reset(); }
 
 }  // namespace kalmo

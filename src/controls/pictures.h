@@ -26,9 +26,12 @@ private:
     std::unordered_map<std::string, PictureRef> pictures_;
 };
 
+/// The one cache over the plug-in's Resources folder, made on first use: the shell's buttons and
+/// all panels' pictures come from it. Null without a bundle.
+[[nodiscard]] ImageCache* BundleImages();
 /// Draws the bundle's picture in the control of a draw event, to fit. fnfErr when it is missing.
 OSStatus DrawImage(EventRef drawEvent, CFStringRef fileName);
-/// Forgets the pictures that DrawImage has loaded.
-void ReleaseDrawnImages();
+/// Frees the cache with all pictures.
+void ReleaseBundleImages();
 
 }  // namespace kalmo

@@ -4,7 +4,6 @@
 #include <memory>
 #include <vector>
 
-#include "controls/pictures.h"
 #include "foundation/bundle.h"
 #include "kalmo/pde.h"
 #include "toolbox/events.h"
@@ -37,7 +36,6 @@ struct PDEShellContext {
     ControlRef container = nullptr;  // 'Kshl' 17
     ControlRef defaultButton = nullptr, cancelButton = nullptr;
     SInt16 panelCount = 0;
-    std::unique_ptr<ImageCache> images;           // over the bundle's resources
     std::vector<EventHandlerRef> dialogHandlers;  // installed by Initialize
     EventHandlerRef openHandler = nullptr;        // installed by Open, removed by Close
     EventHandlerRef paneHandler = nullptr;        // installed by the first Open

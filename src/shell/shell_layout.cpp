@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "controls/panel_layout.h"
+#include "controls/pictures.h"
 #include "shell/base/texts.h"
 #include "shell/panel_switching.h"
 #include "toolbox/menus.h"
@@ -59,7 +60,8 @@ void FillSelector(PDEShellContext& shell) {
 /// A button without its picture would be an empty square.
 void GiveStepButtonPicture(PDEShellContext& shell, SInt32 id, CFStringRef fileName) {
     const ControlRef button = ShellControl(GetControlOwner(shell.shellPane), id);
-    const PictureRef picture = shell.images->picture(fileName);
+    ImageCache* const images = BundleImages();
+    const PictureRef picture = images ? images->picture(fileName) : nullptr;
     SetControlPicture(button, picture);
     if (!picture) HideControl(button);
 }
@@ -76,11 +78,6 @@ void CreatePanelPanes(PDEShellContext& shell, WindowRef shellWindow) {
 }
 
 OSStatus PlaceShellPane(PDEShellContext& shell) {
-    if (!shell.images) {
-        const auto resources =
-            Owned<CFURLRef>::Adopt(CFBundleCopyResourcesDirectoryURL(shell.bundle));
-        shell.images = std::make_unique<ImageCache>(resources);
-    }
     if (!shell.nibLoaded)
         if (const OSStatus status = UnpackShellPane(shell); status != noErr) return status;
     ShowControl(shell.shellPane);

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <new>
 
+#include "controls/pictures.h"
 #include "settings/feature_database.h"
 #include "settings/installable_options.h"
 #include "settings/ppd_access.h"
@@ -161,9 +162,9 @@ OSStatus Terminate(PDEContext context, OSStatus dialogStatus) {
         ForEachPanel(*shell, [&](PanelRecord& panel) {
             panel.operations.Terminate(panel.context, dialogStatus);
         });
-        ReleaseDrawnImages();
         RemoveAllHandlers(*shell);
         DisposePanes(*shell);
+        ReleaseBundleImages();  // last: the panes' buttons show its pictures
         if (gContext == shell.get()) gContext = nullptr;
         CloseServices();
         return status;

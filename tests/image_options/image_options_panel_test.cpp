@@ -30,7 +30,7 @@ protected:
     ~ImageOptionsPanel() override {
         operations().Terminate(context_, noErr);
         DisposePanelInterface(interface_);
-        ReleaseDrawnImages();
+        ReleaseBundleImages();
         PPDCloseCurrent();
         KalmoPDETerminate(nullptr, noErr);
     }

@@ -2,6 +2,7 @@
 
 #include "shell/base/texts.h"
 #include "system/presence.h"
+#include "toolbox/windows.h"
 
 namespace kalmo {
 namespace {
@@ -23,7 +24,7 @@ NoticeTexts TextsOf(CFBundleRef bundle, const NoticeKeys& keys, const CFTypeRef*
 void ShowNoticeWithKeys(CFBundleRef bundle, const NoticeKeys& keys, const CFTypeRef* arguments,
                         CFIndex count) {
     const NoticeTexts texts = TextsOf(bundle, keys, arguments, count);
-    if (const auto& notice = CurrentPresence().notice) notice(texts.header, texts.message);
+    ShowNotice(texts.header, texts.message);
 }
 
 bool AskWithKeys(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef defaultButton,
