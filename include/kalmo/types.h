@@ -46,6 +46,7 @@ using CFMutableDataRef = struct CFDataObject*;
 using CFDateRef = const struct CFDateObject*;
 using CFURLRef = const struct CFURLObject*;
 using CFUUIDRef = const struct CFUUIDObject*;
+using CFCharacterSetRef = const struct CFCharacterSetObject*;
 using CFBundleRef = struct CFBundleObject*;
 /// A property list is any of string, number, boolean, date, data, array, dictionary.
 using CFPropertyListRef = CFTypeRef;

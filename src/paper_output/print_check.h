@@ -6,14 +6,9 @@
 #include <functional>
 
 #include "foundation/string.h"
+#include "paper_output/job_type.h"
 
 namespace kalmo {
-
-/// The job types that are checked, as the ticket numbers them.
-inline constexpr SInt32 kJobTypeFax = 5;
-inline constexpr SInt32 kJobTypeSecurePrint = 6;
-inline constexpr SInt32 kPasscodeMinimumLength = 4;
-inline constexpr SInt32 kPasscodeMaximumLength = 10;
 
 /// The job at the moment when Print is pressed.
 struct CheckedJob {

@@ -13,6 +13,14 @@ struct ControlID {
     SInt32 id;
 };
 
+/// Where the user presses or moves: the two halves of arrows, a slider's thumb.
+inline constexpr SInt16 kControlUpButtonPart = 20;
+inline constexpr SInt16 kControlDownButtonPart = 21;
+inline constexpr SInt16 kControlIndicatorPart = 129;
+using ControlActionProc = void (*)(ControlRef control, SInt16 part);
+/// Control data of arrows: their step, an SInt32.
+inline constexpr OSType kControlIncrementTag = 'incr';
+
 #pragma GCC visibility push(default)
 
 /// In the window or anything embedded in it; controlNotFoundErr otherwise (`*control` untouched).
@@ -31,6 +39,24 @@ void SetControl32BitMinimum(ControlRef control, SInt32 minimum);
 /// A popup's maximum may exceed its items; choosing beyond them chooses nothing.
 [[nodiscard]] SInt32 GetControl32BitMaximum(ControlRef control);
 void SetControl32BitMaximum(ControlRef control, SInt32 maximum);
+
+/// Control data; kPMKeyNotFound when it was never set, paramErr for a null control.
+OSStatus GetControlData(ControlRef control, OSType tag, UInt32 size, UInt32* actualSize,
+                        void* data);
+OSStatus SetControlData(ControlRef control, OSType tag, UInt32 size, const void* data);
+/// Called while the user presses arrows (at once, then once per tick after a moment) or moves a
+/// slider (at each movement). Arrows do not change their value themselves: the action does. Null
+/// takes it away.
+void SetControlAction(ControlRef control, ControlActionProc action);
+
+/// What a date and time control shows, seconds since the start of 1904 in local time; 0 for other
+/// controls. Set clamps to what the control can show.
+[[nodiscard]] SInt64 GetControlDateTime(ControlRef control);
+void SetControlDateTime(ControlRef control, SInt64 seconds);
+
+/// A text field's selection in UTF-16 units; {0, 0} for other controls. Set clamps to the text.
+[[nodiscard]] CFRange GetControlTextSelection(ControlRef field);
+void SetControlTextSelection(ControlRef field, CFRange selection);
 
 /// Title of a button or group, text of a label or field.
 void SetControlTitleWithCFString(ControlRef control, CFStringRef title);

@@ -17,7 +17,17 @@ struct EventTypeSpec {
 };
 inline constexpr UInt32 kEventClassControl = 'cntl';
 inline constexpr UInt32 kEventControlHit = 1;
+/// The control is about to be freed. Handlers only take leave.
+inline constexpr UInt32 kEventControlDispose = 2;
 inline constexpr UInt32 kEventControlDraw = 4;
+/// A text field gained or lost the keyboard focus; not when only its window did.
+inline constexpr UInt32 kEventControlSetFocusPart = 7;
+/// Text is about to enter a field: a key, a paste, a drop or an input method. Keys that only edit
+/// come as control characters: Backspace and cut 8, Delete 127, Return 13, Enter 3, up 30, down 31,
+/// undo and redo 26. The field's standard behaviour is to insert or edit (Return and Enter: the
+/// window's default button), also at the end of CallNextEventHandler, which then answers noErr.
+inline constexpr UInt32 kEventClassTextInput = 'tins';
+inline constexpr UInt32 kEventTextInput = 2;
 inline constexpr UInt32 kEventClassCommand = 'cmds';
 inline constexpr UInt32 kEventCommandProcess = 1;
 inline constexpr UInt32 kEventClassMenu = 'menu';
@@ -47,6 +57,14 @@ OSStatus CallNextEventHandler(EventHandlerCallRef next, EventRef event);
 [[nodiscard]] ControlRef GetEventControl(EventRef event);
 /// The command of a 'cmds' event, 0 otherwise.
 [[nodiscard]] UInt32 GetEventCommand(EventRef event);
+/// The menu and item of a command that was chosen in a menu; false otherwise.
+Boolean GetEventMenuItem(EventRef event, MenuRef* menu, UInt16* item);
+/// Of a text input: lent, valid during the event; null otherwise.
+[[nodiscard]] CFStringRef GetEventText(EventRef event);
+/// Its size in UTF-16 bytes.
+[[nodiscard]] UInt32 GetEventTextByteSize(EventRef event);
+/// Of a focus event: whether the field has the focus now.
+[[nodiscard]] Boolean GetEventHasFocus(EventRef event);
 /// The drawing of a draw event, null otherwise; valid during the event.
 [[nodiscard]] DrawingRef GetEventDrawing(EventRef event);
 
@@ -54,5 +72,7 @@ OSStatus CallNextEventHandler(EventHandlerCallRef next, EventRef event);
 /// status.
 OSStatus SendCommandFromControl(ControlRef control, UInt32 command);
 OSStatus SendCommandToWindow(WindowRef window, UInt32 command);
+/// Sends an event of the caller's own class and kind that starts at `control`.
+OSStatus SendEventToControl(ControlRef control, UInt32 eventClass, UInt32 kind);
 
 #pragma GCC visibility pop

@@ -17,7 +17,7 @@ enum MenuItemAttributes : UInt32 {
 
 #pragma GCC visibility push(default)
 
-/// Borrowed: the menu of a popup control. Null when the control has none.
+/// Borrowed: the menu of a popup or menu button. Null when the control has none.
 [[nodiscard]] MenuRef GetControlPopupMenu(ControlRef popup);
 /// A menu of its own, for submenus and menu buttons; DisposeMenu frees it.
 [[nodiscard]] MenuRef CreateNewMenu();
@@ -40,10 +40,19 @@ OSStatus SetMenuItemRefCon(MenuRef menu, UInt16 item, ItemReference reference);
 OSStatus GetMenuItemRefCon(MenuRef menu, UInt16 item, ItemReference* reference);
 OSStatus SetMenuItemCommandID(MenuRef menu, UInt16 item, UInt32 command);
 OSStatus GetMenuItemCommandID(MenuRef menu, UInt16 item, UInt32* command);
+/// The item opens `submenu`, which belongs to `menu` from then on and goes with the item. A null
+/// `submenu` frees the one before.
+OSStatus SetMenuItemHierarchicalMenu(MenuRef menu, UInt16 item, MenuRef submenu);
+/// Borrowed; null for an item without one.
+[[nodiscard]] MenuRef GetMenuItemHierarchicalMenu(MenuRef menu, UInt16 item);
 void CheckMenuItem(MenuRef menu, UInt16 item, Boolean checked);
+[[nodiscard]] Boolean IsMenuItemChecked(MenuRef menu, UInt16 item);
 void EnableMenuItem(MenuRef menu, UInt16 item);
 void DisableMenuItem(MenuRef menu, UInt16 item);
 [[nodiscard]] Boolean IsMenuItemEnabled(MenuRef menu, UInt16 item);
 [[nodiscard]] Boolean IsMenuItemSeparator(MenuRef menu, UInt16 item);
+/// Acts as if the user had chosen the item of a menu button's menu or submenu: its command is sent
+/// from the button, with menu and item. Items that are disabled or have no command do nothing.
+void SimulateMenuChoice(ControlRef button, MenuRef menu, UInt16 item);
 
 #pragma GCC visibility pop

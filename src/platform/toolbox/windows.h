@@ -8,7 +8,8 @@
 
 /// The interface file NAME.ui of the bundle's resources; nibNotFoundErr when it is missing or
 /// broken. Its windows stand directly inside its root. Besides Qt's widgets it may hold UserPane, a
-/// bare view, and PictureControl, which its owner draws. Properties that mean something here:
+/// bare view; PictureControl, which its owner draws; MenuButton, whose menu sends commands; and
+/// SpinArrows, a value with two halves to press. Properties that mean something here:
 /// `controlSignature` (four characters) and `controlID`; `command` (four characters), sent when the
 /// control is pressed; and the keys `textKey`, `tipKey` and `nameKey` (accessible name), looked up
 /// in the bundle's table `textTable` ("Localizable" without one) when a window is made. A key

@@ -1,0 +1,12 @@
+// How pages are laid out, folded and stapled into a booklet.
+#pragma once
+
+#include "foundation/bundle.h"
+#include "paper_output/paper_output_record.h"
+
+namespace kalmo {
+
+/// Edits the choice. kModalCancel or the failure of the interface file change nothing.
+SInt32 RunModalBookletDialog(CFBundleRef bundle, PPDRef ppd, BookletChoice* choice);
+
+}  // namespace kalmo

@@ -1,0 +1,27 @@
+// The words and the picture for a stock.
+#pragma once
+
+#include <string>
+
+#include "paper_output/stock/stock.h"
+#include "settings/ppd_access.h"
+#include "toolbox/controls.h"
+#include "toolbox/events.h"
+
+namespace kalmo {
+
+/// Lines joined by `separator`; empty when nothing is set. The caller releases it.
+[[nodiscard]] CFStringRef GenerateStockSummary(CFBundleRef bundle, JobContext context,
+                                               const Stock& stock, CFStringRef separator);
+/// Fills the control: nothing without a stock, "the job's setting" or "the printer's default" for
+/// one that says nothing. paramErr when bundle or control is missing.
+OSStatus ShowStockSummary(CFBundleRef bundle, ControlRef control, const Stock* stock,
+                          JobContext context);
+
+/// The picture file for the stock's type and colour, such as "Paper_Envelope-Blue.gif"; every
+/// answer exists.
+[[nodiscard]] std::string StockPicture(const Stock& stock);
+/// Draws the picture of the `const Stock*` that it is installed with, in any picture control.
+OSStatus StockIconEventHandler(EventHandlerCallRef next, EventRef event, void* stock);
+
+}  // namespace kalmo
