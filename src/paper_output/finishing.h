@@ -69,10 +69,8 @@ void SetStapleLocation(Finishing* finishing, SInt32 location);
 [[nodiscard]] const char* PunchPicture(SInt32 punch);
 [[nodiscard]] std::string FinishingPicture(const Finishing& finishing, bool bookletLayout);
 
-/// Whether coil punch can be had on the paper; taken away, a chosen one goes. Asked only where the
-/// printer has the punch and the stock says type or weight.
-[[nodiscard]] bool StockTakesCoilPunch(const Stock& stock);
-/// Nothing: the printer has no coil punch or the stock says neither type nor weight.
+/// Whether coil punch can be had on the paper. Nothing: the printer has none, or the stock says
+/// neither type nor weight.
 [[nodiscard]] std::optional<bool> CoilPunchAvailable(const Stock& stock);
 void TakeAwayCoilPunch(Finishing* finishing);
 /// Papers that are too stiff or too slippery for a square fold clear it. True when it changed.
