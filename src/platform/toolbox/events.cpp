@@ -150,3 +150,10 @@ OSStatus SendCommandToWindow(WindowRef window, UInt32 command) {
     OpaqueEvent event{kEventClassCommand, kEventCommandProcess, nullptr, command};
     return SendEvent(*start, event);
 }
+
+OSStatus SendEventToControl(ControlRef control, UInt32 eventClass, UInt32 kind) {
+    QWidget* const start = ToWidget(control);
+    if (!start) return paramErr;
+    OpaqueEvent event{eventClass, kind, start};
+    return SendEvent(*start, event);
+}
