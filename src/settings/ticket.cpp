@@ -1,5 +1,7 @@
 #include "settings/ticket.h"
 
+#include <utility>
+
 #include "settings/dictionary.h"
 
 namespace kalmo {
@@ -21,6 +23,13 @@ void WriteTicketValue(CFMutableDictionaryRef dictionary, CFStringRef key, CFInde
 
 bool GetCFIndexFromCFDictionary(CFDictionaryRef dictionary, CFStringRef key, CFIndex* value) {
     return CFDictionaryGetNumber(dictionary, key, kCFNumberCFIndexType, value);
+}
+
+std::optional<SInt32> SInt32InDictionary(CFDictionaryRef dictionary, CFStringRef key) {
+    CFIndex value = 0;
+    const bool fits =
+        GetCFIndexFromCFDictionary(dictionary, key, &value) && std::in_range<SInt32>(value);
+    return fits ? std::optional(static_cast<SInt32>(value)) : std::nullopt;
 }
 
 }  // namespace kalmo

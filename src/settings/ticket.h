@@ -1,6 +1,8 @@
 // The tickets of the print session, and numbers in dictionaries stored in them.
 #pragma once
 
+#include <optional>
+
 #include "foundation/collections.h"
 #include "foundation/number.h"
 #include "printing/session.h"
@@ -15,5 +17,7 @@ void WriteTicketValue(CFMutableDictionaryRef dictionary, CFStringRef key, CFInde
 /// True when a number is there and was exactly a CFIndex. Absent: false, `*value` untouched; a
 /// fraction is cut, and the answer false.
 bool GetCFIndexFromCFDictionary(CFDictionaryRef dictionary, CFStringRef key, CFIndex* value);
+/// The same for a record's 32-bit field: nothing when absent, no whole number, or too large.
+[[nodiscard]] std::optional<SInt32> SInt32InDictionary(CFDictionaryRef dictionary, CFStringRef key);
 
 }  // namespace kalmo

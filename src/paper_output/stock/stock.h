@@ -13,6 +13,8 @@ inline constexpr SInt32 kUnset = kPrinterDefault;
 inline constexpr SInt32 kStockSizeLetter = 1, kStockSizeCustom = 75;
 inline constexpr SInt32 kStockColorWhite = 1, kStockColorClear = 6;
 inline constexpr SInt32 kStockTypeStandard = 1, kStockTypeTransparency = 2, kStockTypeLabels = 9;
+inline constexpr SInt32 kStockTypePrecutTab = 4, kStockTypeCustomTab = 6, kStockTypeCustom = 7,
+                        kStockTypeTab = 24, kStockTypeHeavyTab = 33;
 /// Paper from the post-print inserter.
 inline constexpr SInt32 kStockSourceInserter = 10;
 
@@ -75,6 +77,7 @@ public:
     [[nodiscard]] bool operator==(const Stock& other) const;
 
 private:
+    struct TicketForm;
     SInt32 size_ = kUnset, width_ = kUnset, length_ = kUnset;
     SInt32 type_ = kUnset, color_ = kUnset, modulus_ = kUnset, punched_ = kUnset;
     SInt32 weight_ = kUnset, sidesCoated_ = kUnset, coatingType_ = 1, finish_ = kUnset;
