@@ -17,6 +17,8 @@ inline constexpr UInt32 kEventInputLongEnough = 'ICso';
 /// set the set, which is retained until the field goes. In UTF-16 units.
 OSStatus LimitInputLengthAndCharacters(ControlRef field, SInt32 minimumLength, SInt32 maximumLength,
                                        CFCharacterSetRef allowed);
+/// Which of the three events fits what the field holds now: for a dialog that is about to open.
+[[nodiscard]] UInt32 CheckInput(ControlRef field);
 OSStatus LimitInputEventHandler(EventHandlerCallRef next, EventRef event, void* unused);
 
 }  // namespace kalmo
