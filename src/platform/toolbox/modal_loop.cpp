@@ -49,6 +49,7 @@ ModalLoop* ModalLoop::Of(const QWidget& window) { return RunningLoops().value(&w
 SInt32 ModalLoop::run(QWidget* owner) {
     const QPointer<QWidget> focus = QApplication::focusWidget();
     window_->setWindowModality(Qt::ApplicationModal);
+    if (!owner) owner = QApplication::activeWindow();
     if (owner) placeOver(*owner->window());
     window_->show();
     window_->raise();

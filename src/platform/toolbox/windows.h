@@ -32,10 +32,10 @@ OSStatus SetWindowCancelButton(WindowRef window, ControlRef button);
 /// The window's content view, parent of what is embedded at the top.
 [[nodiscard]] ControlRef GetWindowContentView(WindowRef window);
 
-/// Shows `window` over `owner` (may be null) and runs until it is quit or closed by the user.
-/// Return presses its default button, Escape its cancel button; their commands 'ok  ' and 'not!',
-/// where no handler wants them, quit with kModalOK and kModalCancel. Where the Presence runs no
-/// modal loops it returns at once. Returns what was passed to Quit..., kModalCancel otherwise.
+/// Shows `window` over `owner` (null: the active window) and runs until it is quit or closed by the
+/// user. Return presses its default button, Escape its cancel button; their commands 'ok  ' and
+/// 'not!', where no handler wants them, quit with kModalOK and kModalCancel. Where the Presence runs
+/// no modal loops it returns at once. Returns what was passed to Quit..., kModalCancel otherwise.
 [[nodiscard]] SInt32 RunAppModalLoopForWindow(WindowRef window, WindowRef owner);
 void QuitAppModalLoopForWindow(WindowRef window, SInt32 result);
 inline constexpr SInt32 kModalOK = 1;
