@@ -1,0 +1,92 @@
+#include "controls/modal_dialog.h"
+
+#include <iterator>
+
+#include "controls/input_limits.h"
+#include "controls/pictures.h"
+#include "shell/base/help.h"
+#include "shell/base/panel_interface.h"
+#include "shell/base/texts.h"
+
+namespace kalmo {
+namespace {
+
+constexpr UInt32 kCommandOK = 'ok  ';
+constexpr EventTypeSpec kEvents[] = {
+    {kEventClassCommand, kEventCommandProcess},   {kEventClassControl, kEventControlHit},
+    {kEventClassControl, kEventControlDraw},      {kEventClassInputCheck, kEventInputEmpty},
+    {kEventClassInputCheck, kEventInputTooShort}, {kEventClassInputCheck, kEventInputLongEnough},
+};
+
+SInt32 IDOf(ControlRef control) {
+    ControlID id{};
+    return GetControlID(control, &id) == noErr && id.signature == kDialogSignature ? id.id : 0;
+}
+
+}  // namespace
+
+SInt32 ModalDialog::run() {
+    if (const OSStatus status = open(); status != noErr) return status;
+    prepare();
+    updatePicture();
+    return RunAppModalLoopForWindow(window(), nullptr);
+}
+
+OSStatus ModalDialog::open() {
+    NibHolder nib;
+    OSStatus status = OpenNib(bundle_, source_.file, &nib);
+    if (status == noErr) status = OpenNibWindow(nib, source_.window, &window_);
+    if (status != noErr) return status;
+    return InstallWindowEventHandler(window(), HandleEvent, std::size(kEvents), kEvents, this,
+                                     &handler_);
+}
+
+ControlRef ModalDialog::control(SInt32 id) const {
+    ControlRef found = nullptr;
+    GetControlByID(window(), {kDialogSignature, id}, &found);
+    return found;
+}
+
+void ModalDialog::updatePicture() {
+    const Illustration shown = illustration();
+    if (!shown.descriptionKey) return;
+    const ControlRef picture = control(source_.picture);
+    SetControlAccessibleDescription(picture,
+                                    CopyText(bundle_, CFStringMakeConstant(shown.descriptionKey)));
+    SetControlNeedsDisplay(picture);
+}
+
+OSStatus ModalDialog::HandleEvent(EventHandlerCallRef, EventRef event, void* dialog) {
+    return WithoutExceptions(noErr,
+                             [&] { return static_cast<ModalDialog*>(dialog)->handle(event); });
+}
+
+OSStatus ModalDialog::handle(EventRef event) {
+    if (GetEventClass(event) == kEventClassCommand) return obey(GetEventCommand(event));
+    const SInt32 id = IDOf(GetEventControl(event));
+    if (GetEventClass(event) == kEventClassInputCheck) {
+        inputWasChecked(id, GetEventKind(event));
+        return noErr;
+    }
+    if (GetEventKind(event) == kEventControlDraw) return draw(event);
+    controlWasHit(id);
+    return eventNotHandledErr;
+}
+
+/// The standard behaviour of OK and Cancel ends the loop.
+OSStatus ModalDialog::obey(UInt32 command) {
+    if (command == kHelpCommand) {
+        DisplayHelp(bundle_, source_.helpPage, nullptr);
+        return noErr;
+    }
+    return command == kCommandOK && !accept() ? noErr : eventNotHandledErr;
+}
+
+OSStatus ModalDialog::draw(EventRef event) const {
+    const Illustration shown = illustration();
+    if (shown.file.empty() || IDOf(GetEventControl(event)) != source_.picture)
+        return eventNotHandledErr;
+    return DrawImage(event, Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(shown.file)));
+}
+
+}  // namespace kalmo
