@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "toolbox/event_way.h"
+#include "toolbox/menu_button.h"
 #include "toolbox/menu_model.h"
 
 namespace toolbox {
@@ -26,6 +27,8 @@ void ReportUserChanges(QWidget& widget) {
     if (auto* popup = qobject_cast<QComboBox*>(&widget)) {
         GiveMenu(*popup);
         QObject::connect(popup, &QComboBox::activated, popup, report);
+    } else if (qobject_cast<MenuButton*>(&widget)) {
+        return;  // its menu reports
     } else if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
         QObject::connect(button, &QAbstractButton::clicked, button, report);
     } else if (auto* spin = qobject_cast<QSpinBox*>(&widget)) {

@@ -1,6 +1,8 @@
 // An event on its way through the handlers, and what starts one.
 #pragma once
 
+#include <QPersistentModelIndex>
+
 #include "toolbox/control_state.h"
 
 struct OpaqueEvent {
@@ -9,6 +11,7 @@ struct OpaqueEvent {
     QPointer<QWidget> control;
     UInt32 command = 0;
     DrawingRef drawing = nullptr;
+    QPersistentModelIndex menuItem{};  // where the command was chosen
 };
 
 namespace toolbox {
@@ -20,6 +23,10 @@ OSStatus SendEvent(QWidget& start, OpaqueEvent& event);
 /// The user has changed or pressed the control: a hit, and when all decline it, the command of the
 /// control or of its chosen item.
 void UserChanged(QWidget& control);
+
+/// Sends the command, and when all decline it, does what it means to a modal loop. `item` is not
+/// valid unless it was chosen in a menu.
+void SendChosenCommand(QWidget& control, UInt32 command, const QModelIndex& item);
 
 /// While handlers run a widget may stand on the stack below: free it later.
 [[nodiscard]] bool HandlersAreRunning();

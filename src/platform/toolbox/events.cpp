@@ -69,7 +69,7 @@ OSStatus Install(QWidget* target, const EventHandler& handler, EventHandlerRef* 
 }
 
 UInt32 CommandOf(QWidget& control) {
-    if (const UInt32 command = ChosenCommand(control)) return command;
+    if (const UInt32 command = ChosenItem(control).data(kCommandRole).toUInt()) return command;
     if (const ControlState* state = FindState(control); state && state->command) {
         return state->command;
     }
@@ -90,10 +90,15 @@ void UserChanged(QWidget& widget) {
     const QPointer<QWidget> control = &widget;
     OpaqueEvent hit{kEventClassControl, kEventControlHit, control};
     if (SendEvent(widget, hit) != eventNotHandledErr || !control) return;
-    const UInt32 command = CommandOf(*control);
-    if (command == 0) return;
-    const QPointer<QWidget> window = control->window();
-    if (SendCommandFromControl(ToControl(control), command) == eventNotHandledErr && window) {
+    if (const UInt32 command = CommandOf(*control)) {
+        SendChosenCommand(*control, command, ChosenItem(*control));
+    }
+}
+
+void SendChosenCommand(QWidget& control, UInt32 command, const QModelIndex& item) {
+    const QPointer<QWidget> window = control.window();
+    OpaqueEvent event{kEventClassCommand, kEventCommandProcess, &control, command, nullptr, item};
+    if (SendEvent(control, event) == eventNotHandledErr && window) {
         RunStandardCommand(*window, command);
     }
 }
@@ -136,6 +141,13 @@ UInt32 GetEventKind(EventRef event) { return event ? event->kind : 0; }
 ControlRef GetEventControl(EventRef event) { return event ? ToControl(event->control) : nullptr; }
 UInt32 GetEventCommand(EventRef event) { return event ? event->command : 0; }
 DrawingRef GetEventDrawing(EventRef event) { return event ? event->drawing : nullptr; }
+
+Boolean GetEventMenuItem(EventRef event, MenuRef* menu, UInt16* item) {
+    if (!event || !event->menuItem.isValid()) return false;
+    if (menu) *menu = ToMenuRef(qobject_cast<const Menu*>(event->menuItem.model()));
+    if (item) *item = static_cast<UInt16>(event->menuItem.row() + 1);
+    return true;
+}
 
 OSStatus SendCommandFromControl(ControlRef control, UInt32 command) {
     QWidget* const start = ToWidget(control);

@@ -12,6 +12,7 @@
 #include <cstdio>
 
 #include "toolbox/control_state.h"
+#include "toolbox/menu_button.h"
 #include "toolbox/picture_control.h"
 #include "toolbox/popup_button.h"
 #include "toolbox/qt_strings.h"
@@ -55,6 +56,7 @@ constexpr struct {
     {"QComboBox", Make<PopupButton>},
     {"UserPane", Make<UserPane>},
     {"PictureControl", Make<PictureControl>},
+    {"MenuButton", Make<MenuButton>},
     {"QLabel", MakeLabel},
     {"QSpinBox", MakeSpinBox},
 };

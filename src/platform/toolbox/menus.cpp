@@ -12,8 +12,6 @@ namespace {
 
 constexpr int kMostItems = std::numeric_limits<UInt16>::max();
 
-Menu* ToMenu(MenuRef menu) { return reinterpret_cast<Menu*>(menu); }
-
 /// Null outside the menu, and for the menu itself.
 QStandardItem* ItemAt(MenuRef menu, UInt16 item) {
     return menu && item > 0 ? ToMenu(menu)->item(item - 1) : nullptr;
@@ -42,6 +40,13 @@ bool HasRoomFor(MenuRef menu, CFStringRef text, UInt32 attributes) {
            ToMenu(menu)->rowCount() < kMostItems;
 }
 
+/// A menu that stands nowhere yet, and not one that `menu` itself stands in.
+bool CanStandIn(const Menu& submenu, const Menu& menu) {
+    const Menu* above = &menu;
+    while (above && above != &submenu) above = ParentOf(*above);
+    return !above && !submenu.QObject::parent();
+}
+
 }  // namespace
 
 }  // namespace toolbox
@@ -50,10 +55,10 @@ using namespace toolbox;
 
 MenuRef GetControlPopupMenu(ControlRef control) {
     QWidget* const widget = ToWidget(control);
-    return reinterpret_cast<MenuRef>(widget ? MenuOf(*widget) : nullptr);
+    return ToMenuRef(widget ? MenuOf(*widget) : nullptr);
 }
 
-MenuRef CreateNewMenu() { return reinterpret_cast<MenuRef>(new Menu); }
+MenuRef CreateNewMenu() { return ToMenuRef(new Menu); }
 
 void DisposeMenu(MenuRef menu) {
     if (menu && !ToMenu(menu)->QObject::parent()) delete ToMenu(menu);
@@ -127,11 +132,28 @@ OSStatus GetMenuItemCommandID(MenuRef menu, UInt16 item, UInt32* command) {
     return noErr;
 }
 
+OSStatus SetMenuItemHierarchicalMenu(MenuRef menu, UInt16 item, MenuRef submenu) {
+    if (!ItemAt(menu, item)) return paramErr;
+    if (submenu && submenu == GetMenuItemHierarchicalMenu(menu, item)) return noErr;
+    if (submenu && !CanStandIn(*ToMenu(submenu), *ToMenu(menu))) return paramErr;
+    SetSubmenu(*ToMenu(menu), item - 1, ToMenu(submenu));
+    return noErr;
+}
+
+MenuRef GetMenuItemHierarchicalMenu(MenuRef menu, UInt16 item) {
+    return ToMenuRef(ItemAt(menu, item) ? SubmenuAt(*ToMenu(menu), item - 1) : nullptr);
+}
+
 void CheckMenuItem(MenuRef menu, UInt16 item, Boolean checked) {
     // No state at all, rather than "unchecked", draws no empty box.
     if (QStandardItem* const found = ItemAt(menu, item)) {
         found->setData(checked ? QVariant(Qt::Checked) : QVariant(), Qt::CheckStateRole);
     }
+}
+
+Boolean IsMenuItemChecked(MenuRef menu, UInt16 item) {
+    const QStandardItem* const found = ItemAt(menu, item);
+    return found && IsChecked(found->index());
 }
 
 void EnableMenuItem(MenuRef menu, UInt16 item) {

@@ -88,6 +88,22 @@ TEST_F(Popup, ReferencesAndCommandsBelongToItems) {
     EXPECT_EQ(GetMenuItemRefCon(menu(), 4, &reference), paramErr);
 }
 
+TEST_F(Popup, CommandsTellTheItemThatSentThem) {
+    SetMenuItemCommandID(menu(), 4, 'KWmB');
+    UInt16 chosen = 0;
+    InstallControlEventHandler(
+        control(),
+        [](EventHandlerCallRef, EventRef event, void* item) -> OSStatus {
+            MenuRef menu = nullptr;
+            EXPECT_TRUE(GetEventMenuItem(event, &menu, static_cast<UInt16*>(item)));
+            EXPECT_EQ(menu, GetControlPopupMenu(GetEventControl(event)));
+            return noErr;
+        },
+        1, &kCommand, &chosen, nullptr);
+    QTest::keyClick(&box(), Qt::Key_Down);
+    EXPECT_EQ(chosen, 4);
+}
+
 TEST_F(Popup, ItemsGoInAndOutAnywhere) {
     InsertMenuItemTextWithCFString(menu(), CFSTR("First"), 0, kMenuItemPlain, 0);
     InsertMenuItemTextWithCFString(menu(), CFSTR("-"), 99, kMenuItemPlain, 0);
