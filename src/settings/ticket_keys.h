@@ -4,6 +4,11 @@
 #include "foundation/string.h"
 
 #define kJobTypeKey CFSTR("com.kalmo.print.JobType")
+#define kBookletLayoutKey CFSTR("com.kalmo.print.BookletLayout")
 #define kInvertImageOptionsKey CFSTR("com.kalmo.print.InvertImageOptions")
 /// The creator of the shell's own items and of the invert image options.
 #define kTicketCreator CFSTR("K")
+/// The creator of the special pages.
+#define kPrintCreator CFSTR("com.kalmo.print")
+/// The creator of the other panels' settings.
+#define kPrintingManagerCreator CFSTR("com.kalmo.printingmanager")
