@@ -8,8 +8,13 @@
 #include "toolbox/controls.h"
 #include "toolbox/events.h"
 
+/// The installable option for paper that is put in after printing.
+#define kInserterFeature CFSTR("PostPrintInserterKey")
+
 namespace kalmo {
 
+/// The inserter's name on this printer, else the general one. Never null.
+[[nodiscard]] Owned<CFStringRef> CopyInserterName(CFBundleRef bundle);
 /// Lines joined by `separator`; empty when nothing is set. The caller releases it.
 [[nodiscard]] CFStringRef GenerateStockSummary(CFBundleRef bundle, JobContext context,
                                                const Stock& stock, CFStringRef separator);

@@ -1,0 +1,180 @@
+#include "paper_output/stock/stock_summary.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include "controls/pictures.h"
+#include "settings/installable_options.h"
+#include "settings/ppd_choices.h"
+#include "shell/base/panel_interface.h"
+#include "shell/base/texts.h"
+
+namespace kalmo {
+namespace {
+
+// A color that only a stored ticket can name.
+constexpr SInt32 kStockColorCustom = 10;
+
+enum class Words { printer, stock, precutTab };
+
+/// Where the words for a type come from, and whether the tabs of one bank are counted behind them.
+struct TypeWordsRow {
+    SInt32 type;
+    Words words;
+    bool isCounted;
+};
+
+constexpr TypeWordsRow kTypeWords[] = {
+    {kStockTypePrecutTab, Words::precutTab, true}, {kStockTypeCustomTab, Words::stock, true},
+    {kStockTypeCustom, Words::stock, false},       {kStockTypeTab, Words::printer, true},
+    {kStockTypeHeavyTab, Words::printer, true},
+};
+
+TypeWordsRow WordsOf(SInt32 type) {
+    const auto* row = std::ranges::find(kTypeWords, type, &TypeWordsRow::type);
+    return row == std::end(kTypeWords) ? TypeWordsRow{type, Words::printer, false} : *row;
+}
+
+/// Null for a choice that the printer does not have.
+Owned<CFStringRef> PrinterText(CFStringRef keyword, SInt32 value) {
+    const CFStringRef choice = PPDChoiceForTicketValue(keyword, value);
+    return Owned<CFStringRef>::Adopt(PPDCopyChoiceText(PPDGetCurrent(), keyword, choice));
+}
+
+Owned<CFStringRef> ColorText(const Stock& stock) {
+    if (stock.color() == kStockColorCustom) return Owned<CFStringRef>::Retain(stock.customColor());
+    return PrinterText(CFSTR("MediaColor"), stock.color());
+}
+
+Owned<CFStringRef> UncountedTypeText(CFBundleRef bundle, const Stock& stock, Words words) {
+    switch (words) {
+        case Words::stock:
+            return Owned<CFStringRef>::Retain(stock.customType());
+        case Words::precutTab:
+            return CopyText(bundle, CFSTR("StockTypePrecutTab"));
+        case Words::printer:
+            break;
+    }
+    return PrinterText(CFSTR("MediaType"), stock.type());
+}
+
+Owned<CFStringRef> TypeText(CFBundleRef bundle, const Stock& stock) {
+    const TypeWordsRow row = WordsOf(stock.type());
+    auto text = UncountedTypeText(bundle, stock, row.words);
+    const SInt32 modulus = stock.modulus();
+    if (!row.isCounted || modulus <= 0 || CFStringGetLength(text) == 0) return text;
+    const auto number =
+        Owned<CFNumberRef>::Adopt(CFNumberCreate(kCFAllocatorDefault, kCFNumberIntType, &modulus));
+    return Owned<CFStringRef>::Adopt(
+        CFStringCreateWithFormat(kCFAllocatorDefault, CFSTR("%@ (%d)"), text.get(), number.get()));
+}
+
+/// Collects what is said, line by line.
+class Lines final {
+public:
+    explicit Lines(CFBundleRef bundle) : bundle_(bundle) {}
+
+    /// Nothing without a text; without a label the text alone.
+    void add(CFStringRef labelKey, CFStringRef text) {
+        if (CFStringGetLength(text) == 0) return;
+        if (!labelKey) return CFArrayAppendValue(lines_, text);
+        const auto label = CopyText(bundle_, labelKey);
+        const auto line = Owned<CFStringRef>::Adopt(
+            CFStringCreateWithFormat(kCFAllocatorDefault, CFSTR("%@: %@"), label.get(), text));
+        CFArrayAppendValue(lines_, line.get());
+    }
+    [[nodiscard]] CFStringRef joined(CFStringRef separator) const {
+        return CFStringCreateByCombiningStrings(kCFAllocatorDefault, lines_, separator);
+    }
+
+private:
+    CFBundleRef bundle_;
+    Owned<CFMutableArrayRef> lines_ = Owned<CFMutableArrayRef>::Adopt(
+        CFArrayCreateMutable(kCFAllocatorDefault, 0, &kCFTypeArrayCallBacks));
+};
+
+struct NameRow {
+    SInt32 value;
+    const char* name;
+};
+
+// Values of _MediaTypeMap, and the two tab types that only stored tickets name.
+constexpr NameRow kPictureKinds[] = {
+    {9, "Labels"},      {25, "Labels"},    {39, "Labels"},    {11, "Punched"},   {3, "Letterhead"},
+    {14, "Letterhead"}, {24, "Tab"},       {33, "Tab"},       {4, "Tab"},        {6, "Tab"},
+    {8, "Envelope"},    {12, "CardStock"}, {26, "CardStock"}, {43, "CardStock"}, {27, "CardStock"},
+    {28, "CardStock"},  {35, "CardStock"}, {36, "CardStock"}, {46, "CardStock"}, {29, "Glossy"},
+    {30, "Glossy"},     {44, "Glossy"},    {31, "Glossy"},    {32, "Glossy"},    {37, "Glossy"},
+    {38, "Glossy"},     {47, "Glossy"},    {48, "Glossy"},    {49, "Glossy"},    {50, "Glossy"},
+    {51, "Glossy"},
+};
+
+// Values of _MediaColorMap. A color that nobody has named is drawn white.
+constexpr NameRow kPictureColors[] = {
+    {kUnset, "White"}, {23, "White"}, {22, "White"}, {1, "White"},   {2, "Blue"},
+    {4, "Green"},      {5, "Pink"},   {3, "Yellow"}, {9, "Red"},     {8, "Goldenrod"},
+    {7, "Buff"},       {11, "Ivory"}, {12, "Gray"},  {13, "Orange"},
+};
+
+template <std::size_t count>
+std::string NameOf(const NameRow (&rows)[count], SInt32 value, const char* missing) {
+    const auto* row = std::ranges::find(rows, value, &NameRow::value);
+    return row == std::end(rows) ? missing : row->name;
+}
+
+OSStatus DrawStockIcon(EventRef event, const Stock* stock) {
+    const bool isDraw =
+        GetEventClass(event) == kEventClassControl && GetEventKind(event) == kEventControlDraw;
+    if (!isDraw || !stock) return eventNotHandledErr;
+    const auto name = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(StockPicture(*stock)));
+    return DrawImage(event, name);
+}
+
+}  // namespace
+
+Owned<CFStringRef> CopyInserterName(CFBundleRef bundle) {
+    auto name = Owned<CFStringRef>::Adopt(
+        CopyLocalizedStringForInstalledFeatureFromPlugin(kInserterFeature, bundle));
+    return name ? name : CopyText(bundle, kInserterFeature);
+}
+
+CFStringRef GenerateStockSummary(CFBundleRef bundle, JobContext context, const Stock& stock,
+                                 CFStringRef separator) {
+    const bool isJob = context == JobContext::job;
+    const bool isInserted = stock.source() == kStockSourceInserter;
+    Lines lines(bundle);
+    lines.add(CFSTR("StockName"), stock.customName());
+    lines.add(nullptr, PrinterText(CFSTR("PageSize"), stock.size()));
+    if (!isInserted) lines.add(isJob ? CFSTR("MediaColor") : CFSTR("StockColor"), ColorText(stock));
+    lines.add(isJob ? CFSTR("MediaType") : CFSTR("StockType"), TypeText(bundle, stock));
+    if (isInserted) lines.add(nullptr, CopyInserterName(bundle));
+    return lines.joined(separator);
+}
+
+OSStatus ShowStockSummary(CFBundleRef bundle, ControlRef control, const Stock* stock,
+                          JobContext context) {
+    if (!bundle || !control) return paramErr;
+    auto summary = Owned<CFStringRef>::Retain(CFSTR(""));
+    if (stock)
+        summary =
+            Owned<CFStringRef>::Adopt(GenerateStockSummary(bundle, context, *stock, CFSTR("\n")));
+    if (stock && CFStringGetLength(summary) == 0)
+        summary = CopyText(
+            bundle, context == JobContext::job ? CFSTR("PrinterDefault") : CFSTR("UseJobSetting"));
+    SetControlTitleWithCFString(control, summary);
+    return noErr;
+}
+
+std::string StockPicture(const Stock& stock) {
+    if (stock.type() == kStockTypeTransparency) return "Paper_Transparency.gif";
+    return "Paper_" + NameOf(kPictureKinds, stock.type(), "Plain") + "-" +
+           NameOf(kPictureColors, stock.color(), "Other") + ".gif";
+}
+
+OSStatus StockIconEventHandler(EventHandlerCallRef, EventRef event, void* stock) {
+    return WithoutExceptions(eventNotHandledErr, [&]() -> OSStatus {
+        return DrawStockIcon(event, static_cast<const Stock*>(stock));
+    });
+}
+
+}  // namespace kalmo
