@@ -1,6 +1,7 @@
-// Numbers in the user's locale, through ICU.
+// Numbers and measures in the user's locale, through ICU.
 #include "foundation/locale.h"
 
+#include <unicode/ulocdata.h>
 #include <unicode/unum.h>
 
 #include <cmath>
@@ -12,9 +13,10 @@
 
 namespace {
 
-/// The locale that the C library would use for numbers, without its encoding; "C" reads as English.
-std::string NumericLocale() {
-    for (const char* name : {"LC_ALL", "LC_NUMERIC", "LANG"}) {
+/// The locale that the C library would use for a category such as "LC_NUMERIC", without its
+/// encoding; "C" reads as English.
+std::string LocaleOf(const char* category) {
+    for (const char* name : {"LC_ALL", category, "LANG"}) {
         const char* const value = std::getenv(name);
         if (!value || !*value) continue;
         const std::string locale =
@@ -32,7 +34,7 @@ using FormatHolder = std::unique_ptr<UNumberFormat, FormatCloser>;
 FormatHolder OpenDecimalFormat() {
     UErrorCode status = U_ZERO_ERROR;
     FormatHolder format(
-        unum_open(UNUM_DECIMAL, nullptr, 0, NumericLocale().c_str(), nullptr, &status));
+        unum_open(UNUM_DECIMAL, nullptr, 0, LocaleOf("LC_NUMERIC").c_str(), nullptr, &status));
     if (U_FAILURE(status)) return nullptr;
     unum_setAttribute(format.get(), UNUM_GROUPING_USED, false);
     return format;
@@ -74,4 +76,10 @@ std::optional<double> CFLocaleNumberFromString(CFStringRef text) {
     const bool isWhole = static_cast<std::size_t>(end) == text->text.size();
     if (U_FAILURE(status) || !isWhole || !std::isfinite(value)) return std::nullopt;
     return value;
+}
+
+bool CFLocaleUsesMetricSystem() {
+    UErrorCode status = U_ZERO_ERROR;
+    // The British system is metric where paper is concerned.
+    return ulocdata_getMeasurementSystem(LocaleOf("LC_MEASUREMENT").c_str(), &status) != UMS_US;
 }

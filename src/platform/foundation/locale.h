@@ -1,4 +1,4 @@
-// Numbers in the user's locale, and sets of characters.
+// Numbers and measures in the user's locale.
 #pragma once
 
 #include <optional>
@@ -15,5 +15,7 @@
                                                          int maximumFractionDigits);
 /// The whole text as a number of the user's locale; nothing when it is not one.
 [[nodiscard]] std::optional<double> CFLocaleNumberFromString(CFStringRef text);
+/// Whether LC_ALL / LC_MEASUREMENT / LANG names a place that measures paper in millimetres.
+[[nodiscard]] bool CFLocaleUsesMetricSystem();
 
 #pragma GCC visibility pop
