@@ -83,6 +83,12 @@ CFStringRef CreateText(PPDRef ppd, const char* text) {
                  : nullptr;
 }
 
+/// In pt. 200 inches is the longest page of a PDF; what is longer is a fault of the file.
+bool IsRangeOfSides(double least, double most) {
+    constexpr double kLongestSide = 14400;
+    return least > 0 && least < most && most <= kLongestSide;
+}
+
 const ppd_choice_t* FirstMarkedChoice(const ppd_option_t& option) {
     for (const ppd_choice_t& choice : std::span(option.choices, option.num_choices)) {
         if (choice.marked) return &choice;
@@ -140,6 +146,18 @@ void PPDGetTicketValueForChoiceOrDefault(PPDRef ppd, PMTicketRef ticket, CFStrin
     auto choice = Owned<CFStringRef>::Adopt(PPDCopyCurrentChoice(ticket, keyword));
     if (!choice) choice = Owned<CFStringRef>::Adopt(PPDCopyDefaultChoice(ppd, keyword));
     if (choice && value) *value = PPDTicketValueForChoice(keyword, choice);
+}
+
+std::optional<PPDCustomSizes> PPDGetCustomSizes(PPDRef ppd) {
+    if (!ppd || !ppd->variable_sizes) return std::nullopt;
+    const PPDCustomSizes sizes{.minimumWidth = ppd->custom_min[0],
+                               .maximumWidth = ppd->custom_max[0],
+                               .minimumLength = ppd->custom_min[1],
+                               .maximumLength = ppd->custom_max[1]};
+    if (!IsRangeOfSides(sizes.minimumWidth, sizes.maximumWidth) ||
+        !IsRangeOfSides(sizes.minimumLength, sizes.maximumLength))
+        return std::nullopt;
+    return sizes;
 }
 
 std::string PPDManufacturer(PPDRef ppd) {

@@ -37,6 +37,13 @@ void PPDSetCurrentChoice(PMTicketRef ticket, CFStringRef keyword, CFStringRef ch
 void PPDGetTicketValueForChoiceOrDefault(PPDRef ppd, PMTicketRef ticket, CFStringRef keyword,
                                          SInt32* value);
 
+/// Sides of the papers of one's own that a printer takes, in pt.
+struct PPDCustomSizes {
+    double minimumWidth = 0, maximumWidth = 0, minimumLength = 0, maximumLength = 0;
+};
+/// Nothing when the printer takes none, or its PPD makes no sense of it.
+[[nodiscard]] std::optional<PPDCustomSizes> PPDGetCustomSizes(PPDRef ppd);
+
 /// "" when the PPD names none.
 [[nodiscard]] std::string PPDManufacturer(PPDRef ppd);
 void PPDMarkDefaults(PPDRef ppd);
