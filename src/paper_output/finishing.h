@@ -3,10 +3,12 @@
 // A group of staples that is 1 has none; folds and punches that are 1 are none.
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "foundation/bundle.h"
 #include "foundation/string.h"
 #include "paper_output/stock/stock.h"
 
@@ -41,6 +43,9 @@ struct Finishing {
     bool coilPunch = false, squareFold = false, squareFoldTrim = false, squareFoldAllowed = true;
 };
 
+/// Whether the printer has at least one of the installable options.
+[[nodiscard]] bool AnyInstalled(std::initializer_list<CFStringRef> features);
+
 /// The printer's finishing devices, by their installable options.
 struct FinishingDevices {
     bool hasStapler = false, hasPuncher = false, hasFolder = false;
@@ -64,6 +69,11 @@ void SetStapleLocation(Finishing* finishing, SInt32 location);
 [[nodiscard]] std::vector<CFStringRef> FinishingSummaryKeys(const Finishing& finishing,
                                                             bool bookletLayout,
                                                             const FinishingDevices& devices);
+/// The lines themselves, each "- " before its text and a line's end after it. The caller releases
+/// it.
+[[nodiscard]] CFStringRef CreateFinishingString(CFBundleRef bundle, const Finishing& finishing,
+                                                bool bookletLayout,
+                                                const FinishingDevices& devices);
 /// Null when there is none for the value.
 [[nodiscard]] const char* StaplePicture(SInt32 staple);
 [[nodiscard]] const char* PunchPicture(SInt32 punch);

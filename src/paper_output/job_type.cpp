@@ -14,11 +14,9 @@ namespace {
 constexpr SInt32 kTypesWithSetup[] = {
     kJobTypeSaved, 4, kJobTypeFax, kJobTypeSecurePrint, kJobTypeDelayed, kJobTypeBackgroundForm};
 
-/// The number that is exactly of that type, else `missing`.
-template <typename Number>
-Number NumberOr(CFDictionaryRef ticket, CFStringRef key, CFNumberType type, Number missing) {
-    Number value = missing;
-    return CFDictionaryGetNumber(ticket, key, type, &value) ? value : missing;
+SInt64 TimeOrNever(CFDictionaryRef ticket, CFStringRef key) {
+    SInt64 time = 0;
+    return CFDictionaryGetNumber(ticket, key, kCFNumberSInt64Type, &time) ? time : 0;
 }
 
 bool BooleanOr(CFDictionaryRef ticket, CFStringRef key, bool missing) {
@@ -79,7 +77,7 @@ void JobType::fromTicket(CFDictionaryRef ticket) {
         ticket ? CFDictionaryCreateMutableCopy(kCFAllocatorDefault, 0, ticket)
                : CreateFirstDictionary());
     const auto number = [this](CFStringRef key, SInt32 missing) {
-        return NumberOr<SInt32>(dictionary, key, kCFNumberSInt32Type, missing);
+        return SInt32InDictionary(dictionary, key).value_or(missing);
     };
     jobType = number(CFSTR("JobType"), kJobTypeNormal);
     mediaType = number(CFSTR("MediaType"), kFirstJobFormat);
@@ -89,8 +87,7 @@ void JobType::fromTicket(CFDictionaryRef ticket) {
     useDefaultLocation = !savedJobLocation;
     securePassword = TextOrNone(dictionary, CFSTR("SecurePrintPassword"));
     hasSecurePassword = securePassword.get() != nullptr;
-    delayedPrintTime =
-        NumberOr<SInt64>(dictionary, CFSTR("DelayedPrintTime"), kCFNumberSInt64Type, 0);
+    delayedPrintTime = TimeOrNever(dictionary, CFSTR("DelayedPrintTime"));
     saveDisposition = number(CFSTR("SaveDisposition"), kSaveOnly);
 }
 
