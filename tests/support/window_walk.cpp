@@ -13,10 +13,14 @@
 namespace kalmo::test {
 namespace {
 
+/// The field beside arrows takes Tab and the arrow keys for them.
+bool IsArrows(const QWidget& widget) { return widget.inherits("toolbox::SpinArrows"); }
+
 bool IsPicture(const QWidget& widget) { return widget.inherits("toolbox::PictureControl"); }
 
 bool IsControl(const QWidget& widget) {
     if (widget.objectName().startsWith("qt_") || widget.focusProxy()) return false;
+    if (IsArrows(widget)) return true;
     return qobject_cast<const QAbstractButton*>(&widget) ||
            qobject_cast<const QComboBox*>(&widget) ||
            qobject_cast<const QAbstractSpinBox*>(&widget) ||
@@ -56,7 +60,7 @@ std::vector<std::string> WindowFaults(QWidget& window, Identities identities) {
         if (!HasName(*widget)) faults.push_back(name + " has no accessible name");
         if (identities == Identities::needed && !HasIdentity(*widget))
             faults.push_back(name + " has no identity");
-        if (!IsPicture(*widget) && !(widget->focusPolicy() & Qt::TabFocus)) {
+        if (!IsPicture(*widget) && !IsArrows(*widget) && !(widget->focusPolicy() & Qt::TabFocus)) {
             faults.push_back(name + " cannot be reached with Tab");
         }
     }

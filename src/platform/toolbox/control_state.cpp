@@ -34,7 +34,11 @@ void ReportUserChanges(QWidget& widget) {
     } else if (auto* spin = qobject_cast<QSpinBox*>(&widget)) {
         QObject::connect(spin, &QSpinBox::valueChanged, spin, report);
     } else if (auto* slider = qobject_cast<QAbstractSlider*>(&widget)) {
-        QObject::connect(slider, &QAbstractSlider::valueChanged, slider, report);
+        QObject::connect(slider, &QAbstractSlider::valueChanged, slider, [slider, report] {
+            const QPointer<QWidget> alive = slider;
+            CallAction(*slider, kControlIndicatorPart);
+            if (alive) report();
+        });
     }
 }
 

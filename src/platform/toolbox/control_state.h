@@ -49,6 +49,8 @@ struct ControlState {
     bool enabledWhenActive = true;  // while inactive: what comes back
     UInt32 command = 0;             // sent when the control is pressed
     QHash<quint64, QByteArray> properties;
+    QHash<UInt32, QByteArray> data;  // by tag
+    ControlActionProc action = nullptr;
     std::vector<std::shared_ptr<EventHandler>> handlers;  // oldest first
     QPointer<QWidget> defaultButton, cancelButton;        // windows
 };

@@ -8,6 +8,7 @@
 
 #include "toolbox/control_state.h"
 #include "toolbox/menu_model.h"
+#include "toolbox/spin_arrows.h"
 
 using namespace toolbox;
 
@@ -27,7 +28,7 @@ struct ValueKind {
     void (*setBounds)(QWidget& widget, Bounds bounds);
 };
 
-/// Spins and sliders hold all of it themselves.
+/// Spins, arrows and sliders hold all of it themselves.
 template <typename Number>
 constexpr ValueKind kNumberKind = {
     [](const QWidget& widget) { return qobject_cast<const Number*>(&widget) != nullptr; },
@@ -80,7 +81,7 @@ constexpr ValueKind kCheckKind = {
 };
 
 constexpr const ValueKind* kKinds[] = {&kPopupKind, &kCheckKind, &kNumberKind<QSpinBox>,
-                                       &kNumberKind<QAbstractSlider>};
+                                       &kNumberKind<SpinArrows>, &kNumberKind<QAbstractSlider>};
 
 const ValueKind* KindOf(const QWidget* widget) {
     const auto* kind = std::ranges::find_if(

@@ -2,8 +2,6 @@
 #include "toolbox/controls.h"
 
 #include <QAbstractButton>
-#include <algorithm>
-#include <cstring>
 
 #include "toolbox/control_index.h"
 #include "toolbox/control_state.h"
@@ -96,35 +94,6 @@ void SetControlPicture(ControlRef control, PictureRef picture) {
     if (auto* const button = qobject_cast<QAbstractButton*>(ToWidget(control))) {
         button->setIcon(picture ? MakeIcon(picture->picture) : QIcon());
     }
-}
-
-OSStatus SetControlProperty(ControlRef control, OSType creator, OSType tag, UInt32 size,
-                            const void* data) {
-    QWidget* const widget = ToWidget(control);
-    if (!widget || (size > 0 && !data)) return paramErr;
-    StateOf(*widget).properties.insert(PairKey(creator, tag),
-                                       QByteArray(static_cast<const char*>(data), qsizetype{size}));
-    return noErr;
-}
-
-OSStatus GetControlProperty(ControlRef control, OSType creator, OSType tag, UInt32 size,
-                            UInt32* actualSize, void* data) {
-    QWidget* const widget = ToWidget(control);
-    if (!widget || (size > 0 && !data)) return paramErr;
-    const ControlState* const state = FindState(*widget);
-    if (!state || !state->properties.contains(PairKey(creator, tag))) return kPMKeyNotFound;
-    const QByteArray kept = state->properties.value(PairKey(creator, tag));
-    const auto actual = static_cast<UInt32>(kept.size());
-    if (size > 0 && actual > 0) std::memcpy(data, kept.constData(), std::min(size, actual));
-    if (actualSize) *actualSize = actual;
-    return noErr;
-}
-
-OSStatus RemoveControlProperty(ControlRef control, OSType creator, OSType tag) {
-    QWidget* const widget = ToWidget(control);
-    if (!widget) return paramErr;
-    ControlState* const state = FindState(*widget);
-    return state && state->properties.remove(PairKey(creator, tag)) ? noErr : kPMKeyNotFound;
 }
 
 void DisposeControl(ControlRef control) {

@@ -24,6 +24,9 @@ OSStatus SendEvent(QWidget& start, OpaqueEvent& event);
 /// control or of its chosen item.
 void UserChanged(QWidget& control);
 
+/// Calls the control's action, if it has one, as a handler. The control may be gone afterwards.
+void CallAction(QWidget& control, SInt16 part);
+
 /// Sends the command, and when all decline it, does what it means to a modal loop. `item` is not
 /// valid unless it was chosen in a menu.
 void SendChosenCommand(QWidget& control, UInt32 command, const QModelIndex& item);

@@ -86,6 +86,14 @@ OSStatus SendEvent(QWidget& start, OpaqueEvent& event) {
     return answer;
 }
 
+void CallAction(QWidget& control, SInt16 part) {
+    const ControlState* const state = FindState(control);
+    if (!state || !state->action) return;
+    ++runningHandlers;
+    state->action(ToControl(&control), part);
+    --runningHandlers;
+}
+
 void UserChanged(QWidget& widget) {
     const QPointer<QWidget> control = &widget;
     OpaqueEvent hit{kEventClassControl, kEventControlHit, control};

@@ -16,6 +16,7 @@
 #include "toolbox/picture_control.h"
 #include "toolbox/popup_button.h"
 #include "toolbox/qt_strings.h"
+#include "toolbox/spin_arrows.h"
 #include "toolbox/user_pane.h"
 #include "toolbox/widget_texts.h"
 
@@ -57,6 +58,7 @@ constexpr struct {
     {"UserPane", Make<UserPane>},
     {"PictureControl", Make<PictureControl>},
     {"MenuButton", Make<MenuButton>},
+    {"SpinArrows", Make<SpinArrows>},
     {"QLabel", MakeLabel},
     {"QSpinBox", MakeSpinBox},
 };

@@ -34,8 +34,9 @@ OSStatus SetWindowCancelButton(WindowRef window, ControlRef button);
 
 /// Shows `window` over `owner` (null: the active window) and runs until it is quit or closed by the
 /// user. Return presses its default button, Escape its cancel button; their commands 'ok  ' and
-/// 'not!', where no handler wants them, quit with kModalOK and kModalCancel. Where the Presence runs
-/// no modal loops it returns at once. Returns what was passed to Quit..., kModalCancel otherwise.
+/// 'not!', where no handler wants them, quit with kModalOK and kModalCancel. Where the Presence
+/// runs no modal loops it returns at once. Returns what was passed to Quit..., kModalCancel
+/// otherwise.
 [[nodiscard]] SInt32 RunAppModalLoopForWindow(WindowRef window, WindowRef owner);
 void QuitAppModalLoopForWindow(WindowRef window, SInt32 result);
 inline constexpr SInt32 kModalOK = 1;

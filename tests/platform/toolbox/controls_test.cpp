@@ -19,6 +19,9 @@ TEST(Controls, ValuesStayWithinTheirBounds) {
     QCheckBox check;
     QComboBox popup;
     popup.addItems({"one", "two", "three"});
+    Interface interface(WindowFile(WidgetText("SpinArrows", 1)));
+    ASSERT_EQ(interface.open(), noErr);
+    QWidget* const arrows = interface.widget(1);
     const struct {
         const char* why;
         QWidget* widget;
@@ -27,6 +30,8 @@ TEST(Controls, ValuesStayWithinTheirBounds) {
         {"spin below", &spin, -5, 5, kLeast, -5},
         {"spin above", &spin, -5, 5, kMost, 5},
         {"spin, the widest bounds", &spin, kLeast, kMost, kLeast, kLeast},
+        {"arrows, the widest bounds", arrows, kLeast, kMost, kLeast, kLeast},
+        {"arrows above", arrows, kLeast, -3, kMost, -3},
         {"check box", &check, 0, 1, 9, 1},
         {"popup below its minimum", &popup, 1, 3, -1, 1},
         {"popup above its maximum", &popup, 1, 2, 3, 2},
@@ -105,6 +110,22 @@ TEST(Controls, IdentityIsFoundAndFollowsChanges) {
     EXPECT_EQ(GetControlByID(ref, {'KPDE', -2}, &found), noErr);
     DisposeControl(found);
     EXPECT_EQ(GetControlByID(ref, {'KPDE', -2}, &found), controlNotFoundErr);
+}
+
+TEST(Controls, DataIsKeptByTag) {
+    QWidget widget;
+    const ControlRef control = ControlFromWidget(&widget);
+    const SInt32 step = 25;
+    SInt32 read = 0;
+    UInt32 size = 0;
+    EXPECT_EQ(GetControlData(control, 'incr', sizeof read, &size, &read), kPMKeyNotFound);
+    EXPECT_EQ(SetControlData(control, 'incr', sizeof step, &step), noErr);
+    EXPECT_EQ(GetControlData(control, 'incr', 2, &size, &read), noErr);
+    EXPECT_EQ(size, sizeof step);
+    EXPECT_EQ(GetControlData(control, 'incr', sizeof read, &size, &read), noErr);
+    EXPECT_EQ(read, step);
+    EXPECT_EQ(GetControlProperty(control, 0, 'incr', 0, nullptr, nullptr), kPMKeyNotFound);
+    EXPECT_EQ(SetControlData(nullptr, 'incr', sizeof step, &step), paramErr);
 }
 
 }  // namespace
