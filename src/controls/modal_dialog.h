@@ -42,6 +42,11 @@ protected:
     [[nodiscard]] WindowRef window() const { return window_.get(); }
     /// Null when there is none.
     [[nodiscard]] ControlRef control(SInt32 id) const;
+    /// Of a check box or radio button.
+    [[nodiscard]] bool isOn(SInt32 id) const { return GetControl32BitValue(control(id)) == 1; }
+    void enable(SInt32 id, bool on) const {
+        on ? EnableControl(control(id)) : DisableControl(control(id));
+    }
     /// Draws the picture anew and describes it.
     void updatePicture();
 
