@@ -112,21 +112,5 @@ TEST(Controls, IdentityIsFoundAndFollowsChanges) {
     EXPECT_EQ(GetControlByID(ref, {'KPDE', -2}, &found), controlNotFoundErr);
 }
 
-TEST(Controls, DataIsKeptByTag) {
-    QWidget widget;
-    const ControlRef control = ControlFromWidget(&widget);
-    const SInt32 step = 25;
-    SInt32 read = 0;
-    UInt32 size = 0;
-    EXPECT_EQ(GetControlData(control, 'incr', sizeof read, &size, &read), kPMKeyNotFound);
-    EXPECT_EQ(SetControlData(control, 'incr', sizeof step, &step), noErr);
-    EXPECT_EQ(GetControlData(control, 'incr', 2, &size, &read), noErr);
-    EXPECT_EQ(size, sizeof step);
-    EXPECT_EQ(GetControlData(control, 'incr', sizeof read, &size, &read), noErr);
-    EXPECT_EQ(read, step);
-    EXPECT_EQ(GetControlProperty(control, 0, 'incr', 0, nullptr, nullptr), kPMKeyNotFound);
-    EXPECT_EQ(SetControlData(nullptr, 'incr', sizeof step, &step), paramErr);
-}
-
 }  // namespace
 }  // namespace kalmo::test
