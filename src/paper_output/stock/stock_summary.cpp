@@ -1,9 +1,9 @@
 #include "paper_output/stock/stock_summary.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "controls/pictures.h"
+#include "foundation/locale.h"
 #include "settings/installable_options.h"
 #include "settings/ppd_choices.h"
 #include "shell/base/panel_interface.h"
@@ -39,6 +39,23 @@ TypeWordsRow WordsOf(SInt32 type) {
 Owned<CFStringRef> PrinterText(CFStringRef keyword, SInt32 value) {
     const CFStringRef choice = PPDChoiceForTicketValue(keyword, value);
     return Owned<CFStringRef>::Adopt(PPDCopyChoiceText(PPDGetCurrent(), keyword, choice));
+}
+
+/// A length of tenths of a millimetre in the user's unit.
+Owned<CFStringRef> LengthText(SInt32 tenths, bool metric) {
+    return Owned<CFStringRef>::Adopt(metric ? CFLocaleCreateStringFromNumber(tenths / 10.0, 0, 1)
+                                            : CFLocaleCreateStringFromNumber(tenths / 254.0, 0, 2));
+}
+
+Owned<CFStringRef> SizeText(CFBundleRef bundle, const Stock& stock) {
+    auto text = PrinterText(CFSTR("PageSize"), stock.size());
+    if (!text || stock.width() == kUnset || stock.length() == kUnset) return text;
+    const bool metric = CFLocaleUsesMetricSystem();
+    const auto format = CopyText(
+        bundle, metric ? CFSTR("StockCustomSizeMillimetres") : CFSTR("StockCustomSizeInches"));
+    return Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
+        kCFAllocatorDefault, format.get(), text.get(), LengthText(stock.width(), metric).get(),
+        LengthText(stock.length(), metric).get()));
 }
 
 Owned<CFStringRef> ColorText(const Stock& stock) {
@@ -144,7 +161,7 @@ CFStringRef GenerateStockSummary(CFBundleRef bundle, JobContext context, const S
     const bool isInserted = stock.source() == kStockSourceInserter;
     Lines lines(bundle);
     lines.add(CFSTR("StockName"), stock.customName());
-    lines.add(nullptr, PrinterText(CFSTR("PageSize"), stock.size()));
+    lines.add(nullptr, SizeText(bundle, stock));
     if (!isInserted) lines.add(isJob ? CFSTR("MediaColor") : CFSTR("StockColor"), ColorText(stock));
     lines.add(isJob ? CFSTR("MediaType") : CFSTR("StockType"), TypeText(bundle, stock));
     if (isInserted) lines.add(nullptr, CopyInserterName(bundle));
