@@ -45,7 +45,7 @@ void ReportUserChanges(QWidget& widget) {
 void Forget(const QObject* widget) {
     const auto state = AllStates().find(widget);
     if (state == AllStates().end()) return;
-    for (const auto& handler : state->second.handlers) handler->proc = nullptr;
+    EndHandlers(state->second);
     AllStates().erase(state);
 }
 
@@ -63,6 +63,11 @@ ControlState& StateOf(QWidget& widget) {
 ControlState* FindState(const QWidget& widget) {
     const auto state = AllStates().find(&widget);
     return state == AllStates().end() ? nullptr : &state->second;
+}
+
+void EndHandlers(ControlState& state) {
+    for (const auto& handler : state.handlers) handler->proc = nullptr;
+    state.handlers.clear();
 }
 
 std::vector<QWidget*> Subviews(const QWidget& widget) {

@@ -52,6 +52,7 @@ struct ControlState {
     QHash<UInt32, QByteArray> data;  // by tag
     ControlActionProc action = nullptr;
     std::vector<std::shared_ptr<EventHandler>> handlers;  // oldest first
+    bool hasTakenLeave = false;                           // kEventControlDispose was sent
     QPointer<QWidget> defaultButton, cancelButton;        // windows
 };
 
@@ -60,6 +61,9 @@ struct ControlState {
 [[nodiscard]] ControlState& StateOf(QWidget& widget);
 /// Null when the widget has none.
 [[nodiscard]] ControlState* FindState(const QWidget& widget);
+
+/// None of them is called again, not even by an event already on its way.
+void EndHandlers(ControlState& state);
 
 /// The widget's own visibility: not taken away by hiding it, whatever its window does.
 [[nodiscard]] inline bool IsShown(const QWidget& widget) {

@@ -97,7 +97,35 @@ TEST_F(Events, ControlsAndWindowsMayGoInsideAHandler) {
     const QPointer<QWidget> gone = box;
     InstallControlEventHandler(control, disposes, 1, &kHit, &record, nullptr);
     QMetaObject::invokeMethod(box, "click");
-    EXPECT_EQ(record, "xbacd");
+    EXPECT_EQ(record, "xcd") << "the control's own handlers end with it";
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(gone, nullptr);
+}
+
+TEST_F(Events, TakeLeaveOnceFromTheInside) {
+    struct Leave {
+        WindowRef window;
+        std::string record;
+        static OSStatus Handle(EventHandlerCallRef, EventRef event, void* data) {
+            auto* const leave = static_cast<Leave*>(data);
+            char letter = '?';
+            GetControlProperty(GetEventControl(event), 'test', 'name', 1, nullptr, &letter);
+            leave->record.push_back(letter);
+            DisposeControl(GetEventControl(event));
+            DisposeWindow(leave->window);
+            SimulateControlHit(GetEventControl(event));
+            return noErr;
+        }
+    } leave{WindowFromWidget(window.get()), {}};
+    const EventTypeSpec dispose{kEventClassControl, kEventControlDispose};
+    const std::pair<QWidget*, char> named[] = {{box, 'b'}, {pane, 'p'}, {window.get(), 'w'}};
+    for (const auto& [widget, letter] : named) {
+        SetControlProperty(ControlFromWidget(widget), 'test', 'name', 1, &letter);
+    }
+    InstallWindowEventHandler(leave.window, Leave::Handle, 1, &dispose, &leave, nullptr);
+    const QPointer<QWidget> gone = window.release();
+    DisposeWindow(leave.window);
+    EXPECT_EQ(leave.record, "bpw");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(gone, nullptr);
 }
