@@ -3,6 +3,7 @@
 #include <QAbstractSlider>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <unordered_map>
@@ -33,6 +34,8 @@ void ReportUserChanges(QWidget& widget) {
         QObject::connect(button, &QAbstractButton::clicked, button, report);
     } else if (auto* spin = qobject_cast<QSpinBox*>(&widget)) {
         QObject::connect(spin, &QSpinBox::valueChanged, spin, report);
+    } else if (auto* date = qobject_cast<QDateTimeEdit*>(&widget)) {
+        QObject::connect(date, &QDateTimeEdit::dateTimeChanged, date, report);
     } else if (auto* slider = qobject_cast<QAbstractSlider*>(&widget)) {
         QObject::connect(slider, &QAbstractSlider::valueChanged, slider, [slider, report] {
             const QPointer<QWidget> alive = slider;

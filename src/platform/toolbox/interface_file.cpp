@@ -12,6 +12,7 @@
 #include <cstdio>
 
 #include "toolbox/control_state.h"
+#include "toolbox/date_time_field.h"
 #include "toolbox/menu_button.h"
 #include "toolbox/picture_control.h"
 #include "toolbox/popup_button.h"
@@ -49,6 +50,13 @@ QWidget* MakeSpinBox(QWidget* parent) {
     return spin;
 }
 
+template <typename Field>
+QWidget* MakeDateTimeField(QWidget* parent) {
+    auto* const field = new Field(parent);
+    TakeZoneAway(*field);
+    return field;
+}
+
 /// Classes that are made here; all others are Qt's.
 constexpr struct {
     const char* name;
@@ -61,6 +69,9 @@ constexpr struct {
     {"SpinArrows", Make<SpinArrows>},
     {"QLabel", MakeLabel},
     {"QSpinBox", MakeSpinBox},
+    {"QDateTimeEdit", MakeDateTimeField<QDateTimeEdit>},
+    {"QDateEdit", MakeDateTimeField<QDateEdit>},
+    {"QTimeEdit", MakeDateTimeField<QTimeEdit>},
 };
 
 class Loader final : private WithoutDesignerPlugIns, public QUiLoader {
