@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPersistentModelIndex>
+#include <functional>
 
 #include "toolbox/control_state.h"
 
@@ -12,12 +13,16 @@ struct OpaqueEvent {
     UInt32 command = 0;
     DrawingRef drawing = nullptr;
     QPersistentModelIndex menuItem{};  // where the command was chosen
+    CFStringRef text = nullptr;        // of a text input; lives as long as the event
+    bool hasFocus = false;             // of a focus event
+    /// Runs once, at the end of the way; the answer is then noErr.
+    std::function<void()> standard = nullptr;
 };
 
 namespace toolbox {
 
-/// From `start` up to its window. The answer of the handler that ended the way, else
-/// eventNotHandledErr. `start` may be gone afterwards.
+/// From `start` up to its window. The answer of the handler that ended the way, else that of the
+/// standard behaviour, else eventNotHandledErr. `start` may be gone afterwards.
 OSStatus SendEvent(QWidget& start, OpaqueEvent& event);
 
 /// The user has changed or pressed the control: a hit, and when all decline it, the command of the

@@ -1,6 +1,7 @@
 #include "toolbox/events.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "toolbox/event_way.h"
 #include "toolbox/menu_model.h"
@@ -51,7 +52,9 @@ OSStatus RunRest(OpaqueEventHandlerCall& call, OpaqueEvent& event) {
         const OSStatus answer = handler->proc(&call, &event, handler->userData);
         if (answer != eventNotHandledErr) return answer;
     }
-    return eventNotHandledErr;
+    if (!event.standard) return eventNotHandledErr;
+    std::exchange(event.standard, nullptr)();
+    return noErr;
 }
 
 OSStatus Install(QWidget* target, const EventHandler& handler, EventHandlerRef* reference) {
@@ -148,6 +151,12 @@ UInt32 GetEventClass(EventRef event) { return event ? event->eventClass : 0; }
 UInt32 GetEventKind(EventRef event) { return event ? event->kind : 0; }
 ControlRef GetEventControl(EventRef event) { return event ? ToControl(event->control) : nullptr; }
 UInt32 GetEventCommand(EventRef event) { return event ? event->command : 0; }
+CFStringRef GetEventText(EventRef event) { return event ? event->text : nullptr; }
+UInt32 GetEventTextByteSize(EventRef event) {
+    const CFStringRef text = GetEventText(event);
+    return text ? static_cast<UInt32>(CFStringGetLength(text) * CFIndex{sizeof(UniChar)}) : 0;
+}
+Boolean GetEventHasFocus(EventRef event) { return event && event->hasFocus; }
 DrawingRef GetEventDrawing(EventRef event) { return event ? event->drawing : nullptr; }
 
 Boolean GetEventMenuItem(EventRef event, MenuRef* menu, UInt16* item) {

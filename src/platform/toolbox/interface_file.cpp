@@ -18,6 +18,7 @@
 #include "toolbox/popup_button.h"
 #include "toolbox/qt_strings.h"
 #include "toolbox/spin_arrows.h"
+#include "toolbox/text_field.h"
 #include "toolbox/user_pane.h"
 #include "toolbox/widget_texts.h"
 
@@ -69,6 +70,7 @@ constexpr struct {
     {"SpinArrows", Make<SpinArrows>},
     {"QLabel", MakeLabel},
     {"QSpinBox", MakeSpinBox},
+    {"QLineEdit", Make<TextField>},
     {"QDateTimeEdit", MakeDateTimeField<QDateTimeEdit>},
     {"QDateEdit", MakeDateTimeField<QDateEdit>},
     {"QTimeEdit", MakeDateTimeField<QTimeEdit>},

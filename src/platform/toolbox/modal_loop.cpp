@@ -77,11 +77,7 @@ bool ModalLoop::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool ModalLoop::pressKey(int key) {
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-        QAbstractButton* const button = DefaultButtonOf(*window_);
-        if (button && button->isVisible()) button->click();
-        return button;
-    }
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) return PressDefaultButton(*window_);
     if (key != Qt::Key_Escape) return false;
     QAbstractButton* const button = CancelButtonOf(*window_);
     if (button && button->isVisible()) {
@@ -97,6 +93,12 @@ void ModalLoop::placeOver(QWidget& owner) {
     if (owner.windowHandle()) window_->windowHandle()->setTransientParent(owner.windowHandle());
     const QSize half = (owner.size() - window_->size()) / 2;
     window_->move(owner.pos() + QPoint(half.width(), half.height()));
+}
+
+bool PressDefaultButton(QWidget& window) {
+    QAbstractButton* const button = DefaultButtonOf(window);
+    if (button && button->isVisible()) button->click();
+    return button;
 }
 
 UInt32 CommandInModalLoop(QWidget& control) {

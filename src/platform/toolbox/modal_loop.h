@@ -35,6 +35,8 @@ private:
     SInt32 result_ = kModalCancel;
 };
 
+/// Clicks the window's default button if it is in sight; false when the window has none.
+bool PressDefaultButton(QWidget& window);
 /// 'ok  ' for the default button and 'not!' for the cancel button of a window whose loop runs.
 [[nodiscard]] UInt32 CommandInModalLoop(QWidget& control);
 /// What a command does that no handler wanted: 'ok  ' and 'not!' end the window's loop.
