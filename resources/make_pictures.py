@@ -161,8 +161,8 @@ JOB_FORMATS = {
     "TIFF": ("One picture of each page", job_format(["TIFF"], BLUE, HILLS)),
     "MTIFF": ("All pages in one picture file", job_format(["TIFF"], BLUE, HILLS, MORE_SHEETS)),
     "PDF": ("A PDF document", job_format(["PDF"], ORANGE, text_lines(19, 17, (13, 24, 24)))),
-    "FRF": ("The printer's own raster", job_format(["FRF"], INK, dots(3))),
-    "FRFDRI": ("The printer's own raster, with instructions",
+    "FRF": ("Raster of this printer", job_format(["FRF"], INK, dots(3))),
+    "FRFDRI": ("Raster of all printers of the series",
                job_format(["FRF", "DRI"], INK, dots(2))),
 }
 
