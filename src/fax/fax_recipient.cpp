@@ -117,7 +117,9 @@ CFStringRef DisplayNameFromRecipient(const FaxRecipient* recipient) {
         AppendIfGiven(names, recipient->firstName());
         AppendIfGiven(names, recipient->lastName());
     }
-    return CFStringCreateByCombiningStrings(kCFAllocatorDefault, names, CFSTR(" "));
+    return Owned<CFStringRef>::Adopt(
+               CFStringCreateByCombiningStrings(kCFAllocatorDefault, names, CFSTR(" ")))
+        .detach();
 }
 
 }  // namespace kalmo

@@ -35,7 +35,7 @@ Stock StockInTicket(PMTicketRef ticket) {
 
 /// "Separators: blank", and the paper behind it where it says something.
 Owned<CFStringRef> SeparatorLines(CFBundleRef bundle, CFStringRef optionKey, const Stock& stock) {
-    const auto line = Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
+    auto line = Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
         kCFAllocatorDefault, CopyText(bundle, CFSTR("SeparatorSummary")).get(),
         CopyText(bundle, optionKey).get()));
     const auto paper = Owned<CFStringRef>::Adopt(
