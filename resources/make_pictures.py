@@ -320,7 +320,7 @@ PAPER_COLORS = {
     "Ivory": ("#f8f0d0", "#d3c596"),
     "Gray": ("#c3c7cb", "#8f969d"),
     "Orange": ("#fab26c", "#d28438"),
-    "Other": ("url(#c)", SHADE),
+    "Other": ("url(#c)", "#9aa9b6"),
 }
 
 
@@ -372,7 +372,8 @@ def stripes(colours):
     width = 1 / len(colours)
     stops = (shape("stop", offset=(n + side) * width, stop_color=colour)
              for n, colour in enumerate(colours) for side in (0, 1))
-    return f'<linearGradient id="c" x2="1" y2="1">{"".join(stops)}</linearGradient>'
+    return ('<linearGradient id="c" gradientUnits="userSpaceOnUse" x1="8" y1="8" x2="56" y2="56">'
+            f'{"".join(stops)}</linearGradient>')
 
 
 SEVERAL = stripes([PAPER_COLORS[name][0] for name in ("Pink", "Yellow", "Green", "Blue")])
