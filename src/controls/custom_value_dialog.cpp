@@ -1,5 +1,7 @@
 #include "controls/custom_value_dialog.h"
 
+#include <climits>
+
 #include "controls/input_limits.h"
 #include "controls/modal_dialog.h"
 
@@ -28,6 +30,7 @@ protected:
         if (text_) SetControlTitleWithCFString(field, text_);
         inputWasChecked(kTextField, CheckInput(field));
         SetKeyboardFocus(field);
+        SetControlTextSelection(field, {0, INT32_MAX});
     }
 
     bool accept() override {

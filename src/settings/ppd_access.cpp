@@ -86,7 +86,7 @@ CFStringRef CreateText(PPDRef ppd, const char* text) {
 /// In pt. 200 inches is the longest page of a PDF; what is longer is a fault of the file.
 bool IsRangeOfSides(double least, double most) {
     constexpr double kLongestSide = 14400;
-    return least > 0 && least < most && most <= kLongestSide;
+    return least > 0 && least <= most && most <= kLongestSide;
 }
 
 const ppd_choice_t* FirstMarkedChoice(const ppd_option_t& option) {

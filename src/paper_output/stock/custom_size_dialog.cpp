@@ -1,6 +1,7 @@
 #include "paper_output/stock/custom_size_dialog.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 
 #include "controls/modal_dialog.h"
@@ -53,6 +54,7 @@ protected:
         prepareSide(width_, shown(stock_->width(), unit_.usualWidth));
         prepareSide(length_, shown(stock_->length(), unit_.usualLength));
         SetKeyboardFocus(control(width_.field));
+        SetControlTextSelection(control(width_.field), {0, INT32_MAX});
     }
 
     bool accept() override {
@@ -85,7 +87,8 @@ private:
     void prepareSide(const Side& side, SInt32 value) {
         // Inside the limits: what is shown must be what the printer takes.
         const auto least = static_cast<SInt32>(std::ceil(side.minimum / unit_.points - kAHair));
-        const auto most = static_cast<SInt32>(std::floor(side.maximum / unit_.points + kAHair));
+        const auto most =
+            std::max(least, static_cast<SInt32>(std::floor(side.maximum / unit_.points + kAHair)));
         SetUpSpinControl(window(), kDialogSignature,
                          {.arrows = side.arrows,
                           .field = side.field,
