@@ -50,7 +50,9 @@ struct PaperOutputTickets {
     PMTicketRef settings = kPMNoTicket, pageFormat = kPMNoTicket;
 };
 
-/// All but the covers: a missing key or one of the wrong kind takes the default.
+/// All but the covers, which are dropped: a missing key or one of the wrong kind takes the default.
+/// What stays as it is when missing: fax data, the keys of a booklet while there is none, and what
+/// the printer has no option for.
 void ReadPaperOutput(PaperOutputRecord* record, const PaperOutputTickets& tickets);
 
 enum class SidesPopup { missing, exists };

@@ -8,10 +8,7 @@
 #include "settings/ticket_keys.h"
 
 #define kJobNameKey CFSTR("com.apple.print.JobInfo.PMJobName")
-#define kOrientationKey CFSTR("com.apple.print.PageFormat.PMOrientation")
 #define kLayoutNUpKey CFSTR("com.apple.print.PrintSettings.PMLayoutNUp")
-#define kJobLevelStockKey CFSTR("com.kalmo.print.JobLevelStock")
-#define kFaxOptionsKey CFSTR("com.kalmo.print.FaxOptions")
 
 namespace kalmo {
 namespace {

@@ -3,8 +3,11 @@
 
 #include "foundation/string.h"
 
+#define kOrientationKey CFSTR("com.apple.print.PageFormat.PMOrientation")
 #define kJobTypeKey CFSTR("com.kalmo.print.JobType")
 #define kBookletLayoutKey CFSTR("com.kalmo.print.BookletLayout")
+#define kJobLevelStockKey CFSTR("com.kalmo.print.JobLevelStock")
+#define kFaxOptionsKey CFSTR("com.kalmo.print.FaxOptions")
 #define kInvertImageOptionsKey CFSTR("com.kalmo.print.InvertImageOptions")
 /// The creator of the shell's own items and of the invert image options.
 #define kTicketCreator CFSTR("K")

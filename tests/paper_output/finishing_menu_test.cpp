@@ -7,158 +7,108 @@
 namespace kalmo::test {
 namespace {
 
-/// A printer that has exactly these features.
-class FinishingMenu : public testing::Test {
-protected:
-    void install(std::initializer_list<CFStringRef> features) {
+using Features = std::initializer_list<CFStringRef>;
+
+/// A printer that has the features, and a menu.
+struct FinishingMenu : testing::Test {
+    void install(Features features) {
         UnloadInstallableOptions();
-        table_.clear();
-        for (const CFStringRef feature : features)
-            table_.push_back({feature, nullptr, nullptr,
-                              CFEqual(feature, CFSTR("DualStapleKey")) ? CFSTR("On") : nullptr, 0});
-        table_.push_back({});
-        LoadInstallableOptions(printer_.ppd(), table_.data());
+        table.clear();
+        for (const CFStringRef feature : features) table.push_back({feature});
+        table.push_back({});
+        LoadInstallableOptions(printer.ppd(), table.data());
     }
-    /// "Stp1=5" of each item, with "*" for a checked and "!" for a disabled one; "-" for
-    /// separators.
+    /// "text=value" of each item, after "*" when it is checked.
     std::string items() const {
-        std::string text;
-        for (UInt16 item = 1; item <= CountMenuItems(popup_.menu); ++item) {
-            UInt32 command = 0;
-            ItemReference value = 0;
-            GetMenuItemCommandID(popup_.menu, item, &command);
-            GetMenuItemRefCon(popup_.menu, item, &value);
-            text += item > 1 ? " " : "";
-            if (IsMenuItemSeparator(popup_.menu, item)) {
-                text += "-";
-                continue;
-            }
-            for (int shift = 24; shift >= 0; shift -= 8)
-                text += static_cast<char>(command >> shift);
-            text += "=" + std::to_string(value) +
-                    (IsMenuItemChecked(popup_.menu, item) ? "*" : "") +
-                    (IsMenuItemEnabled(popup_.menu, item) ? "" : "!");
-        }
-        return text;
+        std::string all;
+        UInt16 item = 0;
+        for (const std::string& text : popup.items())
+            all += (IsMenuItemChecked(popup.menu, ++item) ? "*" : "") + text + ";";
+        return all;
     }
-    std::string office() {
-        PopulateOfficeFinishingMenu(popup_.menu, bundle_);
+    std::string marked(const Finishing& finishing, bool layout) {
+        MarkFinishingMenu(popup.menu, finishing, layout);
         return items();
     }
-    std::string production() {
-        PopulateFinishingMenu(popup_.menu, bundle_);
-        std::string text = items();
-        for (std::size_t at = 0; (at = text.find("=0", at)) != std::string::npos;)
-            text.erase(at, 2);
-        return text;
-    }
-    std::string marked(const Finishing& finishing, bool layout = false) {
-        MarkFinishingMenu(popup_.menu, finishing, layout);
-        std::string all = items(), marks;
-        for (std::size_t at = 0; (at = all.find('*', at)) != std::string::npos; ++at)
-            marks += all.substr(all.rfind(' ', at) + 1, 4) + " ";
-        return marks;
-    }
 
-    PrinterWithPPD printer_{""};
-    std::vector<_InstalledFeatureMap> table_;
-    Owned<CFBundleRef> bundle_ = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
-    Popup popup_;
+    PrinterWithPPD printer{""};
+    std::vector<_InstalledFeatureMap> table;
+    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
+    Popup popup;
 };
 
 TEST_F(FinishingMenu, OfficeItemsAreThoseThePrinterHas) {
-    const struct {
-        const char* why;
-        std::initializer_list<CFStringRef> features;
-        const char* items;
-    } rows[] = {
-        {"nothing", {}, ""},
-        {"one stapler", {CFSTR("SingleStapleKey")}, "Stp0=1 Stp1=5"},
-        {"generic punch hides the others",
-         {CFSTR("GenericPunchKey"), CFSTR("DualPunchKey"), CFSTR("TriplePunchKey")},
-         "HPun=2 Hpn0=1"},
-        {"punches by their holes",
-         {CFSTR("DualPunchKey"), CFSTR("TriplePunchKey"), CFSTR("QuadruplePunchKey")},
-         "Hpn2=3 Hpn3=4 Hpn4=5 Hpn0=1"},
-        {"everything else",
-         {CFSTR("DualStapleKey"), CFSTR("MultipleStapleKey"), CFSTR("CFoldKey"), CFSTR("ZFoldKey"),
-          CFSTR("ZFoldHalfSheetKey"), CFSTR("BookletFoldKey")},
-         "Stp0=1 Stp2=10 Stp4=54 - Fld0=1 Cfld=19 Zfld=20 Zfol=36 Bkcr=0"},
+    const std::pair<Features, const char*> rows[] = {
+        {{}, ""},
+        {{CFSTR("GenericPunchKey"), CFSTR("DualPunchKey")}, "Punched=2;None=1;"},
+        {{CFSTR("TriplePunchKey"), CFSTR("QuadruplePunchKey"), CFSTR("BookletFoldKey")},
+         "3 holes=4;4 holes=5;Not punched=1;Create a booklet…=0;"},
+        {{CFSTR("DualStapleKey"), CFSTR("ZFoldKey"), CFSTR("ZFoldHalfSheetKey")},
+         "No staple=1;2 staples=10;-=0;Not folded=1;Z fold=20;Z fold to half a sheet=36;"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
-        install(row.features);
-        EXPECT_EQ(office(), row.items);
-        for (const std::string& text : popup_.items())
-            EXPECT_EQ(text.find("NOT FOUND"), std::string::npos) << text;
+    for (const auto& [features, expected] : rows) {
+        install(features);
+        PopulateOfficeFinishingMenu(popup.menu, bundle);
+        EXPECT_EQ(items(), expected);
     }
-    EXPECT_EQ(popup_.items()[0], "No staple=1");
-    EXPECT_EQ(popup_.items()[1], "On=10") << "the feature's own label";
     EXPECT_TRUE(OfficeFinishing().staple && !OfficeFinishing().punch && OfficeFinishing().fold);
 }
 
-TEST_F(FinishingMenu, NoPunchIsNamedAfterWhatElseThereIs) {
-    install({CFSTR("GenericPunchKey")});
-    office();
-    EXPECT_EQ(popup_.items()[1], "None=1");
-    install({CFSTR("GenericPunchKey"), CFSTR("BookletFoldKey")});
-    office();
-    EXPECT_EQ(popup_.items()[1], "Not punched=1");
-}
-
 TEST_F(FinishingMenu, MarksFollowTheChoiceAndABookletStandsAlone) {
-    install({CFSTR("SingleStapleKey"), CFSTR("DualStapleKey"), CFSTR("MultipleStapleKey"),
-             CFSTR("DualPunchKey"), CFSTR("CFoldKey"), CFSTR("BookletFoldKey")});
-    office();
-    EXPECT_EQ(marked({.fold = 1, .punch = 1, .custom = {}}), "Stp0 Hpn0 Fld0 ");
-    EXPECT_EQ(marked({.singleStaple = 5, .dualStaple = 10, .fold = 19, .punch = 3, .custom = {}}),
-              "Stp1 Stp2 Hpn2 Cfld ");
-    EXPECT_EQ(marked({.singleStaple = 6, .fold = 36, .punch = 2, .custom = {}}), "")
-        << "values of no item";
-    EXPECT_EQ(marked({.multipleStaple = 54, .custom = {}}, true), "Bkcr ");
-    EXPECT_EQ(marked({.option = kOptionBooklet, .multipleStaple = 54, .custom = {}}), "Bkcr ");
+    install({CFSTR("SingleStapleKey"), CFSTR("DualPunchKey"), CFSTR("CFoldKey"),
+             CFSTR("BookletFoldKey")});
+    PopulateOfficeFinishingMenu(popup.menu, bundle);
+    Finishing finishing{.fold = 1, .punch = 3, .custom = {}};
+    EXPECT_EQ(marked(finishing, false),
+              "*No staple=1;1 staple=5;*2 holes=3;Not punched=1;-=0;*Not folded=1;C fold=19;"
+              "Create a booklet…=0;");
+    finishing.singleStaple = 6;  // of no item
+    finishing.fold = 19;
+    const char* const stapled =
+        "No staple=1;1 staple=5;*2 holes=3;Not punched=1;-=0;Not folded=1;*C fold=19;";
+    EXPECT_EQ(marked(finishing, false), std::string(stapled) + "Create a booklet…=0;");
+    const std::string booklet = marked(finishing, true);
+    EXPECT_EQ(booklet.find('*'), booklet.find("*Create")) << booklet;
+    finishing.option = kOptionBooklet;
+    EXPECT_EQ(marked(finishing, false), booklet);
 }
 
 TEST_F(FinishingMenu, CoilPunchGoesWithAPaperThatCannotHaveIt) {
     install({CFSTR("GBCAdvancedPunchKey")});
-    office();
-    Stock stock;
-    stock.setWeight(216);
-    Finishing finishing;
-    ApplyFinishingCommand(&finishing, kCoilCommand, 0);
-    EXPECT_FALSE(CoupleCoilPunch(popup_.menu, &finishing, stock));
-    EXPECT_EQ(marked(finishing), "Coil ");
-    stock.setWeight(217);
-    EXPECT_TRUE(CoupleCoilPunch(popup_.menu, &finishing, stock));
-    EXPECT_EQ(items(), "Coil=0!");
-    EXPECT_TRUE(!finishing.coilPunch && finishing.option == kOptionNone);
-    finishing.option = kOptionCoilPunch;  // from a stored ticket, meanwhile
-    stock.setWeight(80);
-    EXPECT_TRUE(CoupleCoilPunch(popup_.menu, &finishing, stock));
-    EXPECT_EQ(items(), "Coil=0");
-    EXPECT_EQ(finishing.option, kOptionNone);
+    PopulateOfficeFinishingMenu(popup.menu, bundle);
+    const struct {
+        SInt32 type, weight;
+        bool available;
+    } rows[] = {{1, kUnset, true},  {1, 217, false}, {1, 216, true},     {9, 100, false},
+                {kUnset, 80, true}, {2, 80, false},  {kUnset, 79, false}};
+    for (const auto& row : rows) {
+        Stock stock(nullptr);
+        stock.setType(row.type);
+        stock.setWeight(row.weight);
+        Finishing finishing;
+        ApplyFinishingCommand(&finishing, kCoilCommand, 0);
+        const bool wasEnabled = IsMenuItemEnabled(popup.menu, 1);
+        EXPECT_EQ(CoupleCoilPunch(popup.menu, &finishing, stock), !row.available || !wasEnabled);
+        EXPECT_EQ(IsMenuItemEnabled(popup.menu, 1), row.available);
+        EXPECT_EQ(finishing.option, row.available && wasEnabled ? kOptionCoilPunch : kOptionNone);
+        EXPECT_EQ(CoilPunchAvailable(Stock(nullptr)), std::nullopt);
+    }
 }
 
-TEST_F(FinishingMenu, ProductionItemsStandBetweenTwoSeparators) {
-    const struct {
-        std::initializer_list<CFStringRef> features;
-        const char* items;
-    } rows[] = {
-        {{}, "Pdef None - -"},
-        {{CFSTR("1StapleTL"), CFSTR("ZFoldHalfRight")}, "Pdef None Stp1 Zfol FMul - -"},
-        {{CFSTR("1StapleB"), CFSTR("2HolePunchB")}, "Pdef None CStp Hpn2 - -"},
-        {{CFSTR("2StaplesL"), CFSTR("4HolePunchL")}, "Pdef None Stp2 Hpn4 FMul - -"},
-        {{CFSTR("3HolePunchR"), CFSTR("ZFoldHalfLeft")}, "Pdef None Hpn3 Zfol FMul - -"},
-        {{CFSTR("BindLeft"), CFSTR("ZFoldSingleOutside"), CFSTR("SBM"), CFSTR("Custom"),
-          CFSTR("SlipSheets"), CFSTR("Offset")},
-         "Pdef None Bind Fold FSBM Cust - Spsh Ofsb -"},
-        {{CFSTR("BiFoldStapleMultiple")}, "Pdef None Fold - - Bkcr"},
+TEST_F(FinishingMenu, ProductionItemsStandAroundTwoSeparators) {
+    const std::pair<Features, const char*> rows[] = {
+        {{CFSTR("1StapleTL"), CFSTR("ZFoldHalfRight")},
+         "1 staple…=0;Z fold to half a sheet…=0;Several finishings…=0;-=0;-=0;"},
+        {{CFSTR("1StapleB"), CFSTR("2HolePunchB")}, "Staple in the middle…=0;2 holes…=0;-=0;-=0;"},
+        {{CFSTR("2StaplesL"), CFSTR("4HolePunchL"), CFSTR("BiFoldStapleMultiple")},
+         "2 staples…=0;4 holes…=0;Fold…=0;Several finishings…=0;-=0;-=0;Create a booklet…=0;"},
+        {{CFSTR("BindLeft"), CFSTR("SBM"), CFSTR("Custom"), CFSTR("SlipSheets"), CFSTR("Offset")},
+         "Binding…=0;Signature booklet=0;Custom…=0;-=0;Slip sheets=0;Offset and subsets…=0;-=0;"},
     };
-    for (const auto& row : rows) {
-        install(row.features);
-        EXPECT_EQ(production(), row.items);
-        for (const std::string& text : popup_.items())
-            EXPECT_EQ(text.find("NOT FOUND"), std::string::npos) << text;
+    for (const auto& [features, expected] : rows) {
+        install(features);
+        PopulateFinishingMenu(popup.menu, bundle);
+        EXPECT_EQ(items(), std::string("Printer's default=0;None=0;") + expected);
     }
 }
 
