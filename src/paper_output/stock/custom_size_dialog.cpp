@@ -27,8 +27,8 @@ SizeUnit UserUnit() {
     return {2, 2.54, 0.72, 850, 1100, CFSTR("Custom Size Inches")};
 }
 
-/// Half a sheet of notepaper to a poster, for printers that say nothing: no tray of an office or
-/// production printer takes less than 1 inch or more than 20.
+/// 1 to 20 inches, for printers that say nothing: a stock may be meant for a printer that does, so
+/// this only keeps out what no tray of an office or production printer takes.
 constexpr PPDCustomSizes kUsualLimits = {72, 1440, 72, 1440};
 
 /// The controls of one side, and its limits in pt.

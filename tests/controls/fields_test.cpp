@@ -1,0 +1,168 @@
+// Fields for numbers, with arrows and slider, and fields for limited texts.
+#include <QClipboard>
+#include <QLineEdit>
+#include <QSlider>
+#include <QTest>
+
+#include "controls/custom_value_dialog.h"
+#include "controls/input_limits.h"
+#include "controls/spin_control.h"
+#include "platform/toolbox/interface.h"
+#include "support/beeps.h"
+#include "support/modal_driver.h"
+
+namespace kalmo::test {
+namespace {
+
+constexpr SInt32 kField = 1, kArrows = 2, kSlider = 3, kOther = 4;
+using Sign = SpinControlSetup::Sign;
+
+class Fields : public testing::Test {
+protected:
+    void TearDown() override { setenv("LC_ALL", "C.UTF-8", 1); }
+
+    /// A window on screen, with the focus in the empty field of numbers.
+    void open(SpinControlSetup setup) {
+        interface = std::make_unique<Interface>(
+            WindowFile(WidgetText("QLineEdit", kField) + WidgetText("SpinArrows", kArrows) +
+                       WidgetText("QSlider", kSlider) + WidgetText("QLineEdit", kOther)));
+        ASSERT_EQ(interface->open(), noErr);
+        setup.arrows = kArrows, setup.field = kField, setup.slider = kSlider;
+        ASSERT_EQ(SetUpSpinControl(interface->window, 'KPDE', setup), noErr);
+        interface->windowWidget()->show();
+        QApplication::setActiveWindow(interface->windowWidget());
+        field().setFocus();
+    }
+
+    [[nodiscard]] QLineEdit& field(SInt32 id = kField) const {
+        return *interface->widget<QLineEdit>(id);
+    }
+    [[nodiscard]] ControlRef arrows() const { return interface->control(kArrows); }
+    [[nodiscard]] SInt32 value() const { return GetControl32BitValue(arrows()); }
+    [[nodiscard]] std::string text() const { return field().text().toStdString(); }
+
+    CountedBeeps beeps;
+    std::unique_ptr<Interface> interface;
+};
+
+TEST_F(Fields, TypedNumberSetsTheValueAndIsReplacedWhenTheFieldIsLeft) {
+    const struct {
+        const char *why, *locale;
+        SpinControlSetup setup;
+        const char* typed;
+        SInt32 value;
+        bool valid;
+        const char* left;
+    } rows[] = {
+        {"above", "C", {.maximum = 9}, "10", 9, false, "9"},
+        {"empty is 0", "C", {.minimum = 1, .maximum = 9}, "7\b", 1, false, "1"},
+        {"32 bits", "C", {.maximum = INT32_MAX}, "5e999999999", INT32_MAX, false, "2147483647"},
+        {"no number", "C", {.minimum = -9, .maximum = 9}, "4-", 4, false, "4"},
+        {"other minus", "sv_SE", {.minimum = -9, .maximum = 9}, "-7", -7, true, "\u22127"},
+        {"comma", "de_DE", {.maximum = 999, .decimals = 1}, "1.2,5", 125, true, "12,5"},
+        {"point", "C", {.maximum = 999, .decimals = 1}, "1,2.5", 125, true, "12.5"},
+        {"single precision", "C", {.maximum = 99, .decimals = 2}, "0.53", 52, true, "0.52"},
+        {"not double", "C", {.maximum = 99, .decimals = 2}, "0.29", 29, true, "0.29"},
+        {"sign", "C", {.maximum = 99, .sign = Sign::angle}, "45", 45, true, "45\u02DA"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.why);
+        setenv("LC_ALL", row.locale, 1);
+        open(row.setup);
+        QTest::keyClicks(&field(), row.typed);
+        EXPECT_EQ(value(), row.value);
+        EXPECT_EQ(SpinControlIsInputValid(arrows()), row.valid);
+        field(kOther).setFocus();
+        EXPECT_EQ(text(), row.left);
+        EXPECT_TRUE(SpinControlIsInputValid(arrows()));
+    }
+}
+
+TEST_F(Fields, StepsEndAtTheBoundWithABeep) {
+    open({.minimum = -5, .maximum = 12, .step = 10, .sign = Sign::percent});
+    QWidget& halves = *interface->widget(kArrows);
+    QTest::mouseClick(&halves, Qt::LeftButton, {}, {halves.width() / 2, halves.height() / 3});
+    EXPECT_EQ(text(), "10%");
+    QTest::keyClicks(&field(), "\b\b1");
+    EXPECT_EQ(value(), 11) << "the sign is read back";
+    QTest::keyClick(&field(), Qt::Key_Up);
+    EXPECT_EQ(beeps.take(), 0);
+    QTest::keyClicks(&field(), "\b9");
+    EXPECT_EQ(text(), "129");
+    QTest::keyClick(&field(), Qt::Key_Up);
+    EXPECT_EQ(text(), "12%");
+    EXPECT_EQ(beeps.take(), 1);
+    for (const auto key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return, Qt::Key_Enter})
+        QTest::keyClick(&field(), key);
+    EXPECT_EQ(value(), -5);
+    EXPECT_EQ(beeps.take(), 2) << "Return and Enter";
+    QTest::keyClick(interface->widget(kSlider), Qt::Key_End);
+    EXPECT_EQ(text(), "12%");
+}
+
+TEST_F(Fields, RefusedValueChangesTheArrowsOnly) {
+    open({.maximum = 10});
+    SetSpinControlValue(arrows(), 3);
+    EXPECT_EQ(SetSpinControlValue(arrows(), 11), paramErr);
+    EXPECT_EQ(value(), 10);
+    EXPECT_EQ(interface->widget<QSlider>(kSlider)->value(), 3);
+    DisposeControl(arrows());
+    field(kOther).setFocus();
+    EXPECT_EQ(text(), "3") << "the field outlives its arrows";
+}
+
+OSStatus RecordCheck(EventHandlerCallRef, EventRef event, void* record) {
+    static_cast<std::vector<UInt32>*>(record)->push_back(GetEventKind(event));
+    return noErr;
+}
+
+TEST_F(Fields, LimitedTextIsCheckedAtEachInput) {
+    open({});
+    const ControlRef control = interface->control(kOther);
+    std::vector<UInt32> checks;
+    for (const UInt32 kind : {kEventInputEmpty, kEventInputTooShort, kEventInputLongEnough}) {
+        const EventTypeSpec type = {kEventClassInputCheck, kind};
+        InstallControlEventHandler(control, RecordCheck, 1, &type, &checks, nullptr);
+    }
+    const auto letters = Owned<CFCharacterSetRef>::Adopt(
+        CFCharacterSetCreateWithCharactersInString(kCFAllocatorDefault, CFSTR("abcdxy")));
+    const CFIndex references = CFGetRetainCount(letters);
+    LimitInputLengthAndCharacters(control, 0, 4, letters);
+    QTest::keyClicks(&field(kOther), "a1");
+    LimitInputLengthAndCharacters(control, 2, 4, letters);
+    QTest::keyClicks(&field(kOther), "b\b\b");
+    EXPECT_EQ(checks, (std::vector<UInt32>{kEventInputLongEnough, kEventInputLongEnough,
+                                           kEventInputTooShort, kEventInputEmpty}));
+    QTest::keyClicks(&field(kOther), "abcdx");
+    for (const char* pasted : {"xyx", "xy"}) {
+        field(kOther).setSelection(1, 2);
+        QApplication::clipboard()->setText(pasted);
+        QTest::keyClick(&field(kOther), Qt::Key_V, Qt::ControlModifier);
+    }
+    EXPECT_EQ(field(kOther).text(), "axyd");
+    EXPECT_EQ(beeps.take(), 3);
+    DisposeControl(control);
+    EXPECT_EQ(CFGetRetainCount(letters), references);
+}
+
+TEST_F(Fields, CustomValueIsAskedForUntilItIsLongEnough) {
+    ModalDriver driver;
+    const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
+    CFStringRef text = CFSTR("Red");
+    SInt32 button = 0;
+    driver.expect([](QWidget& window) {
+        auto& line = *window.findChild<QLineEdit*>();
+        EXPECT_EQ(line.selectedText(), "Red");
+        QTest::keyClicks(&line, "B\rlue!!!\r");
+    });
+    EXPECT_EQ(RunModalCustomValueDialog(bundle, 2, 5, &text, &button), noErr);
+    EXPECT_EQ(button, kCustomValueOK);
+    EXPECT_EQ(CFStringToUTF8(Owned<CFStringRef>::Adopt(text)), "Blue!");
+    driver.expect([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+    RunModalCustomValueDialog(bundle, 2, 5, &text, &button);
+    EXPECT_EQ(button, kCustomValueCancel);
+    EXPECT_EQ(text, nullptr);
+}
+
+}  // namespace
+}  // namespace kalmo::test
