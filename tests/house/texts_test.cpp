@@ -1,7 +1,6 @@
 // Every key that code and interface files use has a text, in every language, with the same places.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <map>
 
 #include "foundation/strings_table.h"
@@ -89,24 +88,6 @@ TEST(Texts, TranslationsKeepKeysAndPlaces) {
         const auto original = english.texts.find(key);
         ASSERT_NE(original, english.texts.end()) << "unknown to English: " << key;
         EXPECT_EQ(Places(original->second), Places(text)) << key;
-    }
-}
-
-TEST(Texts, NoMnemonicStandsTwiceInTheWindowWithItsPane) {
-    for (const char* language : {"en", "de"}) {
-        std::map<char, std::string> taken;
-        const auto window = std::filesystem::path(KALMO_SOURCE_DIR) / "resources/kalmo-print" /
-                            (std::string(language) + ".lproj/Window.strings");
-        for (const StringsTable& table : {Table(language), ReadStringsTable(ReadFile(window))}) {
-            for (const auto& [key, text] : table.texts) {
-                const std::size_t mark = text.find('&');
-                // The help window is a window of its own.
-                if (mark == std::string::npos || key.starts_with("Help window")) continue;
-                const auto letter = static_cast<char>(std::tolower(text.at(mark + 1)));
-                const auto [other, isNew] = taken.emplace(letter, key);
-                EXPECT_TRUE(isNew) << language << ": " << key << " and " << other->second;
-            }
-        }
     }
 }
 

@@ -5,7 +5,8 @@
 #include <QFile>
 #include <QXmlStreamReader>
 
-#include "resource_files.h"
+#include "foundation/strings_table.h"
+#include "house/resource_files.h"
 #include "support/bundles.h"
 #include "support/window_walk.h"
 #include "toolbox/host.h"
@@ -32,6 +33,30 @@ QStringList WindowNames(const std::filesystem::path& file) {
     return names;
 }
 
+/// What stands beside a pane's controls: the print window's own texts, and the pane's frame.
+std::vector<std::string> TextsAroundPane(const std::string& language, bool isFrame) {
+    std::vector<std::string> around;
+    const auto add = [&](const std::filesystem::path& table, const std::string& prefix) {
+        for (const auto& [key, text] : ReadStringsTable(ReadFile(table)).texts) {
+            // The help window is a window of its own.
+            if (text.find('&') != std::string::npos && key.starts_with(prefix) &&
+                !key.starts_with("Help window"))
+                around.push_back(text);
+        }
+    };
+    const std::string folder = language + ".lproj";
+    add(std::filesystem::path(KALMO_SOURCE_DIR) / "resources/kalmo-print" / folder /
+            "Window.strings",
+        "");
+    if (!isFrame) add(kResources / folder / "Localizable.strings", "Panel Selector Label");
+    return around;
+}
+
+bool IsDialog(WindowRef window) {
+    ControlRef cancel = nullptr;
+    return GetWindowCancelButton(window, &cancel) == noErr && cancel;
+}
+
 CFStringRef Text(const QString& text) { return CFStringMakeConstant(qUtf8Printable(text)); }
 
 /// Restores what the whole program shares.
@@ -53,6 +78,12 @@ protected:
             QWidget& widget = *WidgetFromWindow(window);
             EXPECT_EQ(WindowFaults(widget, Identities::needed), std::vector<std::string>());
             EXPECT_EQ(CutTexts(widget), std::vector<std::string>());
+            std::vector<std::string> texts = MnemonicTexts(widget);
+            if (!IsDialog(window)) {
+                const auto around = TextsAroundPane(getenv("LANGUAGE"), name == "PDE_Shell");
+                texts.insert(texts.end(), around.begin(), around.end());
+            }
+            EXPECT_EQ(RepeatedMnemonics(texts), std::vector<std::string>());
             ++checked;
             DisposeWindow(window);
         }

@@ -7,6 +7,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <cctype>
+#include <map>
 
 #include "toolbox/host.h"
 
@@ -80,6 +82,28 @@ std::vector<std::string> CutTexts(QWidget& window) {
         }
     }
     return cut;
+}
+
+std::vector<std::string> MnemonicTexts(QWidget& window) {
+    std::vector<std::string> texts;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<QLabel*>(widget);
+        const auto* button = qobject_cast<QAbstractButton*>(widget);
+        const QString text = label ? label->text() : button ? button->text() : QString();
+        if (text.contains(u'&')) texts.push_back(text.toStdString());
+    }
+    return texts;
+}
+
+std::vector<std::string> RepeatedMnemonics(const std::vector<std::string>& texts) {
+    std::vector<std::string> repeated;
+    std::map<int, std::string> taken;
+    for (const std::string& text : texts) {
+        const int letter = std::tolower(text.at(text.find('&') + 1));
+        const auto [other, isNew] = taken.emplace(letter, text);
+        if (!isNew) repeated.push_back(other->second + " and " + text);
+    }
+    return repeated;
 }
 
 }  // namespace kalmo::test

@@ -16,5 +16,9 @@ enum class Identities { needed, notNeeded };
 /// One line for each label, button or check box that is narrower or lower than its text needs, in a
 /// window that is laid out.
 [[nodiscard]] std::vector<std::string> CutTexts(QWidget& window);
+/// The texts of labels, buttons and check boxes in `window` that have a letter of their own.
+[[nodiscard]] std::vector<std::string> MnemonicTexts(QWidget& window);
+/// One line for each letter that stands for two of the texts.
+[[nodiscard]] std::vector<std::string> RepeatedMnemonics(const std::vector<std::string>& texts);
 
 }  // namespace kalmo::test
