@@ -62,11 +62,6 @@ TEST_F(FinishingMenu, MarksFollowTheChoiceAndABookletStandsAlone) {
     EXPECT_EQ(marked(finishing, false),
               "*No staple=1;1 staple=5;*2 holes=3;Not punched=1;-=0;*Not folded=1;C fold=19;"
               "Create a booklet…=0;");
-    finishing.singleStaple = 6;  // of no item
-    finishing.fold = 19;
-    const char* const stapled =
-        "No staple=1;1 staple=5;*2 holes=3;Not punched=1;-=0;Not folded=1;*C fold=19;";
-    EXPECT_EQ(marked(finishing, false), std::string(stapled) + "Create a booklet…=0;");
     const std::string booklet = marked(finishing, true);
     EXPECT_EQ(booklet.find('*'), booklet.find("*Create")) << booklet;
     finishing.option = kOptionBooklet;
@@ -99,7 +94,6 @@ TEST_F(FinishingMenu, ProductionItemsStandAroundTwoSeparators) {
     const std::pair<Features, const char*> rows[] = {
         {{CFSTR("1StapleTL"), CFSTR("ZFoldHalfRight")},
          "1 staple…=0;Z fold to half a sheet…=0;Several finishings…=0;-=0;-=0;"},
-        {{CFSTR("1StapleB"), CFSTR("2HolePunchB")}, "Staple in the middle…=0;2 holes…=0;-=0;-=0;"},
         {{CFSTR("2StaplesL"), CFSTR("4HolePunchL"), CFSTR("BiFoldStapleMultiple")},
          "2 staples…=0;4 holes…=0;Fold…=0;Several finishings…=0;-=0;-=0;Create a booklet…=0;"},
         {{CFSTR("BindLeft"), CFSTR("SBM"), CFSTR("Custom"), CFSTR("SlipSheets"), CFSTR("Offset")},

@@ -53,9 +53,10 @@ const std::map<char, std::string> kForms = {
 constexpr const char* kKeywords[] = {"MediaColor", "MediaType", "OutputBin",     "Duplex",
                                      "KLFold",     "KLPunch",   "StapleLocation"};
 
-std::vector<std::pair<std::string, char>> KeysOf(char form) {
-    std::vector<std::pair<std::string, char>> keys;
-    std::istringstream words(kForms.at(form));
+const std::vector<std::pair<std::string, char>>& KeysOf(char form) {
+    static std::map<char, std::vector<std::pair<std::string, char>>> parsed;
+    auto& keys = parsed[form];
+    std::istringstream words(keys.empty() ? kForms.at(form) : "");
     for (std::string word; words >> word;)
         keys.emplace_back(word.substr(0, word.size() - 2), word.back());
     return keys;
@@ -236,8 +237,7 @@ class RandomTicket final {
 public:
     explicit RandomTicket(std::uint64_t seed) : engine_(seed) {}
     void fill(const Job& job) {
-        static const auto keys = KeysOf('T');
-        for (const auto& [key, kind] : keys)
+        for (const auto& [key, kind] : KeysOf('T'))
             if (below(4)) job.set(key, value(kind));
         for (const char* keyword : kKeywords)
             if (below(4)) job.choose(keyword, choice(keyword));
