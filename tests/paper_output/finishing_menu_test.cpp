@@ -7,11 +7,11 @@
 namespace kalmo::test {
 namespace {
 
-using Features = std::initializer_list<CFStringRef>;
+using Features = std::vector<CFStringRef>;
 
 /// A printer that has the features, and a menu.
 struct FinishingMenu : testing::Test {
-    void install(Features features) {
+    void install(const Features& features) {
         UnloadInstallableOptions();
         table.clear();
         for (const CFStringRef feature : features) table.push_back({feature});
