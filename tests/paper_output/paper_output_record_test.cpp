@@ -24,8 +24,10 @@ TEST(Booklet, TheDialogRestoresTheSidesThatTheCommandsDoNot) {
     ApplyBookletChoice(&record, Choice(kBookletOff, kNoFinishing), kTwoSidedShortEdge);
     EXPECT_EQ(record.duplex, kOneSided) << "as it was before the layout was first turned on";
     ApplyBookletChoice(&record, Choice(kBookletOn, kNoFinishing), kOneSided);
+    record.finishing.option = kOptionPunch;
     LeaveBooklet(&record);
     EXPECT_FALSE(record.bookletIsOn());
+    EXPECT_EQ(record.finishing.option, kOptionPunch) << "there was no booklet fold";
     EXPECT_EQ(record.duplex, kTwoSidedLongEdge);
 }
 

@@ -158,7 +158,11 @@ TEST(PaperOutputTicket, EachKeyHasItsField) {
     PMTicketSetSInt32(job.ticket, nullptr, CFSTR("com.apple.print.PageFormat.PMOrientation"), 2, 0);
     PMTicketSetSInt32(job.ticket, nullptr, CFSTR("com.apple.print.PrintSettings.PMDuplexing"), 1,
                       0);
+    job.set("FinishingCustom", Text("cut"));
+    job.set("FaxOptions", Dictionary({{"Unknown", kYes}}));
     PaperOutputRecord record = job.read();
+    EXPECT_EQ(CFStringToUTF8(record.finishing.custom), "cut");
+    EXPECT_TRUE(CFEqual(record.faxOptions, job.item("FaxOptions")) && !record.faxRecipients);
     EXPECT_EQ(Fields(record), (std::vector<SInt32>{3, 22, 23, 24, 2, 26, 27, 28, 29, 30, 0, 1,
                                                    4, 3,  20, 4,  1, 10, 1,  3,  43, 2,  2}));
     job.write(std::move(record));
