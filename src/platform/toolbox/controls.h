@@ -94,6 +94,9 @@ OSStatus EmbedControl(ControlRef child, ControlRef parent);
 [[nodiscard]] ControlRef GetNextSibling(ControlRef control);
 /// A bare view in `window` (its content view), shown.
 OSStatus CreateUserPaneControl(WindowRef window, const Rect& bounds, ControlRef* pane);
+/// A text of several lines, wrapped to its width, in `window` (its content view), shown.
+OSStatus CreateStaticTextControl(WindowRef window, const Rect& bounds, CFStringRef text,
+                                 ControlRef* control);
 /// Moves every subview of `section` into `pane`, `top` pixels lower than it stood in the section;
 /// tab order, labels' buddies and visibility stay. Subviews that lay out what they hold become rows
 /// over the pane's width, the gaps as drawn: they stack anew when one changes its height, and the

@@ -1,10 +1,12 @@
 // Where controls stand: bounds, parents, panes.
+#include <QLabel>
 #include <QLayout>
 #include <algorithm>
 
 #include "toolbox/control_state.h"
 #include "toolbox/controls.h"
 #include "toolbox/pane_layouts.h"
+#include "toolbox/qt_strings.h"
 #include "toolbox/tab_order.h"
 #include "toolbox/user_pane.h"
 
@@ -116,6 +118,19 @@ OSStatus CreateUserPaneControl(WindowRef window, const Rect& bounds, ControlRef*
     view->setGeometry(ToQRect(bounds));
     view->show();
     *pane = ToControl(view);
+    return noErr;
+}
+
+OSStatus CreateStaticTextControl(WindowRef window, const Rect& bounds, CFStringRef text,
+                                 ControlRef* control) {
+    QWidget* const content = ToWidget(GetWindowContentView(window));
+    if (!content || !control) return paramErr;
+    auto* const label = new QLabel(ToQString(text), content);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setGeometry(ToQRect(bounds));
+    label->show();
+    *control = ToControl(label);
     return noErr;
 }
 
