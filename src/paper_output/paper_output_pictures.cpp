@@ -82,8 +82,9 @@ std::string PopupPunchPicture(const _PaperOutputContext& context) {
 
 /// The fold alone: what else is chosen has popups and pictures of its own.
 std::string PopupFoldPicture(const _PaperOutputContext& context) {
-    return FinishingPicture(Finishing{.fold = context.record.finishing.fold},
-                            context.record.bookletIsOn());
+    Finishing foldAlone;
+    foldAlone.fold = context.record.finishing.fold;
+    return FinishingPicture(foldAlone, context.record.bookletIsOn());
 }
 
 std::string OutputColorPicture(const _PaperOutputContext& context) {

@@ -6,84 +6,35 @@
 #include <QComboBox>
 #include <set>
 
-#include "controls/pictures.h"
 #include "image_options/image_options_panel.h"
 #include "settings/ticket_keys.h"
-#include "shell/base/current_session.h"
-#include "shell/base/plugin_bundle.h"
-#include "support/bundles.h"
-#include "support/pane_dialog.h"
+#include "support/panel_rig.h"
 
 namespace kalmo::test {
 namespace {
 
-class ImageOptionsPanel : public testing::Test {
+class ImageOptionsPanel : public testing::Test, public PanelRig {
 protected:
-    ImageOptionsPanel() {
-        gBundle = bundle_;
-        GetImageOptionsPanelInterface(&interface_);
-        OSType creator = 0;
-        CFStringRef kind = nullptr, title = nullptr;
-        UInt32 width = 1, height = 1;
-        operations().Prologue(&context_, &creator, &kind, &title, &width, &height);
-    }
-    ~ImageOptionsPanel() override {
-        operations().Terminate(context_, noErr);
-        DisposePanelInterface(interface_);
-        ReleaseBundleImages();
-        PPDCloseCurrent();
-        KalmoPDETerminate(nullptr, noErr);
-    }
+    ImageOptionsPanel() : PanelRig(GetImageOptionsPanelInterface) {}
 
-    const PDEInterfaceTable& operations() const { return *interface_->table; }
-    void initialize() {
-        KalmoPDEInitialize(nullptr, nullptr, nullptr, nullptr, printer_.session);
-        ControlRef pane = nullptr;
-        CreateUserPaneControl(WindowFromWidget(&window_), {0, 0, 500, 500}, &pane);
-        ASSERT_EQ(operations().Initialize(context_, nullptr, nullptr, pane, printer_.session),
-                  noErr);
-    }
-    OSStatus open() { return operations().Open(context_); }
-    OSStatus sync(Boolean direction) {
-        return operations().Sync(context_, printer_.session, direction);
-    }
-
-    void choose(CFStringRef keyword, CFStringRef choice) {
-        PPDSetCurrentChoice(printer_.ticket, keyword, choice);
-    }
-    std::string choice(CFStringRef keyword) const {
-        return CFStringToUTF8(
-            Owned<CFStringRef>::Adopt(PPDCopyCurrentChoice(printer_.ticket, keyword)));
-    }
     void setInvert(bool negative, bool mirror) {
         const auto dictionary = Owned<CFDictionaryRef>::Adopt(
             InvertImageCreateTicketFromOptions({true, negative, mirror}));
-        PMTicketSetCFDictionary(printer_.ticket, kTicketCreator, kInvertImageOptionsKey, dictionary,
+        PMTicketSetCFDictionary(printer.ticket, kTicketCreator, kInvertImageOptionsKey, dictionary,
                                 false);
     }
     std::pair<bool, bool> invert() const {
         CFDictionaryRef dictionary = nullptr;
-        PMTicketGetCFDictionary(printer_.ticket, kInvertImageOptionsKey, &dictionary);
+        PMTicketGetCFDictionary(printer.ticket, kInvertImageOptionsKey, &dictionary);
         II_Options options;
         InvertImageSetOptionsFromTicket(dictionary, &options);
         return {options.NegativeImage, options.MirrorImage};
     }
     template <typename Widget = QWidget>
     Widget* control(SInt32 id) {
-        return FindControl<Widget>(window_, 'KPDE', id);
+        return FindControl<Widget>(window, 'KPDE', id);
     }
-    /// As the user does it.
-    void pick(const QString& text) {
-        auto* popup = control<QComboBox>(1502);
-        popup->setCurrentText(text);
-        emit popup->activated(popup->currentIndex());
-    }
-
-    Owned<CFBundleRef> bundle_ = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
-    PrinterSession printer_{SamplePPD("kalmo-office-color")};
-    PDEInterfaceObject* interface_ = nullptr;
-    PDEContext context_ = nullptr;
-    QWidget window_;
+    void pick(const QString& text) { PanelRig::pick(control<QComboBox>(1502), text); }
 };
 
 TEST_F(ImageOptionsPanel, ItWritesWhatItHasReadBeforeAndAfterItsControlsExist) {
@@ -145,19 +96,19 @@ TEST_F(ImageOptionsPanel, ControlsShowTheTicketAndTheTicketTheControls) {
 
 TEST_F(ImageOptionsPanel, ASecondOpenAndMissingArgumentsAreRefused) {
     const PDEInterfaceTable& panel = operations();
-    EXPECT_EQ(panel.Initialize(context_, nullptr, nullptr, nullptr, nullptr), kPMInvalidPDEContext);
+    EXPECT_EQ(panel.Initialize(context, nullptr, nullptr, nullptr, nullptr), kPMInvalidPDEContext);
     initialize();
     ASSERT_EQ(open(), noErr);
-    panel.Close(context_);
+    panel.Close(context);
     EXPECT_EQ(open(), kPMInvalidPDEContext);
-    EXPECT_EQ(panel.Sync(context_, nullptr, kSyncToUI), kPMInvalidPrintSession);
+    EXPECT_EQ(panel.Sync(context, nullptr, kSyncToUI), kPMInvalidPrintSession);
     CFArrayRef titles = reinterpret_cast<CFArrayRef>(this), values = titles;
     EXPECT_EQ(panel.GetSummaryText(nullptr, &titles, &values), kPMInvalidPDEContext);
     EXPECT_TRUE(!titles && !values);
 }
 
 TEST_F(ImageOptionsPanel, APPDWithoutTheOptionsWritesNoResolution) {
-    printer_ = PrinterSession(WritePPD("Kalmo"));
+    printer = PrinterSession(WritePPD("Kalmo"));
     initialize();
     open();
     sync(kSyncToTicket);

@@ -1,0 +1,77 @@
+// One panel in a window of its own, between a session's ticket and its controls.
+#pragma once
+
+#include <QComboBox>
+
+#include "controls/pictures.h"
+#include "settings/installable_options.h"
+#include "settings/ppd_access.h"
+#include "shell/base/current_session.h"
+#include "shell/base/panel_interface.h"
+#include "shell/base/plugin_bundle.h"
+#include "support/bundles.h"
+#include "support/pane_dialog.h"
+
+namespace kalmo::test {
+
+class PanelRig {
+public:
+    explicit PanelRig(OSStatus (*getInterface)(PDEInterfaceObject**),
+                      const std::filesystem::path& ppd = SamplePPD("kalmo-office-color"))
+        : printer(ppd) {
+        gBundle = bundle_;
+        getInterface(&interface_);
+        OSType creator = 0;
+        CFStringRef kind = nullptr, title = nullptr;
+        UInt32 width = 1, height = 1;
+        operations().Prologue(&context, &creator, &kind, &title, &width, &height);
+    }
+    ~PanelRig() {
+        operations().Terminate(context, noErr);
+        DisposePanelInterface(interface_);
+        ReleaseBundleImages();
+        UnloadInstallableOptions();
+        PPDCloseCurrent();
+        KalmoPDETerminate(nullptr, noErr);
+    }
+    PanelRig(const PanelRig&) = delete;
+    PanelRig& operator=(const PanelRig&) = delete;
+
+    [[nodiscard]] const PDEInterfaceTable& operations() const { return *interface_->table; }
+    OSStatus initialize() {
+        KalmoPDEInitialize(nullptr, nullptr, nullptr, nullptr, printer.session);
+        ControlRef pane = nullptr;
+        CreateUserPaneControl(WindowFromWidget(&window), {0, 0, 500, 500}, &pane);
+        return operations().Initialize(context, nullptr, nullptr, pane, printer.session);
+    }
+    OSStatus open() { return operations().Open(context); }
+    OSStatus close() { return operations().Close(context); }
+    OSStatus sync(Boolean direction) {
+        return operations().Sync(context, printer.session, direction);
+    }
+
+    void choose(CFStringRef keyword, CFStringRef choice) {
+        PPDSetCurrentChoice(printer.ticket, keyword, choice);
+    }
+    [[nodiscard]] std::string choice(CFStringRef keyword) const {
+        return CFStringToUTF8(
+            Owned<CFStringRef>::Adopt(PPDCopyCurrentChoice(printer.ticket, keyword)));
+    }
+    /// As the user does it.
+    static void pick(QComboBox* popup, const QString& text) {
+        popup->setCurrentText(text);
+        Q_EMIT popup->activated(popup->currentIndex());
+    }
+
+private:
+    // Before the panel and its window, which use them.
+    Owned<CFBundleRef> bundle_ = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
+    PDEInterfaceObject* interface_ = nullptr;
+
+public:
+    PrinterSession printer;
+    PDEContext context = nullptr;
+    QWidget window;
+};
+
+}  // namespace kalmo::test
