@@ -99,9 +99,10 @@ OfferedFinishing OfficeFinishing() {
     const FinishingDevices devices = InstalledFinishingDevices();
     return {.staple = devices.hasStapler,
             .punch = devices.hasPuncher,
-            .fold = std::ranges::any_of(kFolds, [](const ItemRow& row) {
-                return row.feature && getInstalledFeature(row.feature);
-            })};
+            .fold = std::ranges::any_of(
+                kFolds,
+                [](const ItemRow& row) { return row.feature && getInstalledFeature(row.feature); }),
+            .other = IsOffered(kCoilPunch) || IsOffered(kBooklet)};
 }
 
 void PopulateOfficeFinishingMenu(MenuRef menu, CFBundleRef bundle) {
@@ -129,10 +130,10 @@ void MarkFinishingMenu(MenuRef menu, const Finishing& finishing, bool bookletLay
 
 bool CoupleCoilPunch(MenuRef menu, Finishing* finishing, const Stock& stock) {
     const std::optional<bool> available = CoilPunchAvailable(stock);
-    const UInt16 item = ItemWithCommand(menu, kCoilCommand);
-    if (!available || item == 0) return false;
+    if (!available) return false;
+    const UInt16 item = menu ? ItemWithCommand(menu, kCoilCommand) : UInt16{0};
     // Nor is a choice from before taken up again when coil punch comes back.
-    const bool takesAway = !*available || !IsMenuItemEnabled(menu, item);
+    const bool takesAway = !*available || (item != 0 && !IsMenuItemEnabled(menu, item));
     *available ? EnableMenuItem(menu, item) : DisableMenuItem(menu, item);
     if (!takesAway) return false;
     const bool wasChosen = finishing->coilPunch || finishing->option == kOptionCoilPunch;

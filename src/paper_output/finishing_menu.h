@@ -11,6 +11,9 @@ namespace kalmo {
 /// Which groups of choices the office menu has, by the printer's installable options.
 struct OfferedFinishing {
     bool staple = false, punch = false, fold = false;
+    bool other = false;  // coil punch, booklets
+
+    [[nodiscard]] bool any() const { return staple || punch || fold || other; }
 };
 [[nodiscard]] OfferedFinishing OfficeFinishing();
 
@@ -21,7 +24,8 @@ void PopulateFinishingMenu(MenuRef menu, CFBundleRef bundle);
 
 /// Checks the items that `finishing` has chosen and no other.
 void MarkFinishingMenu(MenuRef menu, const Finishing& finishing, bool bookletLayout);
-/// Lets coil punch be chosen as the paper allows. True when the summary is to be told again.
+/// Lets coil punch be chosen as the paper allows; `menu` may be null. True when the summary is to
+/// be told again.
 bool CoupleCoilPunch(MenuRef menu, Finishing* finishing, const Stock& stock);
 
 }  // namespace kalmo

@@ -37,15 +37,15 @@ bool HasOutputBin(const _PaperOutputContext& context) {
 }
 
 // What the finishing menu offers has no second control.
-bool HasFinishingMenu(const _PaperOutputContext&) { return OfficeFinishingOffer().any(); }
+bool HasFinishingMenu(const _PaperOutputContext&) { return OfficeFinishing().any(); }
 bool HasStaplePopup(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("StapleLocation")) && !OfficeFinishingOffer().staple;
+    return HasOption(context, CFSTR("StapleLocation")) && !OfficeFinishing().staple;
 }
 bool HasPunchPopup(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("KLPunch")) && !OfficeFinishingOffer().punch;
+    return HasOption(context, CFSTR("KLPunch")) && !OfficeFinishing().punch;
 }
 bool HasFoldPopup(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("KLFold")) && !OfficeFinishingOffer().fold;
+    return HasOption(context, CFSTR("KLFold")) && !OfficeFinishing().fold;
 }
 
 /// From top to bottom.

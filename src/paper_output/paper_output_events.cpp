@@ -1,6 +1,4 @@
 // What the user does to the panel's controls.
-#include <iterator>
-
 #include "paper_output/booklet_dialog.h"
 #include "paper_output/finishing_menu.h"
 #include "paper_output/job_setup.h"
@@ -90,31 +88,6 @@ void HandleCommand(_PaperOutputContext& context, EventRef event) {
     RunFinishingCommand(context, GetEventCommand(event), static_cast<SInt32>(value));
 }
 
-/// The item of the office menu; 0 when the printer has none.
-UInt16 ItemOfCommand(MenuRef menu, UInt32 command) {
-    for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
-        UInt32 found = 0;
-        if (GetMenuItemCommandID(menu, item, &found) == noErr && found == command) return item;
-    }
-    return 0;
-}
-
-void AllowCoilPunch(_PaperOutputContext& context, MenuRef menu, UInt16 item) {
-    if (item == 0 || IsMenuItemEnabled(menu, item)) return;
-    EnableMenuItem(menu, item);
-    Finishing& finishing = context.record.finishing;
-    if (finishing.option == kOptionCoilPunch) finishing.option = kOptionNone;
-}
-
-void ForbidCoilPunch(_PaperOutputContext& context, MenuRef menu, UInt16 item) {
-    TakeAwayCoilPunch(&context.record.finishing);
-    if (item != 0) {
-        DisableMenuItem(menu, item);
-        CheckMenuItem(menu, item, false);
-    }
-    ShowFinishing(context);
-}
-
 SInt32 DuplexInTicket(const _PaperOutputContext& context, PMTicketRef ticket) {
     SInt32 duplex = context.record.duplex;
     PPDGetTicketValueForChoiceOrDefault(context.ppd, ticket, CFSTR("Duplex"), &duplex);
@@ -157,12 +130,11 @@ void RunBookletCommand(_PaperOutputContext& context) {
 }
 
 void CoupleFinishing(_PaperOutputContext& context) {
+    PaperOutputRecord& record = context.record;
     const MenuRef menu = GetControlPopupMenu(context.controls.finishingMenu);
-    const UInt16 coil = menu ? ItemOfCommand(menu, kCoilCommand) : UInt16{0};
-    if (const auto available = CoilPunchAvailable(context.record.jobStock))
-        *available ? AllowCoilPunch(context, menu, coil) : ForbidCoilPunch(context, menu, coil);
-    if (CoupleSquareFold(&context.record.finishing, context.record.jobStock))
-        ShowFinishing(context);
+    const bool coil = CoupleCoilPunch(menu, &record.finishing, record.jobStock);
+    const bool square = CoupleSquareFold(&record.finishing, record.jobStock);
+    if (coil || square) ShowFinishing(context);
 }
 
 OSStatus pdeShellPaperOutputEventHandler(EventHandlerCallRef, EventRef event, void* userData) {
