@@ -1,0 +1,273 @@
+// The Paper/Output panel: its controls, what they do to each other, and the ticket.
+#include "paper_output/paper_output_panel.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "paper_output/finishing_menu.h"
+#include "paper_output/print_check.h"
+#include "settings/ticket_keys.h"
+#include "support/modal_driver.h"
+#include "support/panel_rig.h"
+#include "support/private_home.h"
+#include "toolbox/menus.h"
+
+namespace kalmo::test {
+namespace {
+
+constexpr SInt32 kJobTypePopup = 102, kSetupButton = 103, kStockMenu = 106, kSeparators = 108,
+                 kSidesPopup = 110, kStaplePopup = 113, kPunchPopup = 116, kFoldPopup = 119,
+                 kBinPopup = 126, kFinishingMenu = 128, kOutputColor = 122;
+
+/// What a printer with every device says; the system's own table knows three of them.
+const _InstalledFeatureMap kEveryDevice[] = {
+    {CFSTR("SingleStapleKey"), nullptr, nullptr, nullptr, 0},
+    {CFSTR("MultipleStapleKey"), nullptr, nullptr, nullptr, 0},
+    {CFSTR("DualPunchKey"), nullptr, nullptr, nullptr, 0},
+    {CFSTR("CFoldKey"), nullptr, nullptr, nullptr, 0},
+    {CFSTR("BookletFoldKey"), nullptr, nullptr, nullptr, 0},
+    {CFSTR("GBCAdvancedPunchKey"), nullptr, nullptr, nullptr, 0},
+    {},
+};
+
+class PaperOutputPanel : public testing::Test, public PanelRig {
+protected:
+    PaperOutputPanel() : PanelRig(GetPaperOutputPanelInterface) {
+        InstallPresence(WindowPresence());
+    }
+    ~PaperOutputPanel() override {
+        EXPECT_TRUE(driver.done()) << driver.faults().join("; ").toStdString();
+        InstallPresence(UnattendedPresence());
+    }
+
+    void show(const _InstalledFeatureMap* features = InstalledFeatures) {
+        initialize();
+        LoadInstallableOptions(PPDGetCurrent(), features);
+        ASSERT_EQ(open(), noErr);
+    }
+    template <typename Widget = QWidget>
+    Widget* control(SInt32 id) {
+        return FindControl<Widget>(window, 'KPpo', id);
+    }
+    void pick(SInt32 popup, const QString& text) {
+        PanelRig::pick(control<QComboBox>(popup), text);
+    }
+    std::string shown(SInt32 popup) {
+        return control<QComboBox>(popup)->currentText().toStdString();
+    }
+    const PaperOutputRecord& record() const {
+        return static_cast<_PaperOutputContext*>(context)->record;
+    }
+    std::string summary(SummaryView _PaperOutputContext::*view) const {
+        return CFStringToUTF8(Owned<CFStringRef>::Adopt(
+            CopyControlTitleAsCFString((static_cast<_PaperOutputContext*>(context)->*view).text)));
+    }
+    void command(UInt32 sought) {
+        const ControlRef button = ControlFromWidget(control(kFinishingMenu));
+        const MenuRef menu = GetControlPopupMenu(button);
+        for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
+            UInt32 found = 0;
+            GetMenuItemCommandID(menu, item, &found);
+            if (found == sought) return SimulateMenuChoice(button, menu, item);
+        }
+        FAIL() << "no such command";
+    }
+    Owned<CFDictionaryRef> written(CFStringRef key) {
+        sync(kSyncToTicket);
+        CFDictionaryRef dictionary = nullptr;
+        PMTicketGetCFDictionary(printer.ticket, key, &dictionary);
+        return Owned<CFDictionaryRef>::Retain(dictionary);
+    }
+    SInt32 number(CFStringRef key) {
+        SInt32 value = -77;
+        sync(kSyncToTicket);
+        PMTicketGetSInt32(printer.ticket, key, &value);
+        return value;
+    }
+    bool layoutInTicket() const {
+        CFBooleanRef layout = nullptr;
+        PMTicketGetCFBoolean(printer.ticket, CFSTR("com.kalmo.print.BookletLayout"), &layout);
+        return CFBooleanGetValue(layout);
+    }
+    /// Answers the booklet dialog.
+    void runBooklet(bool layout) {
+        driver.expect([layout](QWidget& dialog) {
+            FindControl<QCheckBox>(dialog, 'KPDE', 301)->setChecked(!layout);
+            FindControl<QCheckBox>(dialog, 'KPDE', 301)->click();
+            FindControl<QPushButton>(dialog, 'KPDE', 901)->click();
+        });
+        command(kBookletCommand);
+    }
+
+    ModalDriver driver;
+};
+
+TEST_F(PaperOutputPanel, ChoicesReachTheTicketAndComeBack) {
+    show();
+    const struct {
+        SInt32 popup;
+        CFStringRef keyword;
+    } rows[] = {{kSidesPopup, CFSTR("Duplex")},
+                {kPunchPopup, CFSTR("KLPunch")},
+                {kFoldPopup, CFSTR("KLFold")},
+                {kBinPopup, CFSTR("OutputBin")}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(CFStringToUTF8(row.keyword));
+        auto* popup = control<QComboBox>(row.popup);
+        ASSERT_GT(popup->count(), 1);
+        const QString last = popup->itemText(popup->count() - 1);
+        pick(row.popup, last);
+        sync(kSyncToTicket);
+        const std::string chosen = choice(row.keyword);
+        EXPECT_NE(chosen, "");
+        pick(row.popup, popup->itemText(0));
+        choose(row.keyword, CFStringMakeConstant(chosen.c_str()));
+        for (CFStringRef key : {CFSTR("com.kalmo.print.FinishingDuplex"),
+                                CFSTR("com.apple.print.PrintSettings.PMDuplexing")})
+            PMTicketReleaseItem(printer.ticket, key);
+        sync(kSyncToUI);
+        EXPECT_EQ(shown(row.popup), last.toStdString());
+    }
+}
+
+TEST_F(PaperOutputPanel, NoSettingHasTwoControlsAndNoControlNothingToSet) {
+    show();
+    EXPECT_TRUE(control(kFinishingMenu) && control(kPunchPopup) && control(kFoldPopup));
+    EXPECT_FALSE(control(kStaplePopup)) << "the menu offers staples";
+    EXPECT_TRUE(control(kOutputColor));
+}
+
+TEST_F(PaperOutputPanel, APrinterWithoutDevicesHasOnlyTheJobType) {
+    printer = PrinterSession(WritePPD("Kalmo"));
+    show();
+    EXPECT_TRUE(control(kJobTypePopup));
+    for (SInt32 id = kStockMenu; id <= 130; ++id) EXPECT_FALSE(control(id)) << id;
+    EXPECT_EQ(number(CFSTR("com.kalmo.print.FinishingDuplex")), -77);
+}
+
+TEST_F(PaperOutputPanel, ATypeThatNeedsSetupIsSetUpAtOnce) {
+    show();
+    EXPECT_FALSE(control(kSetupButton)->isEnabled());
+    driver.expect([](QWidget& dialog) {
+        for (const SInt32 field : {111, 121})
+            QTest::keyClicks(FindControl<QLineEdit>(dialog, 'KPDE', field), "24680");
+        FindControl<QPushButton>(dialog, 'KPDE', 901)->click();
+    });
+    pick(kJobTypePopup, "Secure print");
+    EXPECT_TRUE(control(kSetupButton)->isEnabled());
+    const auto job = written(kJobTypeKey);
+    EXPECT_TRUE(CFEqual(CFDictionaryGetValue(job, CFSTR("SecurePrintPassword")), CFSTR("24680")));
+    EXPECT_EQ(CheckPrintJob(), PrintCheckResult::pass);
+    driver.expect([](QWidget& dialog) { dialog.close(); });
+    control<QPushButton>(kSetupButton)->click();
+    EXPECT_EQ(CheckPrintJob(), PrintCheckResult::pass) << "Cancel keeps the passcode";
+    pick(kJobTypePopup, "Normal print");
+    EXPECT_FALSE(control(kSetupButton)->isEnabled());
+}
+
+TEST_F(PaperOutputPanel, SecurePrintWithoutAPasscodeIsRefused) {
+    show();
+    driver.expect([](QWidget& dialog) { dialog.close(); });
+    pick(kJobTypePopup, "Secure print");
+    driver.expect([](QWidget& notice) { notice.close(); });
+    EXPECT_EQ(CheckPrintJob(), PrintCheckResult::refused);
+}
+
+TEST_F(PaperOutputPanel, OnlyTransparenciesHaveSeparators) {
+    show();
+    for (const auto& [type, separated] : {std::pair{"Transparency", true}, {"Recycled", false}}) {
+        choose(CFSTR("MediaType"), CFStringMakeConstant(type));
+        sync(kSyncToUI);
+        EXPECT_EQ(control(kSeparators)->isHidden(), !separated) << type;
+        EXPECT_NE(summary(&_PaperOutputContext::stockSummary), "");
+    }
+    EXPECT_EQ(record().jobStock.color(), kStockColorWhite);
+}
+
+TEST_F(PaperOutputPanel, ABookletTakesSidesAndGivesThemBack) {
+    show(kEveryDevice);
+    pick(kSidesPopup, control<QComboBox>(kSidesPopup)->itemText(0));
+    const std::string before = shown(kSidesPopup);
+    runBooklet(true);
+    EXPECT_TRUE(layoutInTicket());
+    EXPECT_FALSE(control(kSidesPopup)->isEnabled());
+    EXPECT_EQ(GetPopupButtonTicketValue(ControlFromWidget(control(kSidesPopup))), 2);
+    EXPECT_EQ(number(CFSTR("com.kalmo.print.FinishingDuplex")), 3);
+    EXPECT_EQ(choice(CFSTR("Duplex")), "DuplexTumble");
+    sync(kSyncToUI);
+    EXPECT_FALSE(control(kSidesPopup)->isEnabled());
+    runBooklet(false);
+    EXPECT_FALSE(layoutInTicket());
+    EXPECT_TRUE(control(kSidesPopup)->isEnabled());
+    EXPECT_EQ(shown(kSidesPopup), before) << "what was chosen before the booklet";
+}
+
+TEST_F(PaperOutputPanel, AStapleLeavesTheBooklet) {
+    show(kEveryDevice);
+    runBooklet(true);
+    command(kMultipleStaplesCommand);
+    EXPECT_FALSE(layoutInTicket());
+    EXPECT_EQ(record().duplex, kTwoSidedLongEdge) << "not what was chosen before";
+    const MenuRef menu = GetControlPopupMenu(ControlFromWidget(control(kFinishingMenu)));
+    for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
+        UInt32 found = 0;
+        GetMenuItemCommandID(menu, item, &found);
+        if (found == kMultipleStaplesCommand || found == kBookletCommand)
+            EXPECT_EQ(IsMenuItemChecked(menu, item), found == kMultipleStaplesCommand);
+    }
+    sync(kSyncToTicket);
+    EXPECT_EQ(choice(CFSTR("StapleLocation")), "MultipleStaples");
+}
+
+TEST_F(PaperOutputPanel, EveryEventAsksWhetherThePaperTakesCoilPunch) {
+    show(kEveryDevice);
+    const MenuRef menu = GetControlPopupMenu(ControlFromWidget(control(kFinishingMenu)));
+    const auto coilAllowed = [&] {
+        for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
+            UInt32 found = 0;
+            GetMenuItemCommandID(menu, item, &found);
+            if (found == kCoilCommand) return IsMenuItemEnabled(menu, item) != 0;
+        }
+        return false;
+    };
+    command(kCoilCommand);
+    choose(CFSTR("MediaType"), CFSTR("Labels"));
+    sync(kSyncToUI);
+    pick(kBinPopup, shown(kBinPopup).c_str());
+    EXPECT_FALSE(coilAllowed());
+    EXPECT_FALSE(record().finishing.coilPunch);
+    choose(CFSTR("MediaType"), CFSTR("Standard"));
+    sync(kSyncToUI);
+    pick(kBinPopup, shown(kBinPopup).c_str());
+    EXPECT_TRUE(coilAllowed());
+}
+
+TEST_F(PaperOutputPanel, ABookletOfTheTicketIsNotTakenOver) {
+    PMTicketSetCFBoolean(printer.ticket, CFSTR("test"), CFSTR("com.kalmo.print.BookletLayout"),
+                         kCFBooleanTrue, false);
+    show();
+    EXPECT_FALSE(record().bookletIsOn());
+    EXPECT_FALSE(layoutInTicket());
+}
+
+TEST_F(PaperOutputPanel, OpeningAgainMakesTheSummariesAgain) {
+    show();
+    const auto values = CFLiveValueCount();
+    for (int times = 0; times < 10; ++times) {
+        EXPECT_EQ(close(), noErr);
+        EXPECT_EQ(sync(kSyncToUI), noErr);
+        EXPECT_EQ(open(), kPMInvalidPDEContext);
+        EXPECT_NE(summary(&_PaperOutputContext::stockSummary), "");
+        EXPECT_NE(summary(&_PaperOutputContext::finishingSummary), "");
+    }
+    EXPECT_EQ(CFLiveValueCount(), values);
+    EXPECT_EQ(operations().Close(nullptr), kPMInvalidPDEContext);
+}
+
+}  // namespace
+}  // namespace kalmo::test
