@@ -49,11 +49,10 @@ constexpr PictureOfValue kOutputColorPictures[] = {
 /// Trays that stand out from the printer, and those that stack; the others are the usual one.
 constexpr PictureOfValue kOutputBinPictures[] = {
     {2, "OutputTray_Face.gif"},     {3, "OutputTray_Face.gif"},     {5, "OutputTray_Face.gif"},
-    {18, "OutputTray_Face.gif"},    {24, "OutputTray_Face.gif"},    {25, "OutputTray_Face.gif"},
-    {26, "OutputTray_Face.gif"},    {27, "OutputTray_Face.gif"},    {4, "OutputTray_Stacker.gif"},
-    {7, "OutputTray_Stacker.gif"},  {11, "OutputTray_Stacker.gif"}, {13, "OutputTray_Stacker.gif"},
-    {14, "OutputTray_Stacker.gif"}, {15, "OutputTray_Stacker.gif"}, {16, "OutputTray_Stacker.gif"},
-    {17, "OutputTray_Stacker.gif"}, {23, "OutputTray_Stacker.gif"},
+    {18, "OutputTray_Face.gif"},    {26, "OutputTray_Face.gif"},    {27, "OutputTray_Face.gif"},
+    {4, "OutputTray_Stacker.gif"},  {7, "OutputTray_Stacker.gif"},  {11, "OutputTray_Stacker.gif"},
+    {13, "OutputTray_Stacker.gif"}, {14, "OutputTray_Stacker.gif"}, {15, "OutputTray_Stacker.gif"},
+    {16, "OutputTray_Stacker.gif"}, {17, "OutputTray_Stacker.gif"}, {23, "OutputTray_Stacker.gif"},
 };
 
 std::string JobTypePicture(const _PaperOutputContext& context) {

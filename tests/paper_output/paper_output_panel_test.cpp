@@ -11,6 +11,7 @@
 
 #include "paper_output/finishing_menu.h"
 #include "paper_output/print_check.h"
+#include "settings/setting_menus.h"
 #include "settings/ticket_keys.h"
 #include "support/modal_driver.h"
 #include "support/panel_rig.h"
@@ -217,8 +218,9 @@ TEST_F(PaperOutputPanel, AStapleLeavesTheBooklet) {
     for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
         UInt32 found = 0;
         GetMenuItemCommandID(menu, item, &found);
-        if (found == kMultipleStaplesCommand || found == kBookletCommand)
-            EXPECT_EQ(IsMenuItemChecked(menu, item), found == kMultipleStaplesCommand);
+        EXPECT_EQ(
+            IsMenuItemChecked(menu, item) && found != kNoPunchCommand && found != kNoFoldCommand,
+            found == kMultipleStaplesCommand);
     }
     sync(kSyncToTicket);
     EXPECT_EQ(choice(CFSTR("StapleLocation")), "MultipleStaples");

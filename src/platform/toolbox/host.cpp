@@ -12,6 +12,13 @@ using namespace toolbox;
 
 namespace {
 
+/// Null while the active window is one that has been put away and waits to be freed: what it owned
+/// would be freed with it.
+QWidget* OwnerOfAlerts() {
+    QWidget* const window = QApplication::activeWindow();
+    return window && window->isVisible() ? window : nullptr;
+}
+
 /// Over the active window, with the texts as they are written.
 void Fill(QMessageBox& box, CFStringRef header, CFStringRef message) {
     box.setWindowTitle(QApplication::applicationDisplayName());
@@ -22,13 +29,13 @@ void Fill(QMessageBox& box, CFStringRef header, CFStringRef message) {
 }
 
 void Notice(CFStringRef header, CFStringRef message) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(OwnerOfAlerts());
     Fill(box, header, message);
     box.exec();
 }
 
 bool Alert(const AlertTexts& texts) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(OwnerOfAlerts());
     Fill(box, texts.header, texts.message);
     QPushButton* const accept =
         texts.defaultButton ? box.addButton(ToQString(texts.defaultButton), QMessageBox::AcceptRole)
