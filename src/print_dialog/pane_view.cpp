@@ -22,7 +22,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
     [[nodiscard]] QSize minimumSizeHint() const override {
         if (!widget()) return kUsualPane;
-        const QSize contents = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+        const QSize contents = sizeOfContents();
         const QSize room = screen()->availableSize() - kAround;
         const QSize fitting = contents.boundedTo(room);
         const int bar = verticalScrollBar()->sizeHint().width();
@@ -31,6 +31,12 @@ public:
     }
 
 protected:
+    /// Texts that wrap say how high they are only when they know their width.
+    [[nodiscard]] QSize sizeOfContents() const {
+        const QSize size = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+        return size.expandedTo({0, widget()->heightForWidth(size.width())});
+    }
+
     bool eventFilter(QObject* object, QEvent* event) override {
         const bool handled = QScrollArea::eventFilter(object, event);
         if (object == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();

@@ -138,9 +138,14 @@ void PrintJobHost::end(OSStatus status) {
     state_ = State::idle;
 }
 
+std::string PrintJobHost::effectivePaper(const JobSettings& settings) const {
+    return settings.paper.empty() && description_ ? description_->defaultPaper : settings.paper;
+}
+
 bool PrintJobHost::paperChanges(const JobSettings& settings) const {
     if (settings.paper != settings_.paper) return true;
-    return paperIsNews_ && !settings.paper.empty() && !StockHasPaper(session_, settings.paper);
+    const std::string paper = effectivePaper(settings);
+    return paperIsNews_ && !paper.empty() && !StockHasPaper(session_, paper);
 }
 
 void PrintJobHost::apply(const JobSettings& settings) {
@@ -156,7 +161,8 @@ void PrintJobHost::apply(const JobSettings& settings) {
 void PrintJobHost::write(const JobSettings& settings) {
     if (paperChanges(settings)) {
         WritePPDChoice(session_, "PageSize", settings.paper);
-        WriteStockPaper(session_, settings.paper);
+        // The pane's stock follows what the window shows, chosen or the printer's own.
+        WriteStockPaper(session_, effectivePaper(settings));
     }
     if (settings.inputSlot != settings_.inputSlot) {
         WritePPDChoice(session_, "InputSlot", settings.inputSlot);

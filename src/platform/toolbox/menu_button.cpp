@@ -1,6 +1,7 @@
 #include "toolbox/menu_button.h"
 
 #include <QKeyEvent>
+#include <QStylePainter>
 
 #include "toolbox/event_way.h"
 
@@ -68,6 +69,29 @@ MenuButton::MenuButton(QWidget* parent)
     connect(shown_, &QMenu::triggered, this, [this](const QAction* action) {
         choose(action->data().value<QPersistentModelIndex>());
     });
+}
+
+QStyleOptionComboBox MenuButton::look() const {
+    QStyleOptionComboBox option;
+    option.initFrom(this);
+    option.subControls = QStyle::SC_All;
+    option.activeSubControls = QStyle::SC_ComboBoxArrow;
+    option.currentText = text();
+    option.state.setFlag(QStyle::State_Sunken, isDown() || shown_->isVisible());
+    return option;
+}
+
+QSize MenuButton::sizeHint() const {
+    const QStyleOptionComboBox option = look();
+    const QSize words = fontMetrics().size(Qt::TextShowMnemonic, text());
+    return style()->sizeFromContents(QStyle::CT_ComboBox, &option, words, this);
+}
+
+void MenuButton::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    const QStyleOptionComboBox option = look();
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 void MenuButton::fill() {

@@ -3,6 +3,7 @@
 
 #include <QMenu>
 #include <QPushButton>
+#include <QStyleOptionComboBox>
 
 #include "toolbox/menu_model.h"
 
@@ -19,10 +20,16 @@ public:
     /// Sends the item's command, if it has one.
     void choose(const QModelIndex& item);
 
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// It looks like the popups that it stands among.
+    [[nodiscard]] QStyleOptionComboBox look() const;
     /// Asks for the contents, then shows them as they stand.
     void fill();
 
