@@ -99,6 +99,8 @@ TEST_F(PrintJobHostTest, AnotherPrinterKeepsWhatItKnows) {
 TEST_F(PrintJobHostTest, SyncsAroundWhatAPanelReadsAndOnlyThen) {
     ASSERT_EQ(pane_.beginOnSample(), noErr);
     EXPECT_FALSE(takeSyncMark()) << "to begin is not to sync towards the ticket";
+    pane_.host.apply(pane_.host.settings());
+    EXPECT_TRUE(takeSyncMark()) << "the paper that the dialog shows is news to the job's stock";
     struct Row {
         const char* why;
         void (*change)(JobSettings&);
