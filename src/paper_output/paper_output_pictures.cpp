@@ -79,11 +79,12 @@ std::string PopupPunchPicture(const _PaperOutputContext& context) {
     return TextOrNone(PunchPicture(context.record.finishing.punch));
 }
 
-/// The fold alone: what else is chosen has popups and pictures of its own.
+/// The fold alone: what else is chosen has controls and pictures of its own.
 std::string PopupFoldPicture(const _PaperOutputContext& context) {
     Finishing foldAlone;
     foldAlone.fold = context.record.finishing.fold;
-    return FinishingPicture(foldAlone, context.record.bookletIsOn());
+    const std::string file = FinishingPicture(foldAlone, context.record.bookletIsOn());
+    return file == FinishingPicture(Finishing(), context.record.bookletIsOn()) ? "" : file;
 }
 
 std::string OutputColorPicture(const _PaperOutputContext& context) {

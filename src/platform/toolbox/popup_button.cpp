@@ -1,5 +1,6 @@
 #include "toolbox/popup_button.h"
 
+#include <QKeyEvent>
 #include <QWheelEvent>
 
 #include "toolbox/event_way.h"
@@ -18,6 +19,15 @@ void PopupButton::showPopup() {
     OpaqueEvent event{kEventClassMenu, kEventMenuPopulate, this};
     SendEvent(*this, event);
     if (self) QComboBox::showPopup();
+}
+
+void PopupButton::keyPressEvent(QKeyEvent* event) {
+    const bool steps = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    if (steps && !event->isAutoRepeat()) {
+        showPopup();
+    } else if (!steps) {
+        QComboBox::keyPressEvent(event);
+    }
 }
 
 void PopupButton::wheelEvent(QWheelEvent* event) { event->ignore(); }

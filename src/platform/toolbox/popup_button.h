@@ -15,6 +15,9 @@ public:
     void showPopup() override;
 
 protected:
+    /// Up and Down open the list: passing over an item must not choose it, for a choice may open a
+    /// dialog.
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
 
