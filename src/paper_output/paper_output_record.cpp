@@ -10,15 +10,9 @@ std::optional<SInt32> rememberedDuplex;
 
 bool IsBookletFold(SInt32 fold) { return fold == kFoldBi || fold == kFoldBiStaple; }
 
-/// Front and back of a booklet are one sheet.
-void RebuildCoverPair(PaperOutputRecord* record) {
-    record->backCover.reset(record->frontCover ? record->frontCover->clone() : nullptr);
-}
-
 void TurnLayoutOn(PaperOutputRecord* record, SInt32 ppdDuplex) {
     rememberedDuplex = ppdDuplex;
     record->duplex = kTwoSidedShortEdge;
-    RebuildCoverPair(record);
 }
 
 /// Nothing is remembered when the layout came on with a ticket: then as LeaveBooklet.

@@ -133,6 +133,14 @@ void ReadBooklet(PMTicketRef settings, Booklet* booklet) {
     booklet->newSize = ReadForcedSize(settings);
 }
 
+/// While booklet layout is on, the stock's size in the ticket is the booklet's, or is left out: the
+/// job's own paper, which comes back with the layout off, stays what it was.
+void KeepOwnSize(SInt32 ownSize, PaperOutputRecord* record) {
+    const bool isBooklets = record->booklet.newSize != kUnset;
+    if (record->bookletIsOn() && (isBooklets || record->jobStock.size() == kUnset))
+        record->jobStock.setSize(ownSize);
+}
+
 SInt32 ReadDuplex(const PaperOutputTickets& from, SInt32 otherwise) {
     SInt32 duplex = 0;
     for (const CFStringRef key : kDuplexKeys)
@@ -204,12 +212,14 @@ void WriteFinishing(PMTicketRef settings, const Finishing& finishing) {
 void ReadPaperOutput(PaperOutputRecord* record, const PaperOutputTickets& tickets) {
     record->orientation = 1;
     PMTicketGetSInt32(tickets.pageFormat, kOrientationKey, &record->orientation);
+    const SInt32 ownSize = record->jobStock.size();
     ReadJobStock(tickets, &record->jobStock);
     record->outputBin = ReadChoice(tickets, CFSTR("OutputBin"), record->outputBin);
     SyncSeparatorsFromTicket(tickets.settings, &record->separators);
     record->job.fromTicket(DictionaryInTicket(tickets.settings, kJobTypeKey));
     ReadFax(tickets.settings, record);
     ReadBooklet(tickets.settings, &record->booklet);
+    KeepOwnSize(ownSize, record);
     record->duplex = ReadDuplex(tickets, record->duplex);
     record->frontCover.reset();
     record->backCover.reset();

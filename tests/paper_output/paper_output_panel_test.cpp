@@ -191,11 +191,15 @@ TEST_F(PaperOutputPanel, OnlyTransparenciesHaveSeparators) {
 }
 
 TEST_F(PaperOutputPanel, ABookletTakesSidesAndGivesThemBack) {
+    const auto cover = Owned<CFDictionaryRef>::Adopt(Cover().asTicket());
+    PMTicketSetCFDictionary(printer.ticket, CFSTR("test"),
+                            CFSTR("com.kalmo.print.SpecialPages.FrontCover"), cover, false);
     show(kEveryDevice);
     pick(kSidesPopup, control<QComboBox>(kSidesPopup)->itemText(0));
     const std::string before = shown(kSidesPopup);
     runBooklet(true);
     EXPECT_TRUE(layoutInTicket());
+    EXPECT_TRUE(written(CFSTR("com.kalmo.print.SpecialPages.BackCover"))) << "a pair";
     EXPECT_FALSE(control(kSidesPopup)->isEnabled());
     EXPECT_EQ(GetPopupButtonTicketValue(ControlFromWidget(control(kSidesPopup))), 2);
     EXPECT_EQ(number(CFSTR("com.kalmo.print.FinishingDuplex")), 3);
@@ -206,6 +210,7 @@ TEST_F(PaperOutputPanel, ABookletTakesSidesAndGivesThemBack) {
     EXPECT_FALSE(layoutInTicket());
     EXPECT_TRUE(control(kSidesPopup)->isEnabled());
     EXPECT_EQ(shown(kSidesPopup), before) << "what was chosen before the booklet";
+    EXPECT_EQ(record().jobStock.size(), kStockSizeLetter) << "the booklet had none of its own";
 }
 
 TEST_F(PaperOutputPanel, AStapleLeavesTheBooklet) {

@@ -13,13 +13,9 @@ BookletChoice Choice(SInt32 mode, SInt32 fold) {
 TEST(Booklet, TheDialogRestoresTheSidesThatTheCommandsDoNot) {
     PaperOutputRecord record;
     record.duplex = kOneSided;
-    record.frontCover = std::make_unique<Cover>();
-    record.frontCover->setSidesImaged(4);
     ApplyBookletChoice(&record, Choice(kBookletOn, kNoFinishing), kOneSided);
     EXPECT_EQ(record.duplex, kTwoSidedShortEdge);
     EXPECT_EQ(record.booklet.gutter, 5);
-    ASSERT_TRUE(record.backCover);
-    EXPECT_EQ(record.backCover->sidesImaged(), 4);
     ApplyBookletChoice(&record, Choice(kBookletOn, kNoFinishing), record.duplex);
     ApplyBookletChoice(&record, Choice(kBookletOff, kNoFinishing), kTwoSidedShortEdge);
     EXPECT_EQ(record.duplex, kOneSided) << "as it was before the layout was first turned on";

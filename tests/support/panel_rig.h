@@ -33,6 +33,7 @@ public:
         UnloadInstallableOptions();
         PPDCloseCurrent();
         KalmoPDETerminate(nullptr, noErr);
+        gBundle = nullptr;
     }
     PanelRig(const PanelRig&) = delete;
     PanelRig& operator=(const PanelRig&) = delete;
