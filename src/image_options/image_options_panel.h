@@ -21,8 +21,6 @@ struct ImageOptionsControls {
 };
 
 struct ImageOptionsContext : PanelContext {
-    ControlRef pane = nullptr;
-    PPDRef ppd = nullptr;   // lent
     SInt32 tonerSaver = 0;  // value of "KLEconomode": 1 saves, 2 does not
     SInt32 resolution = 0;  // value of "Resolution"
     II_Options invert;      // negative and mirror image

@@ -32,9 +32,6 @@ struct SummaryView {
 };
 
 struct _PaperOutputContext : PanelContext {
-    ControlRef pane = nullptr;
-    PMPrintSession session = nullptr;  // lent
-    PPDRef ppd = nullptr;              // lent
     PaperOutputRecord record;
     SInt32 outputColor = 0;  // value of "KLColorMode", shown only
     PaperOutputControls controls;

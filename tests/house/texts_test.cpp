@@ -31,19 +31,20 @@ std::string WithoutEntities(std::string text) {
 /// Key to the file that uses it.
 std::map<std::string, std::string> UsedKeys() {
     std::map<std::string, std::string> used;
-    const std::regex calls(
-        R"((?:CopyText|CopyTextIfPresent|AnswerPanelPrologue|NoticeKeys)\b([^;]*);)");
+    const std::regex calls(R"((?:CopyText|CopyTextIfPresent|NoticeKeys)\b([^;]*);)");
     const std::regex constants(R"re(CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
     const std::regex rows(R"re(\{\s*CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
     // Tables of pictures name what each of them says.
     const std::regex descriptions(R"re("(\w+Description)")re");
+    const std::regex titles(R"re(titleKey = "(\w+)")re");
     ForEachFile(kSources, {".cpp"}, [&](const std::filesystem::path& file) {
         if (file.string().find("/platform/") != std::string::npos) return;
         const std::string text = ReadFile(file);
         for (const std::string& call : Matches(text, calls)) {
             for (const std::string& key : Matches(call, constants)) used[Unescaped(key)] = file;
         }
-        for (const std::string& key : Matches(text, descriptions)) used[key] = file;
+        for (const std::regex& pattern : {descriptions, titles})
+            for (const std::string& key : Matches(text, pattern)) used[key] = file;
         if (file.filename() == "setting_maps.cpp") {
             for (const std::string& key : Matches(text, rows)) used[Unescaped(key)] = file;
         }

@@ -16,6 +16,10 @@ struct PanelContext {
     bool opened = false;
     CFBundleRef bundle = nullptr;  // lent
     Owned<CFStringRef> title;
+    // From Initialize on; all lent. The session is that of the last Sync.
+    ControlRef pane = nullptr;
+    PMPrintSession session = nullptr;
+    struct ppd_file_s* ppd = nullptr;
 };
 
 /// Runs `operation`, nothing thrown comes out: `failure` instead.
