@@ -16,24 +16,20 @@ namespace fs = std::filesystem;
 
 constexpr char kPasscode[] = "8264019375";
 
+/// What the printer is told beside the ticket; the panels have a control for all but the first.
+constexpr std::pair<const char*, const char*> kChoices[] = {
+    {"KLEconomode", "Draft"},  {"Duplex", "DuplexTumble"},   {"MediaType", "Recycled"},
+    {"MediaColor", "Blue"},    {"OutputBin", "Finisher"},    {"StapleLocation", "DualLandscape"},
+    {"KLPunch", "2HolePunch"}, {"KLFold", "ZFoldHalfSheet"},
+};
+
 bool Contains(const std::string& text, const std::string& part) {
     return text.find(part) != std::string::npos;
-}
-
-/// Of all that the server ever took.
-std::vector<int> JobsOnTheServer() {
-    cups_job_t* jobs = nullptr;
-    const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
-    std::vector<int> numbers;
-    for (int i = 0; i < count; ++i) numbers.push_back(jobs[i].id);
-    cupsFreeJobs(count, jobs);
-    return numbers;
 }
 
 class KalmoPrintQueueTest : public testing::Test {
 protected:
     void SetUp() override {
-        server_.installFilter("kalmoticket", BuiltProgram("kalmoticket"));
         ASSERT_EQ(server_.problem(), "");
         ASSERT_EQ(server_.addQueue("kalmo", SamplePPD("kalmo-office-color")).exitCode, 0);
         ASSERT_EQ(server_.addQueue("other", WritePPD("Other")).exitCode, 0);
@@ -44,34 +40,51 @@ protected:
                            .arguments = std::move(arguments),
                            .environment = {{"TMPDIR", temporary_}}});
     }
+    /// A ticket of secure print with kChoices.
+    fs::path securePrint(const std::string& passcode) {
+        const auto text = [](const std::string& key, const std::string& value) {
+            return "<key>" + key + "</key><string>" + value + "</string>";
+        };
+        std::string choices;
+        for (const auto& [keyword, choice] : kChoices) choices += text(keyword, choice);
+        WriteFile(ticket_, TicketFile("<key>com.kalmo.print.JobType</key><dict><key>JobType</key>"
+                                      "<integer>6</integer>" +
+                                          text("SecurePrintPassword", passcode) + "</dict>",
+                                      choices));
+        fs::permissions(ticket_, fs::perms(0600));
+        return ticket_;
+    }
 
-    PrivateCupsd server_{{{"KALMO_TICKET_FILE", "%OUT%/ticket"}}};
+    PrivateCupsd server_;
     fs::path document_ = MakeFolder("documents") / "report.pdf";
+    fs::path ticket_ = document_.parent_path() / "in.plist";
     fs::path temporary_ = MakeFolder("tmp");
 };
 
-TEST_F(KalmoPrintQueueTest, TheTicketArrivesAtTheFilterAndNobodyElseReadsThePasscode) {
-    const auto ticket = document_.parent_path() / "in.plist";
-    WriteFile(ticket, TicketFile("<key>com.kalmo.print.JobType</key><dict><key>JobType</key>"
-                                 "<integer>6</integer><key>SecurePrintPassword</key><string>" +
-                                     std::string(kPasscode) + "</string></dict>",
-                                 "<key>KLEconomode</key><string>Draft</string>"));
+TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePasscode) {
+    const auto refused =
+        run({"--no-dialog", "-d", "kalmo", "--ticket", securePrint(""), document_});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(Contains(refused.errors, "passcode of 4 to 10 digits")) << refused.errors;
+    EXPECT_EQ(refused.errors.find('\n'), refused.errors.size() - 1) << "one line";
+    EXPECT_TRUE(JobsOnTheServer().empty());
     const auto written = document_.parent_path() / "out.plist";
-    const auto end = run({"--no-dialog", "-d", "kalmo", "--ticket", ticket, "--write-ticket",
-                          written, "--title", "Secret report", document_});
+    const auto end = run({"--no-dialog", "-d", "kalmo", "--ticket", securePrint(kPasscode),
+                          "--write-ticket", written, "--title", "Secret report", document_});
     ASSERT_EQ(end.exitCode, 0) << end.errors;
-    ASSERT_EQ(JobsOnTheServer().size(), 1u);
-    const int job = JobsOnTheServer().front();
-    ASSERT_EQ(server_.finished(job).state, IPP_JSTATE_COMPLETED) << server_.log();
+    ASSERT_EQ(JobsOnTheServer(), std::vector{1});
+    ASSERT_EQ(server_.finished(1).state, IPP_JSTATE_COMPLETED) << server_.log();
     const WrittenTicket arrived(ReadFile(server_.outFolder() / "ticket"));
     const auto* type = arrived.value("PrintSettings", "com.kalmo.print.JobType");
     EXPECT_TRUE(CFEqual(
         type, WrittenTicket(ReadFile(written)).value("PrintSettings", "com.kalmo.print.JobType")));
-    EXPECT_EQ(arrived.text("PPDChoices", "KLEconomode"), "Draft");
-    const auto told = server_.attributes(job, "bob");
-    EXPECT_TRUE(Contains(told, "KLEconomode=Draft")) << told;
-    EXPECT_TRUE(Contains(told, "com.kalmo.print.ticket=sha256-")) << told;
-    EXPECT_FALSE(Contains(told + server_.log() + end.output + end.errors, kPasscode));
+    const auto told = server_.attributes(1, "bob");
+    for (const auto& [keyword, choice] : kChoices) {
+        EXPECT_EQ(arrived.text("PPDChoices", keyword), choice);
+        EXPECT_TRUE(Contains(told, std::string(keyword) + "=" + choice + "\n")) << told;
+    }
+    EXPECT_EQ(server_.leaks(1, kPasscode), "");
+    EXPECT_FALSE(Contains(end.output + end.errors, kPasscode));
     EXPECT_TRUE(fs::is_empty(temporary_));
 }
 

@@ -5,13 +5,17 @@
 
 #include "print_dialog/print_window.h"
 #include "programs/private_cupsd.h"
+#include "support/modal_driver.h"
+#include "support/pane_dialog.h"
 #include "support/pdf_documents.h"
 #include "support/printer_files.h"
 #include "support/private_home.h"
-#include "toolbox/host.h"
+#include "support/ticket_files.h"
 
 namespace kalmo::test {
 namespace {
+
+constexpr char kPasscode[] = "8264019375";
 
 bool Wait(const std::function<bool()>& until) { return QTest::qWaitFor(until, 30000); }
 
@@ -19,10 +23,10 @@ class PrintWindowQueueTest : public testing::Test {
 protected:
     void SetUp() override {
         InstallPresence(WindowPresence());
-        server_.installFilter("kalmoticket", BuiltProgram("kalmoticket"));
         ASSERT_EQ(server_.problem(), "");
         ASSERT_EQ(server_.addQueue("kalmo", SamplePPD("kalmo-office-color")).exitCode, 0);
         ASSERT_EQ(server_.addQueue("other", WritePPD("Other")).exitCode, 0);
+        ASSERT_EQ(server_.addQueue("fax", printerWithFax()).exitCode, 0);
         const auto document = MakeFolder("documents") / "report.pdf";
         WriteFile(document, MakePdf({"One", "Two", "Three"}));
         window_ = std::make_unique<PrintWindow>(
@@ -31,6 +35,17 @@ protected:
         window_->show();
         window_->findPrinters();
         ASSERT_TRUE(Wait([this] { return print()->isEnabled() && hasPane(); }));
+    }
+    void TearDown() override {
+        EXPECT_TRUE(driver_.done()) << driver_.faults().join("; ").toStdString();
+    }
+    static std::filesystem::path printerWithFax() {
+        std::string ppd = ReadFile(SamplePPD("kalmo-office-color"));
+        const std::string without = "*DefaultOption5: False";
+        ppd.replace(ppd.find(without), without.size(), "*DefaultOption5: True");
+        const auto file = MakeFolder("ppd") / "fax.ppd";
+        WriteFile(file, ppd);
+        return file;
     }
     QPushButton* print() const {
         for (auto* button : window_->findChildren<QPushButton*>()) {
@@ -54,19 +69,70 @@ protected:
         FAIL() << "nothing offers " << text.toStdString();
     }
 
+    /// Each press is answered by one window, and nothing is printed.
+    void pressPrintInVain() {
+        for (int press = 0; press < 2; ++press) {
+            driver_.expect([](QWidget& notice) { notice.close(); });
+            print()->click();
+            EXPECT_TRUE(driver_.done() && window_->isVisible() && print()->isEnabled());
+        }
+        EXPECT_TRUE(JobsOnTheServer().empty());
+    }
+    void printJob() {
+        print()->click();
+        ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
+        EXPECT_EQ(window_->exitCode(), kExitDone);
+        EXPECT_EQ(server_.finished(1).state, IPP_JSTATE_COMPLETED) << server_.log();
+    }
+
     PrivateCupsd server_;
     std::unique_ptr<PrintWindow> window_;
+    ModalDriver driver_;
 };
 
-TEST_F(PrintWindowQueueTest, PrintsOnTheChosenQueue) {
-    choose("2");
-    print()->click();
-    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
-    EXPECT_EQ(window_->exitCode(), kExitDone);
-    EXPECT_EQ(server_.finished(1).state, IPP_JSTATE_COMPLETED) << server_.log();
+TEST_F(PrintWindowQueueTest, WhatIsChosenInTheWindowAndThePaneReachesTheQueue) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"2", "number-up=2"},
+        {"2-sided, flip on short edge", "Duplex=DuplexTumble"},
+        {"3 holes", "KLPunch=3HolePunch"},
+        {"Finisher tray", "OutputBin=Finisher"},
+        {"", "com.kalmo.print.ticket=sha256-"},
+    };
+    for (const auto& [text, option] : rows)
+        if (*text) choose(text);
+    printJob();
     const std::string told = server_.attributes(1, "alice");
-    EXPECT_NE(told.find("number-up=2"), std::string::npos) << told;
-    EXPECT_NE(told.find("com.kalmo.print.ticket="), std::string::npos) << told;
+    for (const auto& [text, option] : rows)
+        EXPECT_NE(told.find(option), std::string::npos) << option << '\n' << told;
+}
+
+TEST_F(PrintWindowQueueTest, SecurePrintHoldsTheWindowUntilThereIsAPasscode) {
+    driver_.expect([](QWidget& dialog) { dialog.close(); });
+    choose("Secure print");
+    pressPrintInVain();
+    driver_.expect([](QWidget& dialog) {
+        for (const SInt32 field : {111, 121})
+            QTest::keyClicks(FindControl<QLineEdit>(dialog, 'KPDE', field), kPasscode);
+        FindControl<QPushButton>(dialog, 'KPDE', 901)->click();
+    });
+    FindControl<QPushButton>(*window_, 'KPpo', 103)->click();
+    printJob();
+    const WrittenTicket arrived(ReadFile(server_.outFolder() / "ticket"));
+    const auto* job = arrived.value("PrintSettings", "com.kalmo.print.JobType");
+    const auto* passcode =
+        CFDictionaryGetValue(static_cast<CFDictionaryRef>(job), CFSTR("SecurePrintPassword"));
+    EXPECT_EQ(CFStringToUTF8(static_cast<CFStringRef>(passcode)), kPasscode);
+    EXPECT_EQ(server_.leaks(1, kPasscode), "");
+}
+
+TEST_F(PrintWindowQueueTest, AFaxIsRefusedWhileNoRecipientCanBeGiven) {
+    choose("fax");
+    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
+    driver_.expect([](QWidget& notice) { notice.close(); });
+    choose("Fax");
+    pressPrintInVain();
+    choose("Normal print");
+    printJob();
 }
 
 TEST_F(PrintWindowQueueTest, ThePaneComesAndGoesWithThePrinter) {

@@ -58,6 +58,14 @@ ErrorPolicy abort-job
 </Policy>
 )";
 
+// Stands in front of the ticket filter, as the account that filters run as.
+constexpr char kRecorder[] = R"(#!/bin/sh
+printf '%s' "$5" > %OUT%/options
+cat /proc/[0-9]*/cmdline > %OUT%/commands 2>/dev/null
+export KALMO_TICKET_FILE=%OUT%/ticket
+exec "$(dirname "$0")/kalmoticket-program" "$@"
+)";
+
 struct Accounts {
     std::string user, group, systemGroup, logGroup;
 };
@@ -119,14 +127,29 @@ bool SendDocument(const std::string& queue, int job, const path& document) {
     return cupsFinishDocument(CUPS_HTTP_DEFAULT, queue.c_str()) <= IPP_STATUS_OK_CONFLICTING;
 }
 
+bool OpenToEverybody(const std::filesystem::directory_entry& entry) {
+    return std::filesystem::is_regular_file(entry.symlink_status()) &&
+           (entry.status().permissions() & perms::others_read) != perms::none;
+}
+
 }  // namespace
 
-PrivateCupsd::PrivateCupsd(const std::map<std::string, std::string>& filterEnvironment) {
+std::vector<int> JobsOnTheServer() {
+    cups_job_t* jobs = nullptr;
+    const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
+    std::vector<int> numbers;
+    for (int i = 0; i < count; ++i) numbers.push_back(jobs[i].id);
+    cupsFreeJobs(count, jobs);
+    return numbers;
+}
+
+PrivateCupsd::PrivateCupsd() {
     // Not in the private home: the filters' account must reach it.
     std::string pattern = std::filesystem::temp_directory_path() / "kalmo-cupsd-XXXXXX";
     root_ = mkdtemp(pattern.data());
     makeFolders();
-    writeConfiguration(filterEnvironment);
+    installTicketFilter();
+    writeConfiguration();
     handOverTo(ServerAccounts().group);
     server_ = std::make_unique<Program>(ProgramCall{
         .program = "/usr/sbin/cupsd",
@@ -155,14 +178,20 @@ void PrivateCupsd::makeFolders() {
     LinkFolder("/usr/lib/cups/backend", root_ / "bin/backend");
 }
 
-void PrivateCupsd::writeConfiguration(const std::map<std::string, std::string>& environment) {
+void PrivateCupsd::installTicketFilter() {
+    const path filters = root_ / "bin/filter";
+    std::filesystem::remove(filters / "kalmoticket");
+    std::filesystem::copy_file(BuiltProgram("kalmoticket"), filters / "kalmoticket-program");
+    WriteFile(filters / "kalmoticket", Replaced(kRecorder, "%OUT%", outFolder()));
+    for (const char* name : {"kalmoticket", "kalmoticket-program"})
+        std::filesystem::permissions(filters / name, perms(0755));
+}
+
+void PrivateCupsd::writeConfiguration() {
     const Accounts accounts = ServerAccounts();
     std::string files = kFiles;
     files += "User " + accounts.user + "\nGroup " + accounts.group + "\nSystemGroup " +
              accounts.systemGroup + "\nLogFileGroup " + accounts.logGroup + "\n";
-    for (const auto& [name, value] : environment) {
-        files += "SetEnv " + name + " " + Replaced(value, "%OUT%", outFolder()) + "\n";
-    }
     WriteFile(root_ / "etc/cups-files.conf", Replaced(files, "@", root_));
     WriteFile(root_ / "etc/cupsd.conf", Replaced(kServer, "@", root_));
 }
@@ -199,19 +228,6 @@ std::string PrivateCupsd::log() const {
         all += ReadFile(root_ / "log" / name);
     }
     return all;
-}
-
-void PrivateCupsd::installFilter(const std::string& name, const path& program) {
-    const path filter = root_ / "bin/filter" / name;
-    std::filesystem::remove(filter);
-    std::filesystem::copy_file(program, filter);
-    std::filesystem::permissions(filter, perms(0755));
-}
-
-void PrivateCupsd::installFilterScript(const std::string& name, const std::string& script) {
-    const path file = MakeFolder("filter") / name;
-    WriteFile(file, Replaced(script, "%OUT%", outFolder()));
-    installFilter(name, file);
 }
 
 ProgramEnd PrivateCupsd::addQueue(const std::string& queue, const path& ppd) {
@@ -254,6 +270,24 @@ std::string PrivateCupsd::attributes(int job, const std::string& user) {
         lines += std::string(ippGetName(attribute)) + "=" + Text(attribute) + "\n";
     }
     return lines;
+}
+
+std::string PrivateCupsd::leaks(int job, const std::string& secret) {
+    std::map<std::string, std::string> seen = {{"attributes", attributes(job, "bob")},
+                                               {"logs", log()}};
+    for (const char* name : {"options", "commands"}) seen[name] = ReadFile(outFolder() / name);
+    std::string places;
+    for (const auto& [place, text] : seen) {
+        if (text.find("com.kalmo.print.ticket=") == std::string::npos)
+            places += place + ": the job is not seen\n";
+    }
+    for (const path& folder : {root_, path(getenv("HOME"))}) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+            if (OpenToEverybody(entry)) seen[entry.path()] = ReadFile(entry);
+    }
+    for (const auto& [place, text] : seen)
+        if (text.find(secret) != std::string::npos) places += place + '\n';
+    return places;
 }
 
 }  // namespace kalmo::test

@@ -24,24 +24,26 @@ struct FinishedJob {
     std::string message;
 };
 
+/// The numbers of all jobs that the server ever took.
+std::vector<int> JobsOnTheServer();
+
 class PrivateCupsd {
 public:
-    /// Starts the server and points CUPS_SERVER, for this program and those it starts, there.
-    /// `filterEnvironment` is what filters get in addition; "%OUT%" in a value is outFolder().
-    explicit PrivateCupsd(const std::map<std::string, std::string>& filterEnvironment = {});
+    /// Starts the server and points CUPS_SERVER, for this program and those it starts, there. What
+    /// the ticket filter is given lies in outFolder() afterwards: "ticket" as it recovered it,
+    /// "options", and "commands", the command lines of all processes that ran beside it.
+    PrivateCupsd();
     ~PrivateCupsd();
     PrivateCupsd(const PrivateCupsd&) = delete;
     PrivateCupsd& operator=(const PrivateCupsd&) = delete;
 
     /// Empty when the server answers; else why not.
     [[nodiscard]] std::string problem();
-    /// Where filters may write, and what is printed arrives: outFolder()/QUEUE.prn.
+    /// What is printed arrives there: outFolder()/QUEUE.prn.
     [[nodiscard]] std::filesystem::path outFolder() const { return root_ / "out"; }
     /// Everything cupsd and the filters log, at level debug.
     [[nodiscard]] std::string log() const;
 
-    void installFilter(const std::string& name, const std::filesystem::path& program);
-    void installFilterScript(const std::string& name, const std::string& script);
     /// A queue that prints into a file. The answer is lpadmin's.
     ProgramEnd addQueue(const std::string& queue, const std::filesystem::path& ppd);
 
@@ -53,10 +55,14 @@ public:
     FinishedJob finished(int job);
     /// Every attribute the server tells `user` about the job, one "name=value" line each.
     std::string attributes(int job, const std::string& user);
+    /// Where people other than its owner read `secret` once the job is printed: command lines,
+    /// options, what the server tells them, logs, files open to everybody. One line each.
+    std::string leaks(int job, const std::string& secret);
 
 private:
     void makeFolders();
-    void writeConfiguration(const std::map<std::string, std::string>& filterEnvironment);
+    void installTicketFilter();
+    void writeConfiguration();
     void handOverTo(const std::string& group);
 
     std::filesystem::path root_;
