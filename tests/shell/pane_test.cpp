@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <filesystem>
 #include <set>
 
 #include "shell/product.h"
@@ -107,14 +108,22 @@ TEST(Pane, ALaterDialogReadsItsOwnTicketAndNothingIsLeft) {
         dialog.sync(kSyncToTicket);
         EXPECT_EQ(Choice(dialog.ticket, CFSTR("Resolution")), "1200x1200dpi")
             << "the panel that an earlier dialog showed last writes first";
+        dialog.send('KFup');
+        const bool both =
+            FindControl(dialog.window, 'KPpo', 102) && FindControl(dialog.window, 'KPDE', 1301);
+        EXPECT_TRUE(both) << "a panel did not open";
         dialog.terminate();
         EXPECT_TRUE(dialog.embedder->findChildren<QWidget*>().isEmpty());
         EXPECT_EQ(dialog.send('help'), eventNotHandledErr) << "a handler was left behind";
     };
     runDialog();  // constants and the help book stay
-    const std::size_t before = CFLiveValueCount();
-    for (int times = 0; times < 3; ++times) runDialog();
-    EXPECT_EQ(CFLiveValueCount(), before);
+    const auto alive = [] {
+        return std::tuple(CFLiveValueCount(), QApplication::allWidgets().size(),
+                          std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}));
+    };
+    const auto before = alive();
+    for (int times = 0; times < 10; ++times) runDialog();
+    EXPECT_EQ(alive(), before);
 }
 
 }  // namespace
