@@ -148,7 +148,11 @@ Boolean IsControlEnabled(ControlRef control) {
 }
 
 void SetKeyboardFocus(ControlRef control) {
-    if (QWidget* const widget = ToWidget(control)) widget->setFocus(Qt::OtherFocusReason);
+    QWidget* const widget = ToWidget(control);
+    if (!widget) return;
+    widget->setFocus(Qt::OtherFocusReason);
+    // Mostly because of what stands there: the next key replaces it.
+    if (auto* const field = qobject_cast<QLineEdit*>(widget)) field->selectAll();
 }
 
 void SetControlNeedsDisplay(ControlRef control) {
