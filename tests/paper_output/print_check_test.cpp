@@ -28,6 +28,7 @@ struct PrintCheck : testing::Test {
     ~PrintCheck() override {
         RemoveAllHandlers(shell);
         InstallPrintCheckSource({});
+        gBundle = nullptr;
         InstallPresence(UnattendedPresence());
         SetSystemVersionForTests(kSystemVersion10_5);
     }
