@@ -1,5 +1,6 @@
 // The pane: from loading the plug-in to the end of Initialize (in fresh processes, and again in
-// one), and a change of panels with the repaint that follows.
+// one), a change of panels with the repaint that follows, against the library's own, and the way of
+// a full ticket to the panels and back.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -9,7 +10,10 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "print_dialog/print_job_host.h"
 #include "toolbox/host.h"
@@ -74,20 +78,117 @@ void WarmPrologueToTerminate(benchmark::State& state) {
 }
 BENCHMARK(WarmPrologueToTerminate)->Unit(benchmark::kMillisecond);
 
-void PanelSwitchAndRepaint(benchmark::State& state) {
-    Dialog dialog;
-    kalmo::PrintJobHost host;
-    Begin(host, dialog);
-    (void)host.open();
-    dialog.window.show();
-    for (auto _ : state) {
-        (void)SendCommandToWindow(WindowFromWidget(&dialog.window), 'KFup');
+/// The pane in a window that is shown.
+struct OpenPane {
+    explicit OpenPane(const std::string& ticket = {}) {
+        if (!ticket.empty() && !host.readTicket(ticket))
+            throw std::runtime_error("the ticket cannot be read");
+        Begin(host, dialog);
+        (void)host.open();
+        dialog.window.show();
+        repaint();
+    }
+    ~OpenPane() { host.end(noErr); }
+    OpenPane(const OpenPane&) = delete;
+    OpenPane& operator=(const OpenPane&) = delete;
+
+    QWidget* widget(OSType signature, SInt32 id) {
+        ControlRef control = nullptr;
+        GetControlByID(WindowFromWidget(&dialog.window), {signature, id}, &control);
+        return WidgetFromControl(control);
+    }
+    void switchPanel() { (void)SendCommandToWindow(WindowFromWidget(&dialog.window), 'KFup'); }
+    void repaint() {
         dialog.embedder->update();
         QCoreApplication::processEvents();
     }
-    host.end(noErr);
+
+    Dialog dialog;
+    kalmo::PrintJobHost host;
+};
+
+/// Back and forth between Paper/Output and Image Options.
+void PanelSwitchAndRepaint(benchmark::State& state) {
+    OpenPane pane;
+    const QWidget* paperOutput = pane.widget('KPpo', 102);
+    const QWidget* imageOptions = pane.widget('KPDE', 1301);
+    for (auto _ : state) {
+        const bool before = paperOutput->isVisible();
+        pane.switchPanel();
+        pane.repaint();
+        if (paperOutput->isVisible() == before || imageOptions->isVisible() != before)
+            return state.SkipWithError("the panel shown is not the other one");
+    }
 }
 BENCHMARK(PanelSwitchAndRepaint)->Unit(benchmark::kMillisecond);
+
+/// The same panels hidden, shown and repainted by the library alone.
+void LibraryAloneSwitchAndRepaint(benchmark::State& state) {
+    OpenPane pane;
+    QWidget *hidden = pane.widget('KSgb', 1), *shown = pane.widget('KSgb', 2);
+    if (hidden->isVisible()) std::swap(hidden, shown);
+    for (auto _ : state) {
+        shown->hide();
+        hidden->show();
+        pane.repaint();
+        std::swap(hidden, shown);
+    }
+}
+BENCHMARK(LibraryAloneSwitchAndRepaint)->Unit(benchmark::kMillisecond);
+
+std::string Text(const std::string& key, const std::string& value) {
+    return "<key>" + key + "</key><string>" + value + "</string>";
+}
+std::string Numbers(std::initializer_list<const char*> keys, int value) {
+    std::string all;
+    for (const std::string key : keys)
+        all += "<key>" + key + "</key><integer>" + std::to_string(value) + "</integer>";
+    return all;
+}
+std::string Dictionary(const std::string& key, const std::string& entries) {
+    return "<key>" + key + "</key><dict>" + entries + "</dict>";
+}
+
+/// Everything that the panels know, and recipients of a circular.
+std::string FullTicket() {
+    const std::string stock =
+        Numbers({"Size", "Type", "Color", "Weight", "Punched", "SidesCoated", "Finish", "kGrain"},
+                1) +
+        Text("Description", "Paper of the house") + Text("CustomName", "House");
+    std::string recipients;
+    for (int i = 0; i < 100; ++i) {
+        recipients += "<dict>" + Text("FirstName", "Ada") + Text("LastName", std::to_string(i)) +
+                      Text("FaxNumber", "+49 30 1234567") + Text("Organization", "Office") +
+                      "</dict>";
+    }
+    const std::string print = "com.kalmo.print.";
+    return "<plist version=\"1.0\"><dict>" +
+           Dictionary(
+               "PrintSettings",
+               Dictionary(print + "JobType", Numbers({"JobType"}, 3) + Text("SavedJobName", "Job") +
+                                                 Text("SavedJobLocation", "Folder")) +
+                   Dictionary(print + "JobLevelStock", stock) +
+                   Dictionary(print + "SeparatorStock", stock) +
+                   Dictionary(print + "SpecialPages.FrontCover", Dictionary("Stock", stock)) +
+                   Dictionary(print + "SpecialPages.BackCover", Dictionary("Stock", stock)) +
+                   "<key>" + print + "FaxRecipientList</key><array>" + recipients + "</array>") +
+           Dictionary("PPDChoices",
+                      Text("MediaType", "Recycled") + Text("MediaColor", "Blue") +
+                          Text("Duplex", "DuplexTumble") + Text("StapleLocation", "DualLandscape") +
+                          Text("KLPunch", "2HolePunch") + Text("OutputBin", "Finisher") +
+                          Text("Resolution", "1200x1200dpi") + Text("KLEconomode", "Draft")) +
+           Dictionary("PageFormat", {}) + "</dict></plist>";
+}
+
+/// What the dialog asks of the pane when paper or orientation change.
+void SyncOfAFullTicket(benchmark::State& state) {
+    OpenPane pane(FullTicket());
+    for (auto _ : state) {
+        pane.host.sync(kSyncToTicket);
+        pane.host.sync(kSyncToUI);
+    }
+}
+BENCHMARK(SyncOfAFullTicket)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
