@@ -365,9 +365,11 @@ void PrintWindow::chooseDirection() {
     resize(sizeHint().boundedTo(screen()->availableSize()));
 }
 
-void PrintWindow::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) chooseDirection();
-    QDialog::showEvent(event);
+void PrintWindow::setVisible(bool visible) {
+    // Before the window system knows the window: a second change of size on the way to its place
+    // can bring it back to the corner of the screen, without its title bar.
+    if (visible && !windowHandle()) chooseDirection();
+    QDialog::setVisible(visible);
 }
 
 bool PrintWindow::event(QEvent* event) {

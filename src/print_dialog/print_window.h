@@ -44,6 +44,7 @@ public:
     void stop();
     /// Escape, the Cancel button and closing: stops the sending, else the dialog.
     void reject() override;
+    void setVisible(bool visible) override;
 
 Q_SIGNALS:
     /// The first frame is on the screen.
@@ -51,7 +52,6 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
