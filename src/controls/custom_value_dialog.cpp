@@ -4,27 +4,33 @@
 
 #include "controls/input_limits.h"
 #include "controls/modal_dialog.h"
+#include "shell/base/texts.h"
 
 namespace kalmo {
 namespace {
 
-constexpr SInt32 kTextField = 123456;
+constexpr SInt32 kTextField = 123456, kLabel = 123455;
 
 class CustomValueDialog final : public ModalDialog {
 public:
     CustomValueDialog(CFBundleRef bundle, SInt32 minimumLength, SInt32 maximumLength,
-                      CFStringRef text)
+                      CFStringRef text, const CustomValueTexts& texts)
         : ModalDialog(bundle, {.file = CFSTR("Utilities"),
                                .window = CFSTR("CustomValue"),
                                .helpPage = CFSTR("image_options/db_custom_color_d.htm")}),
           minimumLength_(minimumLength),
           maximumLength_(maximumLength),
+          texts_(texts),
           text_(Owned<CFStringRef>::Retain(text)) {}
 
     [[nodiscard]] Owned<CFStringRef> text() const { return text_; }
 
 protected:
     void prepare() override {
+        if (texts_.titleKey)
+            SetWindowTitleWithCFString(window(), CopyText(bundle(), texts_.titleKey));
+        if (texts_.labelKey)
+            SetControlTitleWithCFString(control(kLabel), CopyText(bundle(), texts_.labelKey));
         const ControlRef field = control(kTextField);
         LimitInputLengthAndCharacters(field, minimumLength_, maximumLength_, nullptr);
         if (text_) SetControlTitleWithCFString(field, text_);
@@ -49,15 +55,17 @@ protected:
 
 private:
     SInt32 minimumLength_, maximumLength_;
+    CustomValueTexts texts_;
     Owned<CFStringRef> text_;
 };
 
 }  // namespace
 
 OSStatus RunModalCustomValueDialog(CFBundleRef bundle, SInt32 minimumLength, SInt32 maximumLength,
-                                   CFStringRef* text, SInt32* button) {
+                                   CFStringRef* text, SInt32* button,
+                                   const CustomValueTexts& texts) {
     if (!text || !button) return paramErr;
-    CustomValueDialog dialog(bundle, minimumLength, maximumLength, *text);
+    CustomValueDialog dialog(bundle, minimumLength, maximumLength, *text, texts);
     const SInt32 answer = dialog.run();
     if (answer != kModalOK && answer != kModalCancel) return answer;
     *button = answer == kModalOK ? kCustomValueOK : kCustomValueCancel;

@@ -81,7 +81,9 @@ void JobType::fromTicket(CFDictionaryRef ticket) {
     };
     jobType = number(CFSTR("JobType"), kJobTypeNormal);
     mediaType = number(CFSTR("MediaType"), kFirstJobFormat);
-    useJobName = BooleanOr(dictionary, CFSTR("UseJobName"), true);
+    // A name that is no text counts as none, and then the document's is used.
+    const bool hasBadName = !name && CFDictionaryContainsKey(dictionary, CFSTR("SavedJobName"));
+    useJobName = hasBadName || BooleanOr(dictionary, CFSTR("UseJobName"), true);
     if (name) savedJobName = std::move(name);
     savedJobLocation = TextOrNone(dictionary, CFSTR("SavedJobLocation"));
     useDefaultLocation = !savedJobLocation;

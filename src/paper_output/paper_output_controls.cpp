@@ -198,6 +198,7 @@ OSStatus BuildPaperOutputControls(_PaperOutputContext& context) {
     context.opened = true;
     // The shell may ask for the values before it has sent any: then they are the record's own.
     ShowPaperOutput(context);
+    CoupleFinishing(context);
     return noErr;
 }
 

@@ -81,11 +81,17 @@ void HandleCommand(_PaperOutputContext& context, EventRef event) {
     MenuRef menu = nullptr;
     UInt16 item = 0;
     if (GetEventControl(event) != context.controls.finishingMenu ||
-        !GetEventMenuItem(event, &menu, &item))
+        !GetEventMenuItem(event, &menu, &item) || !IsMenuItemEnabled(menu, item))
         return;
     ItemReference value = 0;
     GetMenuItemRefCon(menu, item, &value);
     RunFinishingCommand(context, GetEventCommand(event), static_cast<SInt32>(value));
+}
+
+/// The layout switch, and with it the pair of covers that follows from it.
+void WriteLayout(_PaperOutputContext& context, PMTicketRef ticket, bool on) {
+    WriteBookletLayout(ticket, on);
+    SyncCovers(ticket, kSyncToUI, &context.record.frontCover, &context.record.backCover);
 }
 
 SInt32 DuplexInTicket(const _PaperOutputContext& context, PMTicketRef ticket) {
@@ -108,7 +114,7 @@ void UnselectBooklet(_PaperOutputContext* context) {
     const bool wasOn = context->record.bookletIsOn();
     LeaveBooklet(&context->record);
     // The ticket must not say on while the panel says off.
-    if (wasOn) WriteBookletLayout(PrintSettingsOf(*context), false);
+    if (wasOn) WriteLayout(*context, PrintSettingsOf(*context), false);
     ShowSides(*context);
 }
 
@@ -123,8 +129,7 @@ void RunBookletCommand(_PaperOutputContext& context) {
                             PPDChoiceForTicketValue(CFSTR("Duplex"), record.duplex));
     }
     ApplyBookletChoice(&record, choice, DuplexInTicket(context, ticket));
-    WriteBookletLayout(ticket, record.bookletIsOn());
-    if (record.bookletIsOn()) SyncCovers(ticket, kSyncToUI, &record.frontCover, &record.backCover);
+    WriteLayout(context, ticket, record.bookletIsOn());
     ShowSides(context);
     ShowFinishing(context);
 }

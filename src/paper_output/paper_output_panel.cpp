@@ -24,6 +24,7 @@ OSStatus ReadTicket(_PaperOutputContext& context, PMTicketRef ticket) {
     PPDGetTicketValueForChoiceOrDefault(context.ppd, ticket, CFSTR("KLColorMode"),
                                         &context.outputColor);
     ShowPaperOutput(context);
+    CoupleFinishing(context);
     SyncCovers(ticket, kSyncToUI, &context.record.frontCover, &context.record.backCover);
     return noErr;
 }
@@ -53,7 +54,12 @@ void InstallCheck(_PaperOutputContext& context) {
                     .passcode = record.job.securePassword,
                     .faxRecipientCount = record.faxRecipients ? record.faxRecipients->count() : 0};
             },
-        .runFaxSetup = [&context] { RunJobSetup(context); },
+        // Written at once: another panel may be shown, and this one is read before it is written.
+        .runFaxSetup =
+            [&context] {
+                RunJobSetup(context);
+                WriteTicket(context, PrintSettingsOf(context));
+            },
     });
 }
 

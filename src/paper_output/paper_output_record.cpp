@@ -10,14 +10,19 @@ std::optional<SInt32> rememberedDuplex;
 
 bool IsBookletFold(SInt32 fold) { return fold == kFoldBi || fold == kFoldBiStaple; }
 
+/// A printer that says nothing about two-sided print is not asked for it.
+void SetDuplex(PaperOutputRecord* record, SInt32 duplex) {
+    if (record->duplex != 0) record->duplex = duplex;
+}
+
 void TurnLayoutOn(PaperOutputRecord* record, SInt32 ppdDuplex) {
     rememberedDuplex = ppdDuplex;
-    record->duplex = kTwoSidedShortEdge;
+    SetDuplex(record, kTwoSidedShortEdge);
 }
 
 /// Nothing is remembered when the layout came on with a ticket: then as LeaveBooklet.
 void TurnLayoutOff(PaperOutputRecord* record) {
-    record->duplex = rememberedDuplex.value_or(kTwoSidedLongEdge);
+    SetDuplex(record, rememberedDuplex.value_or(kTwoSidedLongEdge));
 }
 
 /// A folded booklet has no other finishing, and no sets within the set.
@@ -38,7 +43,7 @@ void FinishAsBooklet(Finishing* finishing) {
 void LeaveBooklet(PaperOutputRecord* record) {
     if (record->bookletIsOn()) {
         record->booklet.mode = kBookletOff;
-        record->duplex = kTwoSidedLongEdge;
+        SetDuplex(record, kTwoSidedLongEdge);
     }
     Finishing& finishing = record->finishing;
     if (finishing.option != kOptionBooklet) return;

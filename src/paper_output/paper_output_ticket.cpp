@@ -9,7 +9,6 @@ namespace kalmo {
 namespace {
 
 #define kFaxRecipientListKey CFSTR("com.kalmo.print.FaxRecipientList")
-#define kBookletForceNewSizeKey CFSTR("com.kalmo.print.BookletForceNewSize")
 #define kFinishingBindValueKey CFSTR("com.kalmo.print.FinishingBindValue")
 #define kFinishingCustomKey CFSTR("com.kalmo.print.FinishingCustom")
 
@@ -110,7 +109,10 @@ void ReadJobStock(const PaperOutputTickets& from, Stock* stock) {
     stock->setType(ReadChoice(from, CFSTR("MediaType"), stock->type()));
 }
 
+/// Those of another ticket do not stay: a fax must not go to its recipients.
 void ReadFax(PMTicketRef settings, PaperOutputRecord* record) {
+    record->faxOptions = Owned<CFMutableDictionaryRef>();
+    record->faxRecipients.reset();
     if (const auto* options = DictionaryInTicket(settings, kFaxOptionsKey)) {
         record->faxOptions = Owned<CFMutableDictionaryRef>::Adopt(
             CFDictionaryCreateMutableCopy(kCFAllocatorDefault, 0, options));
@@ -135,10 +137,14 @@ void ReadBooklet(PMTicketRef settings, Booklet* booklet) {
 
 /// While booklet layout is on, the stock's size in the ticket is the booklet's, or is left out: the
 /// job's own paper, which comes back with the layout off, stays what it was.
-void KeepOwnSize(SInt32 ownSize, PaperOutputRecord* record) {
+void KeepOwnSize(const Stock& before, PaperOutputRecord* record) {
+    Stock& stock = record->jobStock;
     const bool isBooklets = record->booklet.newSize != kUnset;
-    if (record->bookletIsOn() && (isBooklets || record->jobStock.size() == kUnset))
-        record->jobStock.setSize(ownSize);
+    if (!record->bookletIsOn() || (!isBooklets && stock.size() != kUnset)) return;
+    stock.setSize(before.size());
+    if (before.size() != kStockSizeCustom) return;
+    stock.setWidth(before.width());
+    stock.setLength(before.length());
 }
 
 SInt32 ReadDuplex(const PaperOutputTickets& from, SInt32 otherwise) {
@@ -150,6 +156,7 @@ SInt32 ReadDuplex(const PaperOutputTickets& from, SInt32 otherwise) {
 
 void ReadFinishing(const PaperOutputTickets& from, Finishing* finishing) {
     ReadNumbers(from.settings, kFinishingRows, finishing);
+    finishing->coilPunch = finishing->option == kOptionCoilPunch;
     finishing->fold = ReadChoice(from, CFSTR("KLFold"), finishing->fold);
     finishing->punch = ReadChoice(from, CFSTR("KLPunch"), finishing->punch);
     SetStapleLocation(finishing, ReadChoice(from, CFSTR("StapleLocation"), kNoFinishing));
@@ -212,14 +219,14 @@ void WriteFinishing(PMTicketRef settings, const Finishing& finishing) {
 void ReadPaperOutput(PaperOutputRecord* record, const PaperOutputTickets& tickets) {
     record->orientation = 1;
     PMTicketGetSInt32(tickets.pageFormat, kOrientationKey, &record->orientation);
-    const SInt32 ownSize = record->jobStock.size();
+    const Stock before(record->jobStock);
     ReadJobStock(tickets, &record->jobStock);
     record->outputBin = ReadChoice(tickets, CFSTR("OutputBin"), record->outputBin);
     SyncSeparatorsFromTicket(tickets.settings, &record->separators);
     record->job.fromTicket(DictionaryInTicket(tickets.settings, kJobTypeKey));
     ReadFax(tickets.settings, record);
     ReadBooklet(tickets.settings, &record->booklet);
-    KeepOwnSize(ownSize, record);
+    KeepOwnSize(before, record);
     record->duplex = ReadDuplex(tickets, record->duplex);
     record->frontCover.reset();
     record->backCover.reset();

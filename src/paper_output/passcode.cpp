@@ -115,6 +115,10 @@ PasscodePair::Use PasscodePair::useByLength() const {
 
 void PasscodePair::focus() { SetKeyboardFocus(passcode_.field); }
 
+void PasscodePair::clearConfirmation() {
+    SetControlTitleWithCFString(confirmation_.field, CFSTR(""));
+}
+
 bool PasscodePair::agrees() {
     if (CFStringCompare(copy(), TextOf(confirmation_.field), kCFCompareCaseInsensitive) ==
         kCFCompareEqualTo)

@@ -31,6 +31,8 @@ public:
     /// Both once the passcode is long enough.
     [[nodiscard]] Use useByLength() const;
     void focus();
+    /// What was repeated of a passcode that is gone.
+    void clearConfirmation();
 
     /// False, after a notice, when the fields differ.
     [[nodiscard]] bool agrees();

@@ -7,6 +7,7 @@
 #include "controls/modal_dialog.h"
 #include "paper_output/paper_output_panel.h"
 #include "paper_output/passcode.h"
+#include "paper_output/saved_folder.h"
 #include "settings/setting_maps.h"
 #include "settings/setting_menus.h"
 #include "shell/base/texts.h"
@@ -43,23 +44,15 @@ static_assert(std::size(kFormatPictures) == kLastJobFormat - kFirstJobFormat + 1
 /// In the order of the map, and so of the dispositions.
 constexpr SInt32 kActionIDs[] = {kSaveOnlyID, kSaveAndPrintID};
 
-CFStringRef Repository() { return CFSTR("file:///job-repository/"); }
+/// What a menu shows of a text that a ticket may have made as long as it liked.
+constexpr CFIndex kLongestShown = 64;
 
-/// A location in the printer's repository by its folder alone, any other one as it stands.
-Owned<CFStringRef> FolderOf(CFStringRef location) {
-    const CFIndex prefix = CFStringGetLength(Repository());
-    const CFIndex length = CFStringGetLength(location);
-    if (!CFStringHasPrefix(location, Repository()) || length == prefix)
-        return Owned<CFStringRef>::Retain(location);
-    return Owned<CFStringRef>::Adopt(
-        CFStringCreateWithSubstring(kCFAllocatorDefault, location, {prefix, length - prefix}));
-}
-
-Owned<CFStringRef> LocationOf(CFStringRef folder) {
-    auto location = Owned<CFMutableStringRef>::Adopt(
-        CFStringCreateMutableCopy(kCFAllocatorDefault, 0, Repository()));
-    CFStringAppend(location, folder);
-    return location;
+/// Without the blanks at its ends.
+Owned<CFStringRef> Trimmed(CFStringRef text) {
+    auto trimmed =
+        Owned<CFMutableStringRef>::Adopt(CFStringCreateMutableCopy(kCFAllocatorDefault, 0, text));
+    CFStringTrim(trimmed, CFSTR(" "));
+    return trimmed;
 }
 
 void AppendItem(MenuRef menu, CFStringRef text, SInt32 value) {
@@ -119,7 +112,10 @@ private:
 
     void prepareName() {
         LimitInputLengthAndCharacters(control(kNameID), 1, kLongestName, nullptr);
-        if (job_->savedJobName) SetControlTitleWithCFString(control(kNameID), job_->savedJobName);
+        if (job_->savedJobName) {
+            SetControlTitleWithCFString(control(kNameID),
+                                        CopyShortened(job_->savedJobName, kLongestShown));
+        }
         SetControl32BitValue(control(kUseDocumentNameID), job_->useJobName || !job_->savedJobName);
         enableName();
     }
@@ -145,7 +141,9 @@ private:
         const ControlRef popup = control(kFolderID);
         PopulatePopupButtonFromMap(bundle(), popup, _FolderNameMap, JobContext::job, 0);
         const MenuRef menu = GetControlPopupMenu(popup);
-        if (location_) AppendItem(menu, FolderOf(location_), kNamedFolder);
+        if (location_)
+            AppendItem(menu, CopyShortened(FolderOfLocation(location_), kLongestShown),
+                       kNamedFolder);
         AppendMenuItemTextWithCFString(menu, CFSTR("-"), kMenuItemSeparator, 0, nullptr);
         AppendItem(menu, CopyText(bundle(), CFSTR("SavedJobOtherFolder")), kOtherFolder);
         SetControl32BitMaximum(popup, CountMenuItems(menu));
@@ -165,11 +163,15 @@ private:
     void askForFolder() {
         Owned<CFStringRef> folder;
         SInt32 button = kCustomValueCancel;
-        if (RunModalCustomValueDialog(bundle(), 1, kLongestName, folder.adopt(), &button) !=
+        const CustomValueTexts texts{.titleKey = CFSTR("SavedJobFolderTitle"),
+                                     .labelKey = CFSTR("SavedJobFolderName:")};
+        if (RunModalCustomValueDialog(bundle(), 1, kLongestName, folder.adopt(), &button, texts) !=
                 noErr ||
             button != kCustomValueOK)
             return;
-        location_ = LocationOf(folder);
+        folder = Trimmed(folder);
+        if (CFStringGetLength(folder) == 0) return;
+        location_ = LocationOfFolder(folder);
         inPublicFolder_ = false;
     }
 
@@ -205,7 +207,7 @@ private:
     }
 
     [[nodiscard]] Owned<CFStringRef> name() const {
-        return Owned<CFStringRef>::Adopt(CopyControlTitleAsCFString(control(kNameID)));
+        return Trimmed(Owned<CFStringRef>::Adopt(CopyControlTitleAsCFString(control(kNameID))));
     }
 
     JobType* job_;

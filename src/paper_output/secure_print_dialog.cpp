@@ -30,6 +30,9 @@ private:
     }
 
     bool accept() override {
+        // An emptied passcode asks for a new one; what was repeated of the old one cannot be edited
+        // any more.
+        if (pair_.length() == 0) pair_.clearConfirmation();
         if (!pair_.agrees()) return false;
         if (pair_.length() < kPasscodeMinimumLength) pair_.generate();
         *passcode_ = pair_.copy();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "print_dialog/color_options.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/window_texts.h"
 #include "printing/ticket_file.h"
@@ -148,8 +149,13 @@ bool PrintJobHost::paperChanges(const JobSettings& settings) const {
     return paperIsNews_ && !paper.empty() && !StockHasPaper(session_, paper);
 }
 
+bool PrintJobHost::colorChanges(const JobSettings& settings) const {
+    return !settings.colorOption.empty() && (settings.colorOption != settings_.colorOption ||
+                                             settings.colorChoice != settings_.colorChoice);
+}
+
 void PrintJobHost::apply(const JobSettings& settings) {
-    const bool paneReads = paperChanges(settings) ||
+    const bool paneReads = paperChanges(settings) || colorChanges(settings) ||
                            settings.orientation != settings_.orientation ||
                            (settings.pagesPerSheet > 1) != (settings_.pagesPerSheet > 1);
     const bool framed = hasPane() && paneReads;
@@ -168,16 +174,21 @@ void PrintJobHost::write(const JobSettings& settings) {
         WritePPDChoice(session_, "InputSlot", settings.inputSlot);
     }
     // A fax has turned the colour off in the ticket: only the user's own change touches it.
-    if (!settings.colorOption.empty() && (settings.colorOption != settings_.colorOption ||
-                                          settings.colorChoice != settings_.colorChoice)) {
+    if (colorChanges(settings)) {
         WritePPDChoice(session_, settings.colorOption, settings.colorChoice);
+        // A printer with a color mode beside the option has two words for one thing.
+        if (description_ && FindOption(*description_, kColorModeOption)) {
+            WritePPDChoice(session_, kColorModeOption,
+                           ColorModeFor(*description_, settings.colorChoice));
+        }
     }
     if (settings.orientation != settings_.orientation || !HasOrientation(session_)) {
         WriteOrientation(session_, settings.orientation);
     }
     WritePagesPerSheet(session_, settings.pagesPerSheet);
     settings_ = settings;
-    if (hasPane()) paperIsNews_ = false;
+    // A booklet's own size is not the window's to change: the stock follows when it is left.
+    if (hasPane()) paperIsNews_ = !StockTakesPaper(session_);
 }
 
 bool PrintJobHost::printCheck() {

@@ -114,6 +114,7 @@ private:
     void write(const JobSettings& settings);
     /// The paper that prints: the chosen one, else the printer's own; empty when nobody knows.
     [[nodiscard]] std::string effectivePaper(const JobSettings& settings) const;
+    [[nodiscard]] bool colorChanges(const JobSettings& settings) const;
     [[nodiscard]] bool paperChanges(const JobSettings& settings) const;
 
     std::vector<std::string> panels_;

@@ -6,8 +6,10 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include "print_dialog/color_options.h"
 #include "print_dialog/extension.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/widgets.h"
@@ -22,6 +24,7 @@ namespace {
 /// Form, preview and pane beside each other; below that the preview stands under the form.
 constexpr int kWidthForThreeColumns = 1240;
 constexpr int kColumnGap = 18;
+constexpr int kAskAgainMs = 100;
 /// How the extension hears that a dialog ended without printing.
 constexpr OSStatus kNotPrinted = kPMInvalidPDEContext;
 
@@ -187,6 +190,13 @@ void PrintWindow::openQueue(const std::string& queue) {
 }
 
 void PrintWindow::usePrinter(const PrinterDescription& found) {
+    // A dialog of the pane works on what the pane holds: the pane stays until it is answered.
+    if (QApplication::activeModalWidget()) {
+        QTimer::singleShot(kAskAgainMs, this, [this, found, queue = openingQueue_] {
+            if (queue == openingQueue_) usePrinter(found);
+        });
+        return;
+    }
     DestinationChoice* destination = form_->destination();
     destination->setStatus(QString::fromStdString(found.error));
     if (found.error.empty()) {
@@ -290,6 +300,7 @@ JobRequest PrintWindow::jobRequest() const {
 void PrintWindow::print() {
     if (!print_->isEnabled()) return;
     bar_->clear();
+    host_.apply(form_->settings());
     printed_ = document_.copy();
     const QString destination = form_->destination()->current().text;
     job_ = StartJob(host_, jobRequest(),
@@ -334,7 +345,13 @@ void PrintWindow::finishJob(const JobResult& result) {
 
 void PrintWindow::stop() {
     stopping_ = true;
+    // Each modal loop ends with the window it runs for; what it returns to must still be there.
+    while (QWidget* dialog = QApplication::activeModalWidget()) {
+        if (dialog == this) break;
+        if (!dialog->close()) dialog->hide();
+    }
     reject();
+    if (!job_) QCoreApplication::quit();
 }
 
 void PrintWindow::reject() {

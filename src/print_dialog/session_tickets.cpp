@@ -41,6 +41,12 @@ CFDictionaryRef Dictionary(PMPrintSession session, CFStringRef key) {
     return dictionary;
 }
 
+bool IsOn(PMPrintSession session, CFStringRef key) {
+    CFBooleanRef flag = nullptr;
+    PMTicketGetCFBoolean(PrintSettings(session), key, &flag);
+    return CFBooleanGetValue(flag);
+}
+
 std::optional<SInt32> StockSize(const std::string& keyword) {
     return FindTicketValueForChoice(CFSTR("PageSize"), Text(keyword));
 }
@@ -134,7 +140,12 @@ bool StockHasPaper(PMPrintSession session, const std::string& keyword) {
            stored == *size;
 }
 
+bool StockTakesPaper(PMPrintSession session) {
+    return !IsOn(session, kBookletLayoutKey) || !IsOn(session, kBookletForceNewSizeKey);
+}
+
 void WriteStockPaper(PMPrintSession session, const std::string& keyword) {
+    if (!StockTakesPaper(session)) return;
     const auto stock = Dictionary(session, kJobLevelStockKey);
     const auto size = StockSize(keyword);
     if (!stock || !size) return;

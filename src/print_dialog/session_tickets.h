@@ -30,7 +30,9 @@ void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer
 
 /// Whether the job's stock names the size of that PageSize keyword, as far as stocks know it.
 [[nodiscard]] bool StockHasPaper(PMPrintSession session, const std::string& keyword);
-/// Sets the size of the job's stock, where the ticket has one and knows the paper.
+/// Whether the size of the job's stock is the window's to set: not while a booklet forces one.
+[[nodiscard]] bool StockTakesPaper(PMPrintSession session);
+/// Sets the size of the job's stock, where the ticket has one, takes it, and knows the paper.
 void WriteStockPaper(PMPrintSession session, const std::string& keyword);
 
 /// Whether the print settings hold what nobody but the printer may read: a passcode, fax details.

@@ -7,8 +7,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 
+#include "print_dialog/color_options.h"
 #include "print_dialog/sheet_layout.h"
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
@@ -18,9 +18,6 @@ namespace {
 
 constexpr int kMostCopies = 999;
 constexpr const char* kInputSlot = "InputSlot";
-constexpr const char* kColorOptions[] = {"KLMColor", "ColorModel"};
-/// Choices of a colour option that print in black, whoever made the printer.
-constexpr std::array kGreyChoices = {"BW", "Gray", "Grayscale", "KGray", "Mono", "Black"};
 
 /// For a queue that says nothing about its papers. A quarter inch stays white.
 std::vector<PPDPaper> UsualPapers() {
@@ -39,19 +36,7 @@ void SelectData(QComboBox* popup, const QVariant& data) {
     popup->setCurrentIndex(std::max(0, popup->findData(data)));
 }
 
-/// Null for one that offers nothing.
-const PPDOptionTexts* FindOption(const PPDDescription& printer, std::string_view keyword) {
-    const auto found = std::ranges::find(printer.options, keyword, &PPDOptionTexts::keyword);
-    return found == printer.options.end() || found->choices.empty() ? nullptr : &*found;
-}
-
 }  // namespace
-
-std::string ColorOption(const PPDDescription& printer) {
-    const auto* found = std::ranges::find_if(
-        kColorOptions, [&](const char* name) { return FindOption(printer, name); });
-    return found == std::end(kColorOptions) ? std::string() : *found;
-}
 
 SettingsForm::SettingsForm(QWidget* parent)
     : QWidget(parent),
@@ -235,8 +220,7 @@ PPDPaper SettingsForm::paper() const {
 
 bool SettingsForm::isGrey() const {
     return !settings_.colorOption.empty() &&
-           std::ranges::find(kGreyChoices, colors_->currentData().toString().toStdString()) !=
-               kGreyChoices.end();
+           IsGreyChoice(colors_->currentData().toString().toStdString());
 }
 
 }  // namespace kalmo

@@ -15,9 +15,6 @@
 
 namespace kalmo {
 
-/// The option that prints in colour or black, empty when the printer has none.
-[[nodiscard]] std::string ColorOption(const PPDDescription& printer);
-
 class SettingsForm final : public QWidget {
     Q_OBJECT
 public:

@@ -6,6 +6,7 @@
 #define kOrientationKey CFSTR("com.apple.print.PageFormat.PMOrientation")
 #define kJobTypeKey CFSTR("com.kalmo.print.JobType")
 #define kBookletLayoutKey CFSTR("com.kalmo.print.BookletLayout")
+#define kBookletForceNewSizeKey CFSTR("com.kalmo.print.BookletForceNewSize")
 #define kJobLevelStockKey CFSTR("com.kalmo.print.JobLevelStock")
 #define kFaxOptionsKey CFSTR("com.kalmo.print.FaxOptions")
 #define kInvertImageOptionsKey CFSTR("com.kalmo.print.InvertImageOptions")

@@ -157,7 +157,8 @@ TEST_F(Fields, CustomValueIsAskedForUntilItIsLongEnough) {
     });
     EXPECT_EQ(RunModalCustomValueDialog(bundle, 2, 5, &text, &button), noErr);
     EXPECT_EQ(button, kCustomValueOK);
-    EXPECT_EQ(CFStringToUTF8(Owned<CFStringRef>::Adopt(text)), "Blue!");
+    const auto typed = Owned<CFStringRef>::Adopt(text);
+    EXPECT_EQ(CFStringToUTF8(typed), "Blue!");
     driver.expect([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
     RunModalCustomValueDialog(bundle, 2, 5, &text, &button);
     EXPECT_EQ(button, kCustomValueCancel);

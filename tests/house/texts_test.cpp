@@ -36,6 +36,10 @@ std::map<std::string, std::string> UsedKeys() {
     const std::regex rows(R"re(\{\s*CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
     // Tables of pictures name what each of them says.
     const std::regex descriptions(R"re("(\w+Description)")re");
+    const std::regex itemRows(
+        R"re(\{(?:nullptr|CFSTR\("\w+"\)),\s*CFSTR\("([^"]+)"\),\s*k\w+Command)re");
+    const std::regex commandRows(R"re(\{CFSTR\("([^"]+)"\),\s*(?:k\w+|'....'))re");
+    const std::regex valueRows(R"re((?:\{\w+,\s*|return |fold, |punch, )CFSTR\("([^"]+)"\))re");
     const std::regex titles(R"re(titleKey = "(\w+)")re");
     ForEachFile(kSources, {".cpp"}, [&](const std::filesystem::path& file) {
         if (file.string().find("/platform/") != std::string::npos) return;
@@ -45,8 +49,14 @@ std::map<std::string, std::string> UsedKeys() {
         }
         for (const std::regex& pattern : {descriptions, titles})
             for (const std::string& key : Matches(text, pattern)) used[key] = file;
-        if (file.filename() == "setting_maps.cpp") {
+        if (file.filename() == "setting_maps.cpp" || file.filename() == "saved_job_dialog.cpp") {
             for (const std::string& key : Matches(text, rows)) used[Unescaped(key)] = file;
+        }
+        // Menus and summaries of finishing: the key stands behind a feature, before a command, or
+        // behind a value.
+        if (file.filename().string().find("finishing_") != std::string::npos) {
+            for (const std::regex& pattern : {itemRows, commandRows, valueRows})
+                for (const std::string& key : Matches(text, pattern)) used[key] = file;
         }
     });
     const std::regex properties(

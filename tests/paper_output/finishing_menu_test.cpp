@@ -93,9 +93,9 @@ TEST_F(FinishingMenu, CoilPunchGoesWithAPaperThatCannotHaveIt) {
 TEST_F(FinishingMenu, ProductionItemsStandAroundTwoSeparators) {
     const std::pair<Features, const char*> rows[] = {
         {{CFSTR("1StapleTL"), CFSTR("ZFoldHalfRight")},
-         "1 staple…=0;Z fold to half a sheet…=0;Several finishings…=0;-=0;-=0;"},
+         "1 staple…=0;Z fold to half a sheet…=0;Combined finishing…=0;-=0;-=0;"},
         {{CFSTR("2StaplesL"), CFSTR("4HolePunchL"), CFSTR("BiFoldStapleMultiple")},
-         "2 staples…=0;4 holes…=0;Fold…=0;Several finishings…=0;-=0;-=0;Create a booklet…=0;"},
+         "2 staples…=0;4 holes…=0;Fold…=0;Combined finishing…=0;-=0;-=0;Create a booklet…=0;"},
         {{CFSTR("BindLeft"), CFSTR("SBM"), CFSTR("Custom"), CFSTR("SlipSheets"), CFSTR("Offset")},
          "Binding…=0;Signature booklet=0;Custom…=0;-=0;Slip sheets=0;Offset and subsets…=0;-=0;"},
     };

@@ -110,7 +110,7 @@ TEST_F(PrintJobHostTest, SyncsAroundWhatAPanelReadsAndOnlyThen) {
         {"nothing", [](JobSettings&) {}, false},
         {"copies", [](JobSettings& s) { s.copies = 3; }, false},
         {"source", [](JobSettings& s) { s.inputSlot = "Tray2"; }, false},
-        {"color", [](JobSettings& s) { s.colorOption = "KLMColor", s.colorChoice = "BW"; }, false},
+        {"color", [](JobSettings& s) { s.colorOption = "KLMColor", s.colorChoice = "BW"; }, true},
         {"paper", [](JobSettings& s) { s.paper = "A3"; }, true},
         {"orientation", [](JobSettings& s) { s.orientation = Orientation::landscape; }, true},
         {"two on a sheet", [](JobSettings& s) { s.pagesPerSheet = 2; }, true},
@@ -129,6 +129,7 @@ TEST_F(PrintJobHostTest, SyncsAroundWhatAPanelReadsAndOnlyThen) {
     EXPECT_EQ(pane_.host.ppdChoice("PageSize"), "A3");
     EXPECT_EQ(pane_.host.ppdChoice("InputSlot"), "Tray2");
     EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "BW");
+    EXPECT_EQ(pane_.host.ppdChoice("KLColorMode"), "Grayscale") << "the printer's own word for it";
 }
 
 TEST_F(PrintJobHostTest, TheDialogsPaperReachesTheStock) {

@@ -77,6 +77,8 @@ OSStatus AppendSubmenu(MenuRef menu, CFBundleRef bundle, JobContext context, PPD
     if (status != noErr) return status;
     const MenuRef submenu = CreateNewMenu();
     row.populate(submenu, bundle, context, ppd);
+    // A printer may know types and no colors, or colors and no types.
+    if (CountMenuItems(submenu) == 0) DisableMenuItem(menu, item);
     return SetMenuItemHierarchicalMenu(menu, item, submenu);
 }
 

@@ -86,6 +86,9 @@ Owned<CFStringRef> TypeText(CFBundleRef bundle, const Stock& stock) {
         CFStringCreateWithFormat(kCFAllocatorDefault, CFSTR("%@ (%d)"), text.get(), number.get()));
 }
 
+/// A ticket may hold any text; the summary stays one.
+constexpr CFIndex kLongestLine = 120;
+
 /// Collects what is said, line by line.
 class Lines final {
 public:
@@ -94,10 +97,11 @@ public:
     /// Nothing without a text; without a label the text alone.
     void add(CFStringRef labelKey, CFStringRef text) {
         if (CFStringGetLength(text) == 0) return;
-        if (!labelKey) return CFArrayAppendValue(lines_, text);
+        const auto shown = CopyShortened(text, kLongestLine);
+        if (!labelKey) return CFArrayAppendValue(lines_, shown);
         const auto label = CopyText(bundle_, labelKey);
-        const auto line = Owned<CFStringRef>::Adopt(
-            CFStringCreateWithFormat(kCFAllocatorDefault, CFSTR("%@: %@"), label.get(), text));
+        const auto line = Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
+            kCFAllocatorDefault, CFSTR("%@: %@"), label.get(), shown.get()));
         CFArrayAppendValue(lines_, line.get());
     }
     [[nodiscard]] CFStringRef joined(CFStringRef separator) const {

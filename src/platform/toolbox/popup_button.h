@@ -15,8 +15,8 @@ public:
     void showPopup() override;
 
 protected:
-    /// Up and Down open the list: passing over an item must not choose it, for a choice may open a
-    /// dialog.
+    /// Keys that go from item to item, letters too, do so in the opened list: to pass over an item
+    /// must not choose it, for a choice may open a dialog.
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };

@@ -1,6 +1,10 @@
 #include "shell/base/texts.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <string>
+
+#include "foundation/character_set.h"
 
 namespace kalmo {
 namespace {
@@ -25,6 +29,19 @@ Owned<CFStringRef> CopyText(CFBundleRef bundle, CFStringRef key, CFStringRef tab
     if (auto text = CopyTextIfPresent(bundle, key, table)) return text;
     ReportMissingText(key, table);
     return Owned<CFStringRef>::Retain(CFSTR(kStringNotFound));
+}
+
+Owned<CFStringRef> CopyShortened(CFStringRef text, CFIndex most) {
+    const CFIndex length = text ? CFStringGetLength(text) : 0;
+    const CFIndex shown = std::min(length, most);
+    std::u16string line(static_cast<std::size_t>(shown), u' ');
+    if (shown > 0) CFStringGetCharacters(text, {0, shown}, line.data());
+    const CFCharacterSetRef controls = CFCharacterSetGetPredefined(kCFCharacterSetControl);
+    for (UniChar& character : line)
+        if (CFCharacterSetIsCharacterMember(controls, character)) character = u' ';
+    if (length > most) line += u'\u2026';
+    return Owned<CFStringRef>::Adopt(CFStringCreateWithCharacters(
+        kCFAllocatorDefault, line.data(), static_cast<CFIndex>(line.size())));
 }
 
 }  // namespace kalmo

@@ -16,4 +16,8 @@ inline constexpr char kStringNotFound[] = "STRING NOT FOUND";
 [[nodiscard]] Owned<CFStringRef> CopyTextIfPresent(CFBundleRef bundle, CFStringRef key,
                                                    CFStringRef table = nullptr);
 
+/// A text from outside as a line to be shown: no longer than `most`, then an ellipsis, and with
+/// blanks for control characters. Never null.
+[[nodiscard]] Owned<CFStringRef> CopyShortened(CFStringRef text, CFIndex most);
+
 }  // namespace kalmo

@@ -72,7 +72,9 @@ TEST_F(StockDialogs, SizeThatThePrinterRefusesIsRefused) {
 void ChooseSeparators(QWidget& window) {
     auto& menu = *window.findChild<QPushButton*>("stock");
     EXPECT_FALSE(menu.isEnabled());
-    QTest::keyClick(window.findChild<QComboBox*>("option"), Qt::Key_Down);
+    auto* const option = window.findChild<QComboBox*>("option");
+    option->setCurrentIndex(1);
+    Q_EMIT option->activated(1);
     EXPECT_TRUE(menu.isEnabled());
     const ControlRef button = ControlFromWidget(&menu);
     SimulateMenuChoice(button, GetMenuItemHierarchicalMenu(GetControlPopupMenu(button), 2), 3);

@@ -41,6 +41,7 @@ TEST_F(Popup, KeysPassOverWhatCannotBeChosen) {
     QTest::keyClick(box().view(), Qt::Key_Return);
     EXPECT_EQ(GetControl32BitValue(control()), 4);
     QTest::keyClick(&box(), Qt::Key_Home);
+    QTest::keyClick(box().view(), Qt::Key_Return);
     EXPECT_EQ(GetControl32BitValue(control()), 1);
     EXPECT_EQ(record, "hh");
     SetControl32BitValue(control(), 2);
@@ -100,6 +101,7 @@ TEST_F(Popup, CommandsTellTheItemThatSentThem) {
     };
     InstallControlEventHandler(control(), note, 1, &kCommand, &chosen, nullptr);
     QTest::keyClick(&box(), Qt::Key_End);
+    QTest::keyClick(box().view(), Qt::Key_Return);
     EXPECT_EQ(chosen, 4);
 }
 
