@@ -135,6 +135,20 @@ TEST_F(PrintWindowQueueTest, AFaxIsRefusedWhileNoRecipientCanBeGiven) {
     printJob();
 }
 
+TEST_F(PrintWindowQueueTest, ThePaneStaysWhileItsDialogIsOpen) {
+    choose("other");  // known some time after the dialog of the pane before is open
+    driver_.expect([this](QWidget& dialog) {
+        QTest::qWait(1500);
+        EXPECT_TRUE(hasPane());
+        for (const SInt32 field : {111, 121})
+            QTest::keyClicks(FindControl<QLineEdit>(dialog, 'KPDE', field), kPasscode);
+        FindControl<QPushButton>(dialog, 'KPDE', 901)->click();
+    });
+    choose("Secure print");
+    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
+    EXPECT_FALSE(hasPane());
+}
+
 TEST_F(PrintWindowQueueTest, ThePaneComesAndGoesWithThePrinter) {
     choose("other");
     EXPECT_FALSE(print()->isEnabled()) << "until the printer is known";
