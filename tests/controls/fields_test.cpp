@@ -1,15 +1,21 @@
-// Fields for numbers, with arrows and slider, and fields for limited texts.
+// Fields for numbers and limited texts, and pictures by name.
+#include <gtest/gtest.h>
+
 #include <QClipboard>
+#include <QImage>
 #include <QLineEdit>
 #include <QSlider>
 #include <QTest>
 
 #include "controls/custom_value_dialog.h"
 #include "controls/input_limits.h"
+#include "controls/pictures.h"
 #include "controls/spin_control.h"
 #include "platform/toolbox/interface.h"
 #include "support/beeps.h"
 #include "support/modal_driver.h"
+#include "support/private_home.h"
+#include "support/values.h"
 
 namespace kalmo::test {
 namespace {
@@ -163,6 +169,33 @@ TEST_F(Fields, CustomValueIsAskedForUntilItIsLongEnough) {
     RunModalCustomValueDialog(bundle, 2, 5, &text, &button);
     EXPECT_EQ(button, kCustomValueCancel);
     EXPECT_EQ(text, nullptr);
+}
+
+constexpr char kWideSvg[] =
+    "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"60\" height=\"20\"><rect width=\"60\" "
+    "height=\"20\"/></svg>";
+
+TEST(ImageCache, PrefersTheDrawingAndLoadsOnce) {
+    const auto folder = MakeFolder("pictures");
+    WriteFile(folder / "Both.svg", kWideSvg);
+    QImage(10, 10, QImage::Format_RGB32).save(QString::fromStdString(folder / "Both.png"));
+    QImage(8, 4, QImage::Format_RGB32).save(QString::fromStdString(folder / "Only.png"));
+    WriteFile(folder / "Broken.gif", "no picture");
+    ImageCache cache(FileURL(folder));
+
+    const auto widthOf = [&](CFStringRef name) {
+        SInt32 width = 0, height = 0;
+        if (const PictureRef picture = cache.picture(name))
+            GetPictureSize(picture, &width, &height);
+        return width;
+    };
+    EXPECT_EQ(widthOf(CFSTR("Both.png")), 60);
+    EXPECT_EQ(widthOf(CFSTR("Only.png")), 8);
+    EXPECT_EQ(cache.picture(CFSTR("Broken.gif")), nullptr);
+
+    const PictureRef loaded = cache.picture(CFSTR("Both.png"));
+    std::filesystem::remove(folder / "Both.svg");
+    EXPECT_EQ(cache.picture(CFSTR("Both.png")), loaded);
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 #include <map>
 #include <memory>
 
-#include "foundation/property_list.h"
 #include "house/resource_files.h"
+#include "support/values.h"
 
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
@@ -70,12 +70,7 @@ void ForEachEntry(CFDictionaryRef dictionary, Visit visit) {
 }
 
 Printer ReadProfile() {
-    const std::string bytes = ReadFile(kResources / "Device Profile.plist");
-    const auto data = Owned<CFDataRef>::Adopt(
-        CFDataCreate(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(bytes.data()),
-                     static_cast<CFIndex>(bytes.size())));
-    const auto list = Owned<CFPropertyListRef>::Adopt(CFPropertyListCreateFromXMLData(
-        kCFAllocatorDefault, data, kCFPropertyListImmutable, nullptr));
+    const auto list = ReadPlist(ReadFile(kResources / "Device Profile.plist"));
     Printer printer;
     const auto features = Part(static_cast<CFDictionaryRef>(list.get()), CFSTR("Features"));
     ForEachEntry(features, [&printer](const std::string& name, CFDictionaryRef feature) {

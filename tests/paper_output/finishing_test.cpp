@@ -1,6 +1,7 @@
 // What the commands of finishing do, and the words and pictures for it.
 #include "paper_output/finishing.h"
 
+#include "paper_output/paper_output_record.h"
 #include "settings/ppd_file.h"
 #include "support/bundles.h"
 
@@ -62,10 +63,10 @@ TEST(Finishing, TheSummaryHasALineForEachDeviceOrForTheBooklet) {
         {{24, 5, 1, 1, 53, 1, 4}, false, "- Booklet, folded and stapled\n"},
         {{0, 5, 1, 1, 1, 1, 4}, true, "- Not folded\n- Booklet layout\n"}};
     for (const auto& [finishing, layout, lines] : rows) {
-        EXPECT_EQ(TextOf(CreateFinishingString(bundle, finishing, layout, {true, true, true})),
+        EXPECT_EQ(TakeText(CreateFinishingString(bundle, finishing, layout, {true, true, true})),
                   lines);
     }
-    EXPECT_EQ(TextOf(CreateFinishingString(bundle, {}, false, {})), "");
+    EXPECT_EQ(TakeText(CreateFinishingString(bundle, {}, false, {})), "");
 }
 
 TEST(Finishing, PicturesShowTheFoldElseStaplesWithHoles) {
@@ -96,6 +97,34 @@ TEST(Finishing, ASquareFoldNeedsAPaperThatFolds) {
         EXPECT_EQ(finishing.squareFold, allowed);
         EXPECT_FALSE(CoupleSquareFold(&finishing, stock)) << "nothing more to change";
     }
+}
+
+TEST(Booklet, ABookletFoldIsTheOnlyFinishing) {
+    PaperOutputRecord record;
+    Finishing& finishing = record.finishing;
+    const auto choose = [&](SInt32 fold) {
+        ApplyBookletChoice(&record, {.booklet = {.mode = kBookletOff}, .fold = fold}, kOneSided);
+    };
+    finishing.singleStaple = 5;
+    finishing.punch = finishing.bind = 4;
+    finishing.offsetSubsetEnabled = 1;
+    finishing.offset = 0;
+    choose(kFoldBiStaple);
+    EXPECT_EQ(finishing.option, kOptionBooklet);
+    EXPECT_EQ(finishing.fold, kFoldBiStaple);
+    EXPECT_EQ(StapleLocation(finishing), kNoFinishing);
+    EXPECT_TRUE(finishing.punch == 1 && finishing.bind == 1 && finishing.offset == 1);
+    EXPECT_EQ(finishing.offsetSubsetEnabled, 0);
+    choose(kNoFinishing);
+    EXPECT_EQ(finishing.option, kOptionNone);
+    finishing.option = kOptionPunch;
+    choose(kNoFinishing);
+    EXPECT_EQ(finishing.option, kOptionPunch) << "there was no booklet fold to undo";
+    choose(kFoldBi);
+    record.duplex = kOneSided;
+    LeaveBooklet(&record);
+    EXPECT_EQ(std::pair(finishing.option, finishing.fold), std::pair(kOptionNone, kNoFinishing));
+    EXPECT_EQ(record.duplex, kOneSided) << "the layout was off";
 }
 
 }  // namespace

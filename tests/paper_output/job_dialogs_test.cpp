@@ -13,10 +13,6 @@ namespace {
 constexpr SInt32 kTime = 103, kName = 202, kUseDocumentName = 203, kFolder = 205, kFormat = 207,
                  kSaveAndPrintButton = 210, kProtect = 211;
 
-Owned<CFStringRef> String(const char* text) {
-    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(text));
-}
-
 enum class End { accepted, made, refused };
 
 struct JobDialogs : DialogTest {

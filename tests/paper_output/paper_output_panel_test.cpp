@@ -65,18 +65,20 @@ protected:
         return static_cast<_PaperOutputContext*>(context)->record;
     }
     std::string summary(SummaryView _PaperOutputContext::*view) const {
-        return CFStringToUTF8(Owned<CFStringRef>::Adopt(
-            CopyControlTitleAsCFString((static_cast<_PaperOutputContext*>(context)->*view).text)));
+        return TakeText(
+            CopyControlTitleAsCFString((static_cast<_PaperOutputContext*>(context)->*view).text));
+    }
+    MenuRef menu() { return GetControlPopupMenu(ControlFromWidget(control(kFinishingMenu))); }
+    /// 0 when there is none.
+    UInt16 itemOf(UInt32 sought) {
+        UInt32 found = 0;
+        for (UInt16 item = CountMenuItems(menu()); item > 0; --item)
+            if (GetMenuItemCommandID(menu(), item, &found) == noErr && found == sought) return item;
+        return 0;
     }
     void command(UInt32 sought) {
-        const ControlRef button = ControlFromWidget(control(kFinishingMenu));
-        const MenuRef menu = GetControlPopupMenu(button);
-        for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
-            UInt32 found = 0;
-            GetMenuItemCommandID(menu, item, &found);
-            if (found == sought) return SimulateMenuChoice(button, menu, item);
-        }
-        FAIL() << "no such command";
+        ASSERT_NE(itemOf(sought), 0);
+        SimulateMenuChoice(ControlFromWidget(control(kFinishingMenu)), menu(), itemOf(sought));
     }
     Owned<CFDictionaryRef> written(CFStringRef key) {
         sync(kSyncToTicket);
@@ -110,6 +112,8 @@ protected:
 
 TEST_F(PaperOutputPanel, ChoicesReachTheTicketAndComeBack) {
     show();
+    EXPECT_TRUE(control(kFinishingMenu) && control(kOutputColor));
+    EXPECT_FALSE(control(kStaplePopup)) << "the menu offers staples";
     const struct {
         SInt32 popup;
         CFStringRef keyword;
@@ -134,13 +138,6 @@ TEST_F(PaperOutputPanel, ChoicesReachTheTicketAndComeBack) {
         sync(kSyncToUI);
         EXPECT_EQ(shown(row.popup), last.toStdString());
     }
-}
-
-TEST_F(PaperOutputPanel, NoSettingHasTwoControlsAndNoControlNothingToSet) {
-    show();
-    EXPECT_TRUE(control(kFinishingMenu) && control(kPunchPopup) && control(kFoldPopup));
-    EXPECT_FALSE(control(kStaplePopup)) << "the menu offers staples";
-    EXPECT_TRUE(control(kOutputColor));
 }
 
 TEST_F(PaperOutputPanel, APrinterWithoutDevicesHasOnlyTheJobType) {
@@ -206,6 +203,7 @@ TEST_F(PaperOutputPanel, ABookletTakesSidesAndGivesThemBack) {
     EXPECT_EQ(choice(CFSTR("Duplex")), "DuplexTumble");
     sync(kSyncToUI);
     EXPECT_FALSE(control(kSidesPopup)->isEnabled());
+    runBooklet(true);
     runBooklet(false);
     EXPECT_FALSE(layoutInTicket());
     EXPECT_TRUE(control(kSidesPopup)->isEnabled());
@@ -219,39 +217,24 @@ TEST_F(PaperOutputPanel, AStapleLeavesTheBooklet) {
     command(kMultipleStaplesCommand);
     EXPECT_FALSE(layoutInTicket());
     EXPECT_EQ(record().duplex, kTwoSidedLongEdge) << "not what was chosen before";
-    const MenuRef menu = GetControlPopupMenu(ControlFromWidget(control(kFinishingMenu)));
-    for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
-        UInt32 found = 0;
-        GetMenuItemCommandID(menu, item, &found);
-        EXPECT_EQ(
-            IsMenuItemChecked(menu, item) && found != kNoPunchCommand && found != kNoFoldCommand,
-            found == kMultipleStaplesCommand);
-    }
+    for (UInt16 item = 1; item <= CountMenuItems(menu()); ++item)
+        EXPECT_EQ(IsMenuItemChecked(menu(), item) && item != itemOf(kNoPunchCommand) &&
+                      item != itemOf(kNoFoldCommand),
+                  item == itemOf(kMultipleStaplesCommand));
     sync(kSyncToTicket);
     EXPECT_EQ(choice(CFSTR("StapleLocation")), "MultipleStaples");
 }
 
 TEST_F(PaperOutputPanel, EveryEventAsksWhetherThePaperTakesCoilPunch) {
     show(kEveryDevice);
-    const MenuRef menu = GetControlPopupMenu(ControlFromWidget(control(kFinishingMenu)));
-    const auto coilAllowed = [&] {
-        for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
-            UInt32 found = 0;
-            GetMenuItemCommandID(menu, item, &found);
-            if (found == kCoilCommand) return IsMenuItemEnabled(menu, item) != 0;
-        }
-        return false;
-    };
     command(kCoilCommand);
-    choose(CFSTR("MediaType"), CFSTR("Labels"));
-    sync(kSyncToUI);
-    pick(kBinPopup, shown(kBinPopup).c_str());
-    EXPECT_FALSE(coilAllowed());
-    EXPECT_FALSE(record().finishing.coilPunch);
-    choose(CFSTR("MediaType"), CFSTR("Standard"));
-    sync(kSyncToUI);
-    pick(kBinPopup, shown(kBinPopup).c_str());
-    EXPECT_TRUE(coilAllowed());
+    for (const auto& [type, allowed] : {std::pair{"Labels", false}, {"Standard", true}}) {
+        choose(CFSTR("MediaType"), CFStringMakeConstant(type));
+        sync(kSyncToUI);
+        pick(kBinPopup, shown(kBinPopup).c_str());
+        EXPECT_EQ(IsMenuItemEnabled(menu(), itemOf(kCoilCommand)), allowed) << type;
+        EXPECT_FALSE(record().finishing.coilPunch);
+    }
 }
 
 TEST_F(PaperOutputPanel, ABookletOfTheTicketIsNotTakenOver) {

@@ -84,7 +84,7 @@ struct Job final {
         CFDictionarySetValue(choices(), Text(keyword), choice.get());
     }
     std::string choice(const char* keyword) const {
-        return TextOf(PPDCopyCurrentChoice(ticket, Text(keyword)));
+        return TakeText(PPDCopyCurrentChoice(ticket, Text(keyword)));
     }
     /// A panel that has just read the ticket.
     PaperOutputRecord read() const {

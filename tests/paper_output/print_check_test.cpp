@@ -1,41 +1,26 @@
 // The check before printing, from the job's record to what the dialog hears.
-#include <gtest/gtest.h>
-
-#include <QPushButton>
-
 #include "paper_output/print_check.h"
-#include "shell/base/plugin_bundle.h"
+
+#include "paper_output/dialog_test.h"
 #include "shell/shell_events.h"
-#include "support/bundles.h"
-#include "system/presence.h"
 #include "system/system.h"
-#include "toolbox/host.h"
 
 namespace kalmo::test {
 namespace {
 
-struct PrintCheck : testing::Test {
+struct PrintCheck : DialogTest {
     PrintCheck() {
-        Presence presence = UnattendedPresence();
-        presence.notice = [this](CFStringRef, CFStringRef message) {
-            notices.push_back(CFStringToUTF8(message));
-        };
-        InstallPresence(presence);
-        gBundle = bundle;
         shell.parent = ControlFromWidget(new QWidget(&window));
         shell.defaultButton = ControlFromWidget(new QPushButton(&window));
     }
     ~PrintCheck() override {
         RemoveAllHandlers(shell);
         InstallPrintCheckSource({});
-        gBundle = nullptr;
-        InstallPresence(UnattendedPresence());
         SetSystemVersionForTests(kSystemVersion10_5);
     }
 
     void setJob(SInt32 type, const char* passcode, CFIndex recipients) {
-        const auto text = passcode ? Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(passcode))
-                                   : Owned<CFStringRef>();
+        const auto text = passcode ? String(passcode) : Owned<CFStringRef>();
         InstallPrintCheckSource({.job =
                                      [=, this] {
                                          ++checks;
@@ -47,8 +32,6 @@ struct PrintCheck : testing::Test {
 
     QWidget window;
     PDEShellContext shell;
-    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
-    std::vector<std::string> notices;
     int checks = 0, faxSetups = 0;
 };
 

@@ -1,8 +1,16 @@
+// What people type: command lines, page ranges, signals.
 #include "print_dialog/command_line.h"
 
 #include <gtest/gtest.h>
 
-namespace kalmo {
+#include <QEventLoop>
+#include <QTimer>
+#include <csignal>
+
+#include "print_dialog/job_settings.h"
+#include "print_dialog/stop_signals.h"
+
+namespace kalmo::test {
 namespace {
 
 std::variant<CommandLine, ExitCode> Parse(std::vector<const char*> arguments) {
@@ -10,7 +18,7 @@ std::variant<CommandLine, ExitCode> Parse(std::vector<const char*> arguments) {
     return ParseCommandLine(static_cast<int>(arguments.size()), arguments.data());
 }
 
-TEST(CommandLineTest, AListOfPanelsLeavesTheDocumentAlone) {
+TEST(CommandLines, AListOfPanelsLeavesTheDocumentAlone) {
     const auto parsed = Parse({"--panels", "special-pages,job-notes", "report.pdf"});
     const auto& line = std::get<CommandLine>(parsed);
     EXPECT_EQ(line.panels, (std::vector<std::string>{"special-pages", "job-notes"}));
@@ -18,12 +26,9 @@ TEST(CommandLineTest, AListOfPanelsLeavesTheDocumentAlone) {
     EXPECT_EQ(line.phase, Phase::open);
 }
 
-TEST(CommandLineTest, RefusesWhatItDoesNotUnderstandInOneLine) {
-    struct Row {
-        const char* why;
-        std::vector<const char*> arguments;
-    };
-    for (const auto& [why, arguments] : std::vector<Row>{
+TEST(CommandLines, RefusesWhatItDoesNotUnderstandInOneLine) {
+    for (const auto& [why, arguments] :
+         std::vector<std::pair<const char*, std::vector<const char*>>>{
              {"unknown option", {"--frobnicate"}},
              {"unknown panel", {"--panels", "special-pages,colour"}},
              {"unknown phase", {"--no-dialog", "--phase", "close"}},
@@ -44,5 +49,61 @@ TEST(CommandLineTest, RefusesWhatItDoesNotUnderstandInOneLine) {
     }
 }
 
+TEST(PageRanges, TextBecomesSortedMergedRangesOrNothing) {
+    const struct {
+        const char* why;
+        const char* text;
+        const char* expected;  // null: refused
+    } rows[] = {
+        {"one page", "4", "4"},
+        {"blanks and dashes as people write them", " 1 - 3 , 5 ", "1-3,5"},
+        {"out of order, touching and overlapping", "7,2-3,4-5,3", "2-5,7"},
+        {"the last page", "12", "12"},
+        {"empty", "", nullptr},
+        {"blanks only", "  ", nullptr},
+        {"nothing between commas", "1,,3", nullptr},
+        {"still typing a list", "1,", nullptr},
+        {"still typing a range", "2-", nullptr},
+        {"no start", "-3", nullptr},
+        {"page 0", "0-2", nullptr},
+        {"behind the end", "11-13", nullptr},
+        {"backwards", "5-3", nullptr},
+        {"three ends", "1-2-3", nullptr},
+        {"letters", "one", nullptr},
+        {"a sign", "+1", nullptr},
+        {"a fraction", "1.5", nullptr},
+        {"larger than any number", "99999999999999999999", nullptr},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.why);
+        const auto ranges = ParsePageRanges(row.text, 12);
+        ASSERT_EQ(ranges.has_value(), row.expected != nullptr);
+        if (ranges) {
+            EXPECT_EQ(PageRangesText(*ranges), row.expected);
+        }
+    }
+}
+
+TEST(StopSignals, ASignalStopsTheJobAndNotTheProgram) {
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+        SCOPED_TRACE(number);
+        QEventLoop loop;
+        int stops = 0;
+        {
+            const StopSignals signals([&] {
+                ++stops;
+                loop.quit();
+            });
+            QTimer::singleShot(5000, &loop, &QEventLoop::quit);
+            std::raise(number);
+            std::raise(number);  // an impatient user
+            EXPECT_EQ(stops, 0) << "told by the event loop, not by the signal handler";
+            loop.exec();
+        }
+        EXPECT_EQ(stops, 1);
+        EXPECT_EQ(std::signal(number, SIG_DFL), SIG_DFL) << "afterwards signals end the program";
+    }
+}
+
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test

@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QEventLoop>
 #include <map>
-#include <optional>
 
 #include "job_ticket/attachment.h"
 #include "print_dialog/hosted_pane.h"
 #include "printing/ticket.h"
-#include "support/dead_servers.h"
 #include "support/pdf_documents.h"
 #include "support/private_home.h"
 #include "toolbox/events.h"
@@ -38,19 +35,6 @@ protected:
     }
     static std::map<std::string, std::string> options(const JobOrder& order) {
         return {order.options.begin(), order.options.end()};
-    }
-    JobResult run(const JobRequest& request, bool cancel = false) {
-        QEventLoop loop;
-        std::optional<JobResult> result;
-        const auto job = StartJob(pane_.host, request, {.finished = [&](const JobResult& end) {
-                                      result = end;
-                                      loop.quit();
-                                  }});
-        EXPECT_TRUE(job);
-        EXPECT_FALSE(result) << "the end comes later";
-        if (cancel) job->cancel();
-        loop.exec();
-        return *result;
     }
 
     std::filesystem::path document_ = test::MakeFolder("in") / "report.pdf";
@@ -122,36 +106,6 @@ TEST_F(JobTest, PlainJobsSayLittle) {
     EXPECT_EQ(sent["page-ranges"], "2-3");
     EXPECT_TRUE(made.pages.empty());
     EXPECT_FALSE(made.secret);
-}
-
-TEST_F(JobTest, AnotherMakersPrinterGetsNoTicket) {
-    pane_.choose(test::WritePPD("Other"));
-    testing::internal::CaptureStderr();
-    EXPECT_NE(pane_.begin(), noErr);
-    testing::internal::GetCapturedStderr();
-    auto settings = pane_.host.settings();
-    settings.paper = "A4";
-    pane_.host.apply(settings);
-    const auto made = order({.queue = "office"});
-    EXPECT_TRUE(made.ticket.empty());
-    EXPECT_EQ(options(made), (std::map<std::string, std::string>{{"PageSize", "A4"}}));
-    EXPECT_EQ(run({.document = document_, .folder = folder_}).end, JobResult::End::printed);
-}
-
-TEST_F(JobTest, DeadServersEndInALine) {
-    ASSERT_EQ(pane_.beginOnSample(), noErr);
-    for (const auto silence : test::kSilences) {
-        SCOPED_TRACE(test::Describe(silence));
-        std::optional<test::DeadServer> server(std::in_place, silence);
-        setenv("CUPS_SERVER", server->name().c_str(), 1);
-        const bool waits = silence == test::Silence::silent;  // fifteen seconds: cancelled instead
-        const auto result = run({.document = document_, .queue = "office"}, waits);
-        EXPECT_EQ(result.end, waits ? JobResult::End::cancelled : JobResult::End::failed);
-        EXPECT_EQ(result.message.find("does not answer") == std::string::npos, waits);
-        server.reset();
-        EXPECT_TRUE(WaitForDeliveries(5000)) << "the worker comes to its end";
-    }
-    unsetenv("CUPS_SERVER");
 }
 
 }  // namespace

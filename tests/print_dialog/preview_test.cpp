@@ -22,11 +22,6 @@ void Open(Document& document, const std::filesystem::path& file) {
     ASSERT_TRUE(Wait([&] { return document.state() != Document::State::loading; }));
 }
 
-int Distance(QColor a, QColor b) {
-    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
-           std::abs(a.blue() - b.blue());
-}
-
 TEST(Document, SaysWhatIsWrongWithAFile) {
     const auto folder = MakeFolder("bad");
     const auto good = WriteDocument({kPortraitPage});

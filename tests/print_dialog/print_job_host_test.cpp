@@ -10,7 +10,6 @@ namespace {
 
 using test::HostedPane;
 using test::TicketFile;
-using State = PrintJobHost::State;
 
 /// Each Sync towards the ticket leaves this behind.
 const char* const kSyncMark = "com.kalmo.print.ControllerInformation.ControllerFamily";
@@ -18,10 +17,7 @@ const char* const kSyncMark = "com.kalmo.print.ControllerInformation.ControllerF
 class PrintJobHostTest : public testing::Test {
 protected:
     PMTicketRef ticket() { return pane_.host.printSettings(); }
-    bool takeSyncMark() {
-        const auto key = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(kSyncMark));
-        return PMTicketReleaseItem(ticket(), key) == noErr;
-    }
+    bool takeSyncMark() { return PMTicketReleaseItem(ticket(), test::String(kSyncMark)) == noErr; }
     SInt32 stockSize() {
         CFDictionaryRef stock = nullptr;
         SInt32 size = -1;
@@ -34,25 +30,6 @@ protected:
     HostedPane pane_;
 };
 
-TEST_F(PrintJobHostTest, LivesThroughItsStates) {
-    ASSERT_EQ(pane_.loaded, "");
-    EXPECT_EQ(pane_.host.state(), State::idle);
-    ASSERT_EQ(pane_.beginOnSample(), noErr);
-    EXPECT_EQ(pane_.host.state(), State::initialized);
-    EXPECT_EQ(pane_.host.paneTitle().empty(), false);
-    EXPECT_EQ(pane_.host.paneWidth(), 540);
-    EXPECT_EQ(pane_.host.paneHeight(), 491);
-    EXPECT_EQ(pane_.host.open(), noErr);
-    EXPECT_EQ(pane_.host.state(), State::open);
-    EXPECT_NE(pane_.host.open(), noErr) << "it is open already";
-    EXPECT_EQ(pane_.host.sync(kSyncToTicket), noErr);
-    EXPECT_EQ(pane_.host.close(), noErr);
-    EXPECT_EQ(pane_.host.open(), noErr) << "a pane may be opened again";
-    pane_.host.end(noErr);
-    EXPECT_EQ(pane_.host.state(), State::idle);
-    EXPECT_EQ(pane_.host.sync(kSyncToTicket), kPMInvalidPDEContext);
-}
-
 TEST_F(PrintJobHostTest, GivesEverythingBack) {
     const auto live = [] {
         HostedPane pane;
@@ -64,21 +41,6 @@ TEST_F(PrintJobHostTest, GivesEverythingBack) {
     const auto before = CFLiveValueCount();
     live();
     EXPECT_EQ(CFLiveValueCount(), before);
-}
-
-TEST_F(PrintJobHostTest, ARefusedPrinterCanBeFollowedByAnother) {
-    for (const char* maker : {"Other", "Kalmo Imaging"}) {
-        SCOPED_TRACE(maker);
-        pane_.choose(test::WritePPD(maker));
-        testing::internal::CaptureStderr();
-        EXPECT_EQ(pane_.begin(), kPMInvalidPDEContext);
-        EXPECT_EQ(testing::internal::GetCapturedStderr(),
-                  "Initialize()::GetTicketFromSession() failed.\n");
-        EXPECT_EQ(pane_.host.state(), State::refused);
-        EXPECT_TRUE(pane_.host.printCheck()) << "without a pane nobody refuses";
-        pane_.host.end(kPMInvalidPDEContext);
-    }
-    EXPECT_EQ(pane_.beginOnSample(), noErr);
 }
 
 TEST_F(PrintJobHostTest, AnotherPrinterKeepsWhatItKnows) {

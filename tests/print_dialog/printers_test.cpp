@@ -68,7 +68,6 @@ TEST(PrintersTest, DeadServersCostALineAndNoFrame) {
     for (const auto silence : test::kSilences) {
         SCOPED_TRACE(test::Describe(silence));
         const DeadServer server(silence);
-        setenv("CUPS_SERVER", server.name().c_str(), 1);
         auto asked = AskForBoth();
         // Other programs may have kept the processor; who waits for a server does so every time.
         for (int tries = 1; asked.longestGap >= 50 && tries < 3; ++tries) asked = AskForBoth();
@@ -78,7 +77,6 @@ TEST(PrintersTest, DeadServersCostALineAndNoFrame) {
         EXPECT_NE(asked.list.error.find("does not answer"), std::string::npos);
         EXPECT_NE(asked.description.error.find("does not answer"), std::string::npos);
     }
-    unsetenv("CUPS_SERVER");
 }
 
 /// The languages are read once: the German program is another one.
@@ -87,7 +85,6 @@ TEST(PrintersTest, WorkersSpeakTheUsersLanguage) {
     const auto answerInGerman = [] {
         setenv("LANGUAGE", "de", 1);
         const DeadServer server(Silence::closedPort);
-        setenv("CUPS_SERVER", server.name().c_str(), 1);
         const auto asked = AskForBoth();
         std::fprintf(stderr, "%s\n", asked.description.error.c_str());
         std::_Exit(0);
@@ -98,7 +95,6 @@ TEST(PrintersTest, WorkersSpeakTheUsersLanguage) {
 
 TEST(PrintersTest, OnlyTheNewestRequestIsAnswered) {
     const DeadServer server(Silence::closedPort);
-    setenv("CUPS_SERVER", server.name().c_str(), 1);
     Printers printers;
     int older = 0, newer = 0;
     printers.list([&](const PrinterList&) { ++older; });
@@ -106,12 +102,10 @@ TEST(PrintersTest, OnlyTheNewestRequestIsAnswered) {
     LongestGap([&] { return newer > 0 && RunningWorkers() == 0; });
     EXPECT_EQ(older, 0);
     EXPECT_EQ(newer, 1);
-    unsetenv("CUPS_SERVER");
 }
 
 TEST(PrintersTest, AnswersForSomebodyGoneAreDropped) {
     const DeadServer server(Silence::closedPort);
-    setenv("CUPS_SERVER", server.name().c_str(), 1);
     int answers = 0;
     {
         Printers printers;
@@ -123,7 +117,6 @@ TEST(PrintersTest, AnswersForSomebodyGoneAreDropped) {
         return time.elapsed() > 50;
     });
     EXPECT_EQ(answers, 0);
-    unsetenv("CUPS_SERVER");
 }
 
 }  // namespace

@@ -5,9 +5,6 @@
 
 #include <QSignalSpy>
 #include <QTest>
-#include <QWheelEvent>
-
-#include "toolbox/host.h"
 
 namespace kalmo::test {
 namespace {
@@ -104,22 +101,6 @@ TEST(SettingsForm, TakesTheDocumentsOrientationUntilOneIsChosen) {
     EXPECT_EQ(form.settings().orientation, Orientation::portrait);
     form.setDocument(1, Orientation::landscape);
     EXPECT_EQ(form.settings().orientation, Orientation::portrait);
-}
-
-TEST(SettingsForm, NoWheelChangesASetting) {
-    InstallWheelGuard();
-    SettingsForm form;
-    form.setPrinter(Printer(), {});
-    form.show();
-    const JobSettings before = form.settings();
-    for (QWidget* control : form.findChildren<QWidget*>()) {
-        control->clearFocus();
-        QWheelEvent wheel({4, 4}, control->mapToGlobal(QPointF(4, 4)), {}, {0, -240}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(control, &wheel);
-    }
-    EXPECT_EQ(form.settings(), before);
-    EXPECT_EQ(form.paper().keyword, "A4");
 }
 
 }  // namespace

@@ -10,31 +10,16 @@
 #include <QTransform>
 
 #include "print_dialog/sample_documents.h"
+#include "support/printer_files.h"
 #include "support/private_home.h"
 
 namespace kalmo::test {
 namespace {
 
-constexpr auto kPPD = R"(*PPD-Adobe: "4.3"
-*FormatVersion: "4.3"
-*LanguageVersion: English
-*LanguageEncoding: ISOLatin1
-*Manufacturer: "Test"
-*ModelName: "Test"
-*NickName: "Test"
-*PSVersion: "(3010.000) 0"
-*LanguageLevel: "3"
-*ColorDevice: True
-*OpenUI *PageSize: PickOne
-*DefaultPageSize: A4
-*PageSize A4: ""
-*CloseUI: *PageSize
-*DefaultImageableArea: A4
-*ImageableArea A4: "10 20 565 802"
-*DefaultPaperDimension: A4
-*PaperDimension A4: "595 842"
-*cupsFilter: "application/vnd.cups-pdf 0 -"
-)";
+const std::string kPPD = PPDText(PPDOption("PageSize", "A4", {"A4"}) +
+                                 "*ImageableArea A4: \"10 20 565 802\"\n"
+                                 "*PaperDimension A4: \"595 842\"\n"
+                                 "*cupsFilter: \"application/vnd.cups-pdf 0 -\"\n");
 const PPDPaper kA4{"A4", "A4", 595, 842, 10, 20, 565, 802};
 
 const QSizeF kSmallPage{300, 400}, kLargePage{842, 1191};
@@ -76,15 +61,6 @@ std::vector<QImage> PrintedSheets(const std::filesystem::path& document,
         sheets.push_back(sheet);
     }
     return sheets;
-}
-
-QImage AsRead(const QImage& printed, double degrees) {
-    return printed.transformed(QTransform().rotate(degrees));
-}
-
-int Distance(QColor a, QColor b) {
-    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
-           std::abs(a.blue() - b.blue());
 }
 
 void ExpectPageAt(const QImage& sheet, const PlacedPage& placed) {
@@ -138,26 +114,14 @@ TEST(SheetLayout, MatchesThePrintServersFilter) {
                 const double turn = landscape ? (across ? 180 : 90) : (across ? -90 : 0);
                 for (int index = 0; index < layout.sheetCount(); ++index) {
                     const Sheet sheet = layout.sheet(index);
-                    const QImage read = AsRead(printed[static_cast<std::size_t>(index)], turn);
+                    const QImage read = printed[static_cast<std::size_t>(index)].transformed(
+                        QTransform().rotate(turn));
                     ASSERT_EQ(read.size(), QSize(int(sheet.width), int(sheet.height)));
                     for (const PlacedPage& page : sheet.pages) ExpectPageAt(read, page);
                 }
             }
         }
     }
-}
-
-TEST(SheetLayout, ChosenPagesFillTheSheetsInOrder) {
-    JobSettings settings;
-    settings.pages = {{2, 3}, {6, 9}};
-    settings.pagesPerSheet = 4;
-    const SheetLayout layout(kA4, settings, Sizes(std::vector(7, kPortraitPage)));
-    std::vector<int> pages;
-    for (int index = -1; index <= layout.sheetCount(); ++index) {
-        for (const PlacedPage& placed : layout.sheet(index).pages) pages.push_back(placed.page);
-    }
-    EXPECT_EQ(layout.sheetCount(), 1);
-    EXPECT_EQ(pages, (std::vector{2, 3, 6, 7})) << "pages behind the end are no pages";
 }
 
 TEST(SheetLayout, OddInputGivesSheetsWithoutNonsense) {

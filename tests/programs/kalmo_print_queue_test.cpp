@@ -23,10 +23,6 @@ constexpr std::pair<const char*, const char*> kChoices[] = {
     {"KLPunch", "2HolePunch"}, {"KLFold", "ZFoldHalfSheet"},
 };
 
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 class KalmoPrintQueueTest : public testing::Test {
 protected:
     void SetUp() override {

@@ -34,7 +34,8 @@ protected:
         ASSERT_EQ(window_->prepare(), kExitDone);
         window_->show();
         window_->findPrinters();
-        ASSERT_TRUE(Wait([this] { return print()->isEnabled() && hasPane(); }));
+        ASSERT_TRUE(
+            Wait([this] { return print()->isEnabled() && hasPane() && popupWith("other"); }));
     }
     void TearDown() override {
         EXPECT_TRUE(driver_.done()) << driver_.faults().join("; ").toStdString();
@@ -57,16 +58,17 @@ protected:
         const auto* selector = window_->findChild<QComboBox*>("panelSelector");
         return selector && selector->isVisible();
     }
+    [[nodiscard]] QComboBox* popupWith(const QString& text) const {
+        for (auto* popup : window_->findChildren<QComboBox*>())
+            if (popup->findText(text) >= 0) return popup;
+        return nullptr;
+    }
     /// In a popup of the window, as a person does it.
     void choose(const QString& text) {
-        for (auto* popup : window_->findChildren<QComboBox*>()) {
-            const int index = popup->findText(text);
-            if (index < 0) continue;
-            popup->setCurrentIndex(index);
-            Q_EMIT popup->activated(index);
-            return;
-        }
-        FAIL() << "nothing offers " << text.toStdString();
+        QComboBox* const popup = popupWith(text);
+        ASSERT_NE(popup, nullptr) << text.toStdString();
+        popup->setCurrentText(text);
+        Q_EMIT popup->activated(popup->currentIndex());
     }
 
     /// Each press is answered by one window, and nothing is printed.

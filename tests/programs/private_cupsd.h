@@ -15,6 +15,10 @@
 
 namespace kalmo::test {
 
+inline bool Contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
 using JobOptions = std::map<std::string, std::string>;
 
 struct FinishedJob {

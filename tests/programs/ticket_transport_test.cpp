@@ -1,8 +1,6 @@
 // From the submitted job to the printer's filter, through a real CUPS server and its filters.
 #include <gtest/gtest.h>
 
-#include <iostream>
-
 #include "job_ticket/attachment.h"
 #include "programs/private_cupsd.h"
 #include "support/pdf_documents.h"
@@ -29,10 +27,6 @@ std::string NastiestTicket() {
                   "*</string></dict>\n";
     }
     return ticket + "</array></dict></plist>\n";
-}
-
-bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
 }
 
 class TicketTransport : public testing::Test {
@@ -92,8 +86,6 @@ TEST_F(TicketTransport, OnlyAJobWithItsOwnTicketIsPrinted) {
         EXPECT_FALSE(Contains(finished.message + server.log(), kPasscode));
         EXPECT_EQ(Contains(ReadFile(printed), "%PDF-"), state == IPP_JSTATE_COMPLETED);
         EXPECT_EQ(exists(out / "ticket"), options.contains("job-sheets"));
-        std::cout << why << ": job state " << ippEnumString("job-state", finished.state) << ", "
-                  << finished.message << '\n';
     }
 }
 
@@ -110,9 +102,7 @@ TEST_F(TicketTransport, PpdChoicesReachTheFilter) {
         const char* arrived = cupsGetOption(keyword.c_str(), count, options);
         ASSERT_NE(arrived, nullptr) << keyword;
         EXPECT_STRCASEEQ(arrived, choice.c_str()) << keyword;
-        std::cout << keyword << '=' << arrived << ' ';
     }
-    std::cout << "reached the filter\n";
     cupsFreeOptions(count, options);
 }
 

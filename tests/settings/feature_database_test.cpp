@@ -67,7 +67,7 @@ TEST(FeatureDatabase, DefaultComesFromKeywordNameNumberInThatOrder) {
         CFTypeRef value = CFSTR("");
         KDPGetFeatureDefaultValue(KDPGetFeature(CFStringMakeConstant(row.feature)), &form, &value);
         EXPECT_EQ(CFStringToUTF8(form), row.form);
-        EXPECT_EQ(test::TextOf(CFStringCreateWithFormat(nullptr, CFSTR("%@"), value)), row.value);
+        EXPECT_EQ(test::TakeText(CFStringCreateWithFormat(nullptr, CFSTR("%@"), value)), row.value);
     }
 }
 

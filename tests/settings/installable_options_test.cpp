@@ -9,7 +9,7 @@ namespace {
 using test::InstallableGroup;
 using test::PPDOption;
 using test::PrinterWithPPD;
-using test::TextOf;
+using test::TakeText;
 
 const _InstalledFeatureMap kTable[] = {
     {CFSTR("Staples"), CFSTR("Option4"), CFSTR("Office"), nullptr, 1},
@@ -50,9 +50,9 @@ TEST(InstallableOptions, FirstRowThatHoldsAnswers) {
         ASSERT_TRUE(LoadInstallableOptions(printer.ppd(), kTable));
         EXPECT_EQ(ValueOf(CFSTR("Staples")), row.value);
         EXPECT_EQ(
-            TextOf(CopyLocalizedStringForInstalledFeatureFromPlugin(CFSTR("Staples"), bundle)),
+            TakeText(CopyLocalizedStringForInstalledFeatureFromPlugin(CFSTR("Staples"), bundle)),
             row.label);
-        EXPECT_EQ(TextOf(CopyLocalizedStringForInstalledFeatureFromPlugin(CFSTR("Fax"), bundle)),
+        EXPECT_EQ(TakeText(CopyLocalizedStringForInstalledFeatureFromPlugin(CFSTR("Fax"), bundle)),
                   "STRING NOT FOUND");
     }
 }

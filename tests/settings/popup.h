@@ -22,7 +22,7 @@ struct Popup {
         for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
             ItemReference reference = 0;
             GetMenuItemRefCon(menu, item, &reference);
-            items.push_back(TextOf(CopyMenuItemTextAsCFString(menu, item)) + "=" +
+            items.push_back(TakeText(CopyMenuItemTextAsCFString(menu, item)) + "=" +
                             std::to_string(reference));
         }
         return items;

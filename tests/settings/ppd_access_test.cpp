@@ -1,6 +1,9 @@
+#include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "settings/ppd_choices.h"
 #include "settings/ppd_file.h"
+#include "settings/setting_map.h"
 #include "shell/base/plugin_bundle.h"
 #include "support/bundles.h"
 #include "system/system.h"
@@ -11,7 +14,7 @@ namespace {
 using test::PPDOption;
 using test::PPDText;
 using test::PrinterWithPPD;
-using test::TextOf;
+using test::TakeText;
 
 TEST(PPDAccess, PrinterIsOpenedOnceAndAFailureIsNotRemembered) {
     PrinterWithPPD printer("");
@@ -36,12 +39,12 @@ TEST(PPDAccess, TextsAndDefaultsOrNull) {
     const PrinterWithPPD printer(PPDOption("KLFold", "Z", {"C/Büroklammer", "Z/\xFF\xFE", "None"}) +
                                  PPDOption("KLPunch", "", {"None"}));
     const PPDRef ppd = printer.ppd();
-    EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("C"))), "Büroklammer");
-    EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("Z"))), "(null)") << "no UTF-8";
-    EXPECT_EQ(TextOf(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("BiFold"))), "(null)");
-    EXPECT_EQ(TextOf(PPDCopyDefaultChoice(ppd, CFSTR("KLPunch"))), "(null)");
-    const auto tooLong = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(std::string(5000, 'K')));
-    EXPECT_EQ(TextOf(PPDCopyDefaultChoice(ppd, tooLong)), "(null)");
+    EXPECT_EQ(TakeText(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("C"))), "Büroklammer");
+    EXPECT_EQ(TakeText(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("Z"))), "(null)")
+        << "no UTF-8";
+    EXPECT_EQ(TakeText(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("BiFold"))), "(null)");
+    EXPECT_EQ(TakeText(PPDCopyDefaultChoice(ppd, CFSTR("KLPunch"))), "(null)");
+    EXPECT_EQ(TakeText(PPDCopyDefaultChoice(ppd, test::String(std::string(5000, 'K')))), "(null)");
 }
 
 TEST(PPDAccess, TicketChoiceBeforeDefaultAndUnknownIsMinusOne) {
@@ -77,9 +80,39 @@ TEST(PPDAccess, LocalizerOfTheBundleIsAskedFrom10_5On) {
          {std::pair{0x1040, "Plain"}, {kSystemVersion10_5, "Localized"}}) {
         SetSystemVersionForTests(version);
         const PrinterWithPPD printer(PPDOption("KLFold", "C", {"C/Plain"}));
-        EXPECT_EQ(TextOf(PPDCopyChoiceText(printer.ppd(), CFSTR("KLFold"), CFSTR("C"))), text);
+        EXPECT_EQ(TakeText(PPDCopyChoiceText(printer.ppd(), CFSTR("KLFold"), CFSTR("C"))), text);
     }
     gBundle = nullptr;
+}
+
+TEST(PPDChoices, FirstRowCountsInBothDirections) {
+    const struct {
+        const char *why, *keyword, *choice;
+        SInt32 value;
+        const char* back;  // "" for none
+    } rows[] = {
+        {"shared value", "OutputBin", "Bottom", 5, "Upper"},
+        {"printer default is a value", "OutputBin", "PrinterDefault", kPrinterDefault,
+         "PrinterDefault"},
+        {"second row of a choice is never reached", "MediaType", "CardStock", 12, "CardStock"},
+        {"its value leads to it all the same", "MediaType", "CardStockF", 43, "CardStock"},
+        {"shared sources", "KLBackCoverSheet", "Bypass", 100, "Bypass"},
+        {"false is one here", "JCLTrueGrayImages", "False", 1, "False"},
+        {"and zero here", "KLOutputOption", "False", 0, "False"},
+        {"case counts", "Duplex", "none", -1, ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.why);
+        const CFStringRef keyword = CFStringMakeConstant(row.keyword);
+        EXPECT_EQ(PPDTicketValueForChoice(keyword, CFStringMakeConstant(row.choice)), row.value);
+        EXPECT_EQ(CFStringToUTF8(PPDChoiceForTicketValue(keyword, row.value)), row.back);
+    }
+}
+
+TEST(PPDChoices, MinusOneIsAValueOfImageQuality) {
+    EXPECT_EQ(FindTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten1")), -1);
+    EXPECT_EQ(FindTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten6")), std::nullopt);
+    EXPECT_EQ(PPDTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten6")), -1);
 }
 
 }  // namespace

@@ -1,7 +1,12 @@
+// Settings in their maps, and numbers in a ticket.
 #include "settings/setting_map.h"
 
+#include <gtest/gtest.h>
+
+#include "settings/dictionary.h"
 #include "settings/ppd_file.h"
 #include "settings/setting_maps.h"
+#include "settings/ticket.h"
 
 namespace kalmo {
 namespace {
@@ -46,6 +51,30 @@ TEST(SettingMap, RowOfTheOtherFeatureStateIsPassedOver) {
                                                   PPDOption("Option8", "True", {"True", "False"})));
     ASSERT_TRUE(LoadInstallableOptions(printer.ppd(), InstalledFeatures));
     Expect({{"fax card", kTwoWays, 5, 1, "with"}, {"storage", JobTypeMap, 3, 5, "SavedJob"}});
+}
+
+TEST(Ticket, NumbersAreReadAsIndexAndTellWhenNotExact) {
+    const auto values =
+        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
+    const double fraction = 3.5;
+    WriteTicketValue(values, CFSTR("index"), CFIndex{1} << 40);
+    CFDictionarySetNumber(values, CFSTR("fraction"), kCFNumberDoubleType, &fraction);
+    CFDictionarySetValue(values, CFSTR("true"), kCFBooleanTrue);
+    const struct {
+        const char* key;
+        bool exact;
+        CFIndex value;
+    } rows[] = {{"index", true, CFIndex{1} << 40},
+                {"fraction", false, 3},
+                {"true", false, 777},
+                {"missing", false, 777}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.key);
+        CFIndex value = 777;
+        EXPECT_EQ(GetCFIndexFromCFDictionary(values, CFStringMakeConstant(row.key), &value),
+                  row.exact);
+        EXPECT_EQ(value, row.value);
+    }
 }
 
 }  // namespace

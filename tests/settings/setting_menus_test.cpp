@@ -32,17 +32,12 @@ TEST_F(SettingMenus, RowsKeepTheirValuesAndTheCountIncludesWhatIsNotOffered) {
     EXPECT_TRUE(IsMenuItemSeparator(popup.menu, 3));
     UInt32 own = 0, overridden = 0;
     GetMenuItemCommandID(popup.menu, 2, &own);
-    PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::job, 'Over');
+    EXPECT_EQ(PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::cover, 'Over'),
+              5);
+    EXPECT_EQ(popup.items(), (Items{"Job=-2147483648", "First=1", "-=-5", "STRING NOT FOUND=2"}));
+    EXPECT_EQ(GetControl32BitMaximum(popup.control), 5);
     GetMenuItemCommandID(popup.menu, 2, &overridden);
     EXPECT_EQ(std::pair(own, overridden), std::pair(UInt32{'Own1'}, UInt32{'Over'}));
-}
-
-TEST_F(SettingMenus, PopupIsEmptiedAndItsMaximumIsTheRowsWalked) {
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::cover, 0), 5);
-        EXPECT_EQ(popup.items()[0], "Job=-2147483648");
-        EXPECT_EQ(GetControl32BitMaximum(popup.control), 5);
-    }
 }
 
 TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
@@ -57,7 +52,7 @@ TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
 
 TEST_F(SettingMenus, HistoryFollowsTheGivenItem) {
     const auto file = Owned<CFURLRef>::Adopt(CopyUserPreferencesFolder());
-    const std::string folder = test::TextOf(CFURLCopyFileSystemPath(file));
+    const std::string folder = test::TakeText(CFURLCopyFileSystemPath(file));
     test::WriteFile(folder + "/com.kalmo.print.inputhistory.plist",
                     "<plist version=\"1.0\"><dict><key>names</key><array><string>Ann</string>"
                     "<integer>3</integer><string>Bob</string></array>"

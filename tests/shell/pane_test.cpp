@@ -22,18 +22,6 @@ std::string Choice(PMTicketRef ticket, CFStringRef keyword) {
     return CFStringToUTF8(static_cast<CFStringRef>(CFDictionaryGetValue(Choices(ticket), keyword)));
 }
 
-TEST(Pane, AnotherMakersPrinterIsRefused) {
-    for (const char* manufacturer : {"Kalmo Inc.", "kalmo"}) {
-        SCOPED_TRACE(manufacturer);
-        PaneDialog dialog(CreateInstance(), WritePPD(manufacturer));
-        testing::internal::CaptureStderr();
-        EXPECT_EQ(dialog.initialize(), kPMInvalidPDEContext);
-        EXPECT_EQ(testing::internal::GetCapturedStderr(),
-                  "Initialize()::GetTicketFromSession() failed.\n");
-        EXPECT_EQ(dialog.operations().Terminate(std::exchange(dialog.context, nullptr), 0), noErr);
-    }
-}
-
 TEST(Pane, PrologueAndInitializeJoinTheDialog) {
     std::string page;
     Presence presence = UnattendedPresence();

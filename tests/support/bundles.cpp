@@ -1,6 +1,7 @@
 #include "support/bundles.h"
 
 #include "support/private_home.h"
+#include "support/values.h"
 
 namespace kalmo::test {
 
@@ -22,10 +23,7 @@ std::filesystem::path WriteBundle(const std::filesystem::path& parent, const std
 }
 
 CFBundleRef OpenBundle(const std::filesystem::path& folder) {
-    const auto path = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(folder.string()));
-    const auto url =
-        Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, true));
-    return CFBundleCreate(kCFAllocatorDefault, url);
+    return CFBundleCreate(kCFAllocatorDefault, FileURL(folder));
 }
 
 std::filesystem::path ProductBundle() {

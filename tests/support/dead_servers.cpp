@@ -4,6 +4,9 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <string>
+
 namespace kalmo::test {
 namespace {
 
@@ -33,7 +36,8 @@ DeadServer::DeadServer(Silence silence) {
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
     address = LoopbackAddress(server);
-    name_ = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    const std::string name = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    setenv("CUPS_SERVER", name.c_str(), 1);
     if (silence == Silence::closedPort) return;
     listen(server, silence == Silence::fullBacklog ? 0 : SOMAXCONN);
     if (silence == Silence::silent) return;
@@ -44,6 +48,7 @@ DeadServer::DeadServer(Silence silence) {
 }
 
 DeadServer::~DeadServer() {
+    unsetenv("CUPS_SERVER");
     for (const int one : sockets_) close(one);
 }
 

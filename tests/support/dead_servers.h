@@ -1,7 +1,6 @@
 // Print servers that do not answer, each in its own way. They listen on the loopback, or nowhere.
 #pragma once
 
-#include <string>
 #include <vector>
 
 namespace kalmo::test {
@@ -14,18 +13,16 @@ enum class Silence {
 inline constexpr Silence kSilences[] = {Silence::closedPort, Silence::silent, Silence::fullBacklog};
 [[nodiscard]] const char* Describe(Silence silence);
 
+/// As long as it lives, CUPS_SERVER names it, for this program and those it starts.
 class DeadServer final {
 public:
     explicit DeadServer(Silence silence);
     ~DeadServer();
     DeadServer(const DeadServer&) = delete;
     DeadServer& operator=(const DeadServer&) = delete;
-    /// For CUPS_SERVER: "127.0.0.1:PORT".
-    [[nodiscard]] const std::string& name() const { return name_; }
 
 private:
     std::vector<int> sockets_;
-    std::string name_;
 };
 
 }  // namespace kalmo::test

@@ -9,14 +9,10 @@
 #include "printing/session.h"
 #include "printing/ticket.h"
 #include "support/printer_files.h"
+#include "support/values.h"
 #include "toolbox/host.h"
 
 namespace kalmo::test {
-
-inline Owned<CFURLRef> FileURL(const std::filesystem::path& file) {
-    const auto path = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(file.string()));
-    return Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, false));
-}
 
 inline Owned<CFUUIDRef> UUID(const char* text) {
     return Owned<CFUUIDRef>::Adopt(

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace kalmo::test {
 
@@ -10,5 +11,11 @@ namespace kalmo::test {
 [[nodiscard]] std::filesystem::path SamplePPD(const std::string& printer);
 /// A small PPD file of that maker with Letter and A4, in a fresh folder.
 [[nodiscard]] std::filesystem::path WritePPD(const std::string& manufacturer);
+
+/// One option of a PPD file.
+[[nodiscard]] std::string PPDOption(const std::string& keyword, const std::string& defaultChoice,
+                                    const std::vector<std::string>& choices);
+/// A whole PPD file with this body.
+[[nodiscard]] std::string PPDText(const std::string& body);
 
 }  // namespace kalmo::test

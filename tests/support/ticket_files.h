@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "foundation/property_list.h"
+#include "support/values.h"
 
 namespace kalmo::test {
 
@@ -19,21 +19,14 @@ inline std::string TicketFile(const std::string& printSettings, const std::strin
 /// A ticket file that was written, to be asked.
 class WrittenTicket final {
 public:
-    explicit WrittenTicket(const std::string& bytes) {
-        const auto data = Owned<CFDataRef>::Adopt(
-            CFDataCreate(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(bytes.data()),
-                         static_cast<CFIndex>(bytes.size())));
-        list_ = Owned<CFPropertyListRef>::Adopt(CFPropertyListCreateFromXMLData(
-            kCFAllocatorDefault, data, kCFPropertyListImmutable, nullptr));
-    }
-    [[nodiscard]] bool isPropertyList() const { return list_.get(); }
+    explicit WrittenTicket(const std::string& bytes) : list_(ReadPlist(bytes)) {}
     [[nodiscard]] CFDictionaryRef dictionary(const char* name) const {
         return static_cast<CFDictionaryRef>(
-            CFDictionaryGetValue(static_cast<CFDictionaryRef>(list_.get()), Key(name).get()));
+            CFDictionaryGetValue(static_cast<CFDictionaryRef>(list_.get()), String(name)));
     }
     /// Borrowed; null when absent.
     [[nodiscard]] CFTypeRef value(const char* dictionaryName, const char* key) const {
-        return CFDictionaryGetValue(dictionary(dictionaryName), Key(key).get());
+        return CFDictionaryGetValue(dictionary(dictionaryName), String(key));
     }
     /// "(none)" when absent or no string.
     [[nodiscard]] std::string text(const char* dictionaryName, const char* key) const {
@@ -43,9 +36,6 @@ public:
     }
 
 private:
-    static Owned<CFStringRef> Key(const char* text) {
-        return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(text));
-    }
     Owned<CFPropertyListRef> list_;
 };
 

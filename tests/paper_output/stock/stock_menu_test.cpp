@@ -16,8 +16,9 @@ std::string Outline(MenuRef menu) {
         GetMenuItemRefCon(menu, item, &value);
         if (item > 1) outline += " ";
         if (IsMenuItemChecked(menu, item)) outline += "*";
-        outline +=
-            IsMenuItemSeparator(menu, item) ? "|" : TextOf(CopyMenuItemTextAsCFString(menu, item));
+        outline += IsMenuItemSeparator(menu, item)
+                       ? "|"
+                       : TakeText(CopyMenuItemTextAsCFString(menu, item));
         if (submenu) outline += "(" + Outline(submenu) + ")";
         if (value) outline += value == kUnset ? "=unset" : "=" + std::to_string(value);
     }

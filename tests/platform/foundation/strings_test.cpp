@@ -1,17 +1,14 @@
 // Strings: encodings, formats from untrusted tables, searching.
 #include <gtest/gtest.h>
 
-#include "foundation/collections.h"
-#include "foundation/locale.h"
+#include <cstring>
+
 #include "foundation/number.h"
-#include "foundation/string.h"
 #include "foundation/strings_table.h"
+#include "support/values.h"
 
+namespace kalmo::test {
 namespace {
-
-Owned<CFStringRef> String(std::string_view text) {
-    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(text));
-}
 
 TEST(Strings, AreReadStrictlyInTheirEncoding) {
     const struct {
@@ -37,16 +34,13 @@ TEST(Strings, AreReadStrictlyInTheirEncoding) {
         if (!row.utf8) continue;
         EXPECT_EQ(CFStringToUTF8(string), row.utf8);
         char back[16];
-        EXPECT_TRUE(CFStringGetCString(string, back, sizeof back, row.encoding));
+        const CFIndex size = static_cast<CFIndex>(std::strlen(row.bytes)) + 1;
+        EXPECT_TRUE(CFStringGetCString(string, back, size, row.encoding));
         EXPECT_STREQ(back, row.bytes);
-        EXPECT_FALSE(CFStringGetCString(
-            string, back, static_cast<CFIndex>(std::string(row.bytes).size()), row.encoding))
-            << "no room for the end";
+        EXPECT_FALSE(CFStringGetCString(string, back, size - 1, row.encoding)) << "no room";
     }
     const UniChar lone[] = {u'a', 0xD800, u'b'};
-    EXPECT_EQ(
-        CFStringToUTF8(Owned<CFStringRef>::Adopt(CFStringCreateWithCharacters(nullptr, lone, 3))),
-        "a\uFFFDb");
+    EXPECT_EQ(TakeText(CFStringCreateWithCharacters(nullptr, lone, 3)), "a\uFFFDb");
 }
 
 TEST(Strings, FillFormatsWithoutTrustingThem) {
@@ -70,24 +64,10 @@ TEST(Strings, FillFormatsWithoutTrustingThem) {
         {"%4$@ mm", "0.1 mm"},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(
-            CFStringToUTF8(Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
-                nullptr, String(row.format), number.get(), wide.get(), CFSTR("name"), real.get()))),
-            row.text);
+        EXPECT_EQ(TakeText(CFStringCreateWithFormat(nullptr, String(row.format), number.get(),
+                                                    wide.get(), CFSTR("name"), real.get())),
+                  row.text);
     }
-}
-
-TEST(Strings, AreFoundAndComparedWithoutCase) {
-    CFRange found{};
-    const auto text = String("Kalmo kalmo KALMO");
-    EXPECT_TRUE(CFStringFindWithOptions(text, CFSTR("kalmo"), {0, 17}, 0, &found));
-    EXPECT_EQ(found.location, 6);
-    EXPECT_TRUE(CFStringFindWithOptions(text, CFSTR("kalmo"), {0, 17},
-                                        kCFCompareCaseInsensitive | kCFCompareBackwards, &found));
-    EXPECT_EQ(found.location, 12);
-    EXPECT_FALSE(CFStringFindWithOptions(text, CFSTR("kalmo"), {13, 400}, 1, &found));
-    EXPECT_EQ(CFStringCompare(CFSTR("STRASSE"), String("straße"), kCFCompareCaseInsensitive),
-              kCFCompareEqualTo);
 }
 
 TEST(StringsTables, ReadWhatIsRightAndNameWhatIsWrong) {
@@ -115,18 +95,5 @@ TEST(StringsTables, ReadWhatIsRightAndNameWhatIsWrong) {
     EXPECT_FALSE(ReadStringsTable("\"k\" = \"\xE4\";").faults.empty());
 }
 
-TEST(LocaleNumbers, FollowTheUsersLocale) {
-    setenv("LC_ALL", "de_DE.UTF-8", 1);
-    EXPECT_EQ(
-        CFStringToUTF8(Owned<CFStringRef>::Adopt(CFLocaleCreateStringFromNumber(1234.5, 2, 2))),
-        "1234,50");
-    EXPECT_EQ(CFLocaleNumberFromString(CFSTR("12,5")), 12.5);
-    EXPECT_EQ(CFLocaleNumberFromString(CFSTR("12,5 mm")), std::nullopt);
-    setenv("LC_ALL", "C.UTF-8", 1);
-    EXPECT_EQ(CFLocaleNumberFromString(CFSTR("12.5")), 12.5);
-    for (const char* text : {"", "NaN", "\u221E", "1e400", "12.5 "}) {
-        EXPECT_EQ(CFLocaleNumberFromString(String(text)), std::nullopt) << text;
-    }
-}
-
 }  // namespace
+}  // namespace kalmo::test

@@ -77,12 +77,10 @@ TEST_F(PPDPapers, HaveSizeAndImageableAreaInPoints) {
     const double expected[] = {595.28, 841.89, 12.5, 14, 580, 830};
     const double read[] = {a4.width, a4.height, a4.left, a4.bottom, a4.right, a4.top};
     for (int i = 0; i < 6; ++i) EXPECT_NEAR(read[i], expected[i], 0.01);
-    // An area inside out is the whole sheet.
     const PPDPaper& envelope = printer.papers[1];
-    EXPECT_EQ(envelope.left, 0);
-    EXPECT_EQ(envelope.bottom, 0);
-    EXPECT_EQ(envelope.right, envelope.width);
-    EXPECT_EQ(envelope.top, envelope.height);
+    EXPECT_EQ(std::tuple(envelope.left, envelope.bottom, envelope.right, envelope.top),
+              std::tuple(0, 0, envelope.width, envelope.height))
+        << "an area inside out is the whole sheet";
 }
 
 TEST_F(PPDPapers, SpeakTheUsersLanguageWithoutItsLocale) {

@@ -1,11 +1,7 @@
-#include <QComboBox>
-#include <QRadioButton>
-#include <QSlider>
-#include <QSpinBox>
-#include <QTest>
 #include <limits>
 
 #include "interface.h"
+#include "system/clock.h"
 #include "toolbox/menus.h"
 
 namespace kalmo::test {
@@ -15,8 +11,6 @@ constexpr SInt32 kLeast = std::numeric_limits<SInt32>::min();
 constexpr SInt32 kMost = std::numeric_limits<SInt32>::max();
 
 TEST(Controls, ValuesStayWithinTheirBounds) {
-    QSpinBox spin;
-    QCheckBox check;
     QComboBox popup;
     popup.addItems({"one", "two", "three"});
     Interface interface(WindowFile(WidgetText("SpinArrows", 1)));
@@ -27,12 +21,8 @@ TEST(Controls, ValuesStayWithinTheirBounds) {
         QWidget* widget;
         SInt32 minimum, maximum, value, result;
     } cases[] = {
-        {"spin below", &spin, -5, 5, kLeast, -5},
-        {"spin above", &spin, -5, 5, kMost, 5},
-        {"spin, the widest bounds", &spin, kLeast, kMost, kLeast, kLeast},
         {"arrows, the widest bounds", arrows, kLeast, kMost, kLeast, kLeast},
         {"arrows above", arrows, kLeast, -3, kMost, -3},
-        {"check box", &check, 0, 1, 9, 1},
         {"popup below its minimum", &popup, 1, 3, -1, 1},
         {"popup above its maximum", &popup, 1, 2, 3, 2},
         {"popup beyond its items but not its maximum", &popup, 0, 9, 7, 0},
@@ -53,63 +43,32 @@ TEST(Controls, ValuesStayWithinTheirBounds) {
     }
 }
 
-TEST(Controls, UsersChangesAreHits) {
-    QSpinBox spin;
-    QSlider slider;
-    QComboBox popup;
-    popup.addItems({"one", "two"});
+TEST(DateTimeFields, GiveBackWhatTheyCanShowAndHitWhenTyped) {
+    setenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3", 1);  // leaves an hour of 31 March 2030 out
+    tzset();
+    Interface interface(WindowFile(WidgetText("QTimeEdit", 1)));
+    ASSERT_EQ(interface.open(), noErr);
+    const ControlRef control = interface.control(1);
     std::string record;
     Recorder recorder{'h', &record};
-    for (QWidget* widget : std::initializer_list<QWidget*>{&spin, &slider, &popup}) {
-        SCOPED_TRACE(widget->metaObject()->className());
-        InstallControlEventHandler(ControlFromWidget(widget), Recorder::Handle, 1, &kHit, &recorder,
-                                   nullptr);
-        record.clear();
-        QTest::keyClick(widget, widget == &popup ? Qt::Key_Down : Qt::Key_Up);
-        EXPECT_EQ(record, "h");
+    InstallControlEventHandler(control, Recorder::Handle, 1, &kHit, &recorder, nullptr);
+    const SInt64 leftOut = LongDateToSeconds({2030, 3, 31, 2, 30, 5});
+    for (const auto& [seconds, shown] :
+         {std::pair{SInt64{0}, SInt64{0}},
+          {leftOut, leftOut},
+          {std::numeric_limits<SInt64>::max(), LongDateToSeconds({9999, 12, 31, 23, 59, 59})},
+          {std::numeric_limits<SInt64>::min(), LongDateToSeconds({100, 1, 1})}}) {
+        SetControlDateTime(control, seconds);
+        EXPECT_EQ(GetControlDateTime(control), shown);
     }
-}
-
-TEST(Controls, InactiveOnesRememberWhetherTheyAreEnabled) {
-    QWidget window;
-    auto* const pane = new QWidget(&window);
-    const ControlRef parent = ControlFromWidget(pane);
-    const ControlRef box = ControlFromWidget(new QCheckBox(pane));
-    DisableControl(parent);
-    DeactivateControl(parent);
-    DeactivateControl(parent);
-    EnableControl(parent);
-    EXPECT_FALSE(pane->isEnabled()) << "still inactive";
-    EXPECT_TRUE(IsControlEnabled(box)) << "its own state";
-    EXPECT_FALSE(WidgetFromControl(box)->isEnabled());
-    ActivateControl(parent);
-    EXPECT_TRUE(WidgetFromControl(box)->isEnabled());
-}
-
-TEST(Controls, VisibilityIsTheControlsOwn) {
-    QWidget window;
-    const ControlRef pane = ControlFromWidget(new QWidget(&window));
-    const ControlRef box = ControlFromWidget(new QCheckBox(WidgetFromControl(pane)));
-    EXPECT_TRUE(IsControlVisible(box)) << "never shown, never hidden";
-    HideControl(pane);
-    EXPECT_TRUE(IsControlVisible(box));
-    EXPECT_FALSE(IsControlVisible(pane));
-    ShowControl(pane);
-    EXPECT_TRUE(IsControlVisible(pane)) << "although the window is not on screen";
-}
-
-TEST(Controls, IdentityIsFoundAndFollowsChanges) {
-    QWidget window;
-    const WindowRef ref = WindowFromWidget(&window);
-    auto* const box = new QCheckBox(&window);
-    ControlRef found = nullptr;
-    SetControlID(ControlFromWidget(box), {'KPDE', 1});
-    EXPECT_EQ(GetControlByID(ref, {'Kshl', 1}, &found), controlNotFoundErr);
-    SetControlID(ControlFromWidget(box), {'KPDE', -2});
-    EXPECT_EQ(GetControlByID(ref, {'KPDE', 1}, &found), controlNotFoundErr);
-    EXPECT_EQ(GetControlByID(ref, {'KPDE', -2}, &found), noErr);
-    DisposeControl(found);
-    EXPECT_EQ(GetControlByID(ref, {'KPDE', -2}, &found), controlNotFoundErr);
+    EXPECT_EQ(record, "");
+    SetControlDateTime(control, leftOut);
+    interface.widget<QTimeEdit>(1)->setSelectedSection(QTimeEdit::MinuteSection);
+    QTest::keyClicks(interface.widget(1), "45");
+    EXPECT_NE(record, "");
+    EXPECT_EQ(GetControlDateTime(control), leftOut + 15 * 60);
+    unsetenv("TZ");
+    tzset();
 }
 
 }  // namespace

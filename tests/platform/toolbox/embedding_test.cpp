@@ -1,10 +1,3 @@
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTest>
-#include <QVBoxLayout>
-
 #include "interface.h"
 
 namespace kalmo::test {

@@ -1,6 +1,3 @@
-#include <QCheckBox>
-#include <QVBoxLayout>
-
 #include "interface.h"
 #include "toolbox/menus.h"
 
@@ -69,25 +66,6 @@ TEST_F(Events, HandlerMayRemoveItselfAndOthersOnTheWay) {
     EXPECT_EQ(record, "rbacdbacd");
 }
 
-TEST_F(Events, CallingTheRestRunsItOnce) {
-    struct Wrapping {
-        std::string* record;
-        OSStatus rest = noErr;
-        static OSStatus Handle(EventHandlerCallRef next, EventRef event, void* data) {
-            auto* wrapping = static_cast<Wrapping*>(data);
-            wrapping->record->push_back('(');
-            wrapping->rest = CallNextEventHandler(next, event);
-            wrapping->record->push_back(')');
-            return eventNotHandledErr;
-        }
-    } wrapping{&record};
-    recorders[3].answer = 42;
-    InstallControlEventHandler(control, Wrapping::Handle, 1, &kHit, &wrapping, nullptr);
-    SimulateControlHit(control);
-    EXPECT_EQ(record, "(bacd)");
-    EXPECT_EQ(wrapping.rest, 42);
-}
-
 TEST_F(Events, ControlsAndWindowsMayGoInsideAHandler) {
     const auto disposes = [](EventHandlerCallRef, EventRef event, void* data) -> OSStatus {
         DisposeControl(GetEventControl(event));
@@ -121,34 +99,6 @@ TEST_F(Events, ControlsTakeLeaveOnceAndFromTheInside) {
     DisposeWindow(leave.window);
     EXPECT_EQ(leave.controls, leaving);
     EXPECT_EQ(gone, nullptr);
-}
-
-TEST(Commands, FollowAHitThatNobodyTook) {
-    Interface interface(
-        WindowFile(WidgetText("QPushButton", 1, StringProperty("command", "KWnw")) +
-                   WidgetText("QComboBox", 2,
-                              "<item><property name=\"text\"><string>x</string></property>"
-                              "</item>")));
-    ASSERT_EQ(interface.open(), noErr);
-    SetMenuItemCommandID(GetControlPopupMenu(interface.control(2)), 1, 'Bkcr');
-    std::vector<UInt32> seen;
-    const EventTypeSpec types[] = {kHit, kCommand};
-    const auto record = [](EventHandlerCallRef, EventRef event, void* data) -> OSStatus {
-        static_cast<std::vector<UInt32>*>(data)->push_back(
-            GetEventClass(event) == kEventClassCommand ? GetEventCommand(event) : 0);
-        return eventNotHandledErr;
-    };
-    InstallWindowEventHandler(interface.window, record, 2, types, &seen, nullptr);
-    SimulateControlHit(interface.control(1));
-    SimulateControlHit(interface.control(2));
-    EXPECT_EQ(seen, (std::vector<UInt32>{0, 'KWnw', 0, 'Bkcr'}));
-
-    std::string taken;
-    Recorder taker{'t', &taken, noErr};
-    InstallControlEventHandler(interface.control(1), Recorder::Handle, 1, &kHit, &taker, nullptr);
-    SimulateControlHit(interface.control(1));
-    EXPECT_EQ(taken, "t");
-    EXPECT_EQ(seen.size(), 4u);
 }
 
 }  // namespace

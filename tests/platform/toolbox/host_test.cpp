@@ -1,12 +1,6 @@
-#include <QLabel>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QSpinBox>
-#include <QTest>
-#include <QTextBrowser>
-#include <QVBoxLayout>
-
+// What a host brings: guarded wheels, help, modal loops, notices.
 #include "interface.h"
+#include "support/modal_driver.h"
 #include "support/window_walk.h"
 
 namespace kalmo::test {
@@ -56,9 +50,7 @@ protected:
     void TearDown() override { delete viewer(); }
 
     OSStatus show(const char* page, CFStringRef anchor = nullptr) {
-        const auto path =
-            Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8((folder / page).string()));
-        return WindowPresence(texts).helpPage(path, anchor);
+        return WindowPresence(texts).helpPage(String((folder / page).string()), anchor);
     }
     static QWidget* viewer() {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -100,12 +92,41 @@ TEST_F(HelpBook, SpeaksTheLanguageOfItsProgram) {
              .forward = "&Vor",
              .contents = "&Inhalt"};
     ASSERT_EQ(show("book/index.htm"), noErr);
-    QStringList buttons;
-    for (const auto* button : viewer()->findChildren<QPushButton*>()) buttons << button->text();
-    EXPECT_EQ(buttons, QStringList({"&Zurück", "&Vor", "&Inhalt"}));
-    EXPECT_EQ(viewer()->windowTitle(), "Hilfe");
-    EXPECT_EQ(pages().accessibleName(), "Hilfeseite");
+    EXPECT_EQ(MnemonicTexts(*viewer()), (std::vector<std::string>{"&Zurück", "&Vor", "&Inhalt"}));
+    EXPECT_EQ(viewer()->windowTitle() + pages().accessibleName(), "HilfeHilfeseite");
     EXPECT_EQ(WindowFaults(*viewer(), Identities::notNeeded), std::vector<std::string>());
+}
+
+/// A dialog under a Presence with windows.
+class ModalLoops : public testing::Test {
+protected:
+    void SetUp() override {
+        InstallPresence(WindowPresence());
+        ASSERT_EQ(interface.open(), noErr);
+    }
+    void TearDown() override { InstallPresence(UnattendedPresence()); }
+
+    Interface interface { WindowFile(Geometry(0, 0, 200, 100)) };
+    ModalDriver driver;
+};
+
+TEST_F(ModalLoops, WindowMayGoWhileItRuns) {
+    driver.expect([this](QWidget&) { DisposeWindow(std::exchange(interface.window, nullptr)); });
+    EXPECT_EQ(RunAppModalLoopForWindow(interface.window, nullptr), kModalCancel);
+}
+
+TEST_F(ModalLoops, NoticesAndAlertsShowTheirTextsAsWritten) {
+    driver.expect([](QWidget& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.text(), "<Head>");
+        EXPECT_EQ(box.informativeText(), "a &lt;b&gt;b&lt;/b&gt;");
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    ShowNotice(CFSTR("<Head>"), CFSTR("a <b>b</b>"));
+    const AlertTexts texts{CFSTR("Delete?"), CFSTR("All"), CFSTR("Yes"), CFSTR("No")};
+    driver.expect([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+    EXPECT_FALSE(CurrentPresence().alert(texts));
+    EXPECT_TRUE(driver.done());
 }
 
 }  // namespace

@@ -1,12 +1,15 @@
 // Interface files written by a test, and the windows made from them.
 #pragma once
 
-#include <QString>
-#include <QWidget>
+#include <gtest/gtest.h>
+
+#include <QtTest>
+#include <QtWidgets>
 #include <string>
 
 #include "support/bundles.h"
 #include "support/private_home.h"
+#include "support/values.h"
 #include "toolbox/host.h"
 #include "toolbox/windows.h"
 

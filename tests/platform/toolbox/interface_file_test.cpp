@@ -1,5 +1,3 @@
-#include <QLabel>
-
 #include "interface.h"
 
 namespace kalmo::test {

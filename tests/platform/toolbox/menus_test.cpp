@@ -1,7 +1,8 @@
-#include <QTest>
+// Popups, and buttons with a menu.
+#include "toolbox/menus.h"
 
 #include "interface.h"
-#include "toolbox/menus.h"
+#include "support/modal_driver.h"
 
 namespace kalmo::test {
 namespace {
@@ -20,9 +21,6 @@ protected:
 
     void Append(const char* text, UInt32 attributes) {
         AppendMenuItemTextWithCFString(menu(), CFStringMakeConstant(text), attributes, 0, nullptr);
-    }
-    [[nodiscard]] std::string text(UInt16 item) {
-        return CFStringToUTF8(Owned<CFStringRef>::Adopt(CopyMenuItemTextAsCFString(menu(), item)));
     }
     [[nodiscard]] ControlRef control() { return interface.control(1); }
     [[nodiscard]] MenuRef menu() { return GetControlPopupMenu(control()); }
@@ -67,58 +65,108 @@ TEST_F(Popup, OpensWithTheKeyboardAfterAskingForItsItems) {
     EXPECT_EQ(record, "h");
 }
 
-TEST_F(Popup, WheelGoesToTheViewBehind) {
-    interface.windowWidget()->show();
-    box().setFocus();
-    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&box(), &wheel);
-    EXPECT_FALSE(wheel.isAccepted());
-    EXPECT_EQ(GetControl32BitValue(control()), 1);
-}
+/// A menu button with the items Size > (A & B, C without a command), two separators, Inserter. Its
+/// owner checks Inserter when the menu opens and builds it anew at each choice.
+class Button : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_EQ(interface.open(), noErr);
+        build();
+        const EventTypeSpec types[] = {kHit, kCommand, {kEventClassMenu, kEventMenuPopulate}};
+        InstallControlEventHandler(control(), Record, 3, types, this, nullptr);
+        interface.windowWidget()->show();
+    }
 
-TEST_F(Popup, ReferencesAndCommandsBelongToItems) {
-    ItemReference reference = 1;
-    SetMenuItemRefCon(menu(), 4, -6);
-    SetMenuItemRefCon(menu(), 0, reinterpret_cast<ItemReference>(this));
-    SetMenuItemCommandID(menu(), 4, 'KWmB');
-    DeleteMenuItem(menu(), 1);
-    UInt32 command = 0;
-    GetMenuItemCommandID(menu(), 3, &command);
-    EXPECT_EQ(command, UInt32{'KWmB'});
-    GetMenuItemRefCon(menu(), 3, &reference);
-    EXPECT_EQ(reference, -6);
-    GetMenuItemRefCon(menu(), 0, &reference);
-    EXPECT_EQ(reference, reinterpret_cast<ItemReference>(this));
-    EXPECT_EQ(GetMenuItemRefCon(menu(), 4, &reference), paramErr);
-}
+    void build() {
+        DeleteMenuItems(menu(), 1, CountMenuItems(menu()));
+        submenu = CreateNewMenu();
+        append(menu(), "Size", kMenuItemPlain, 'Ssiz');
+        append(submenu, "A & B", kMenuItemPlain, 'Ssiz');
+        append(submenu, "C", kMenuItemPlain, 0);
+        EXPECT_EQ(SetMenuItemHierarchicalMenu(menu(), 1, submenu), noErr);
+        append(menu(), "-", kMenuItemSeparator, 0);
+        append(menu(), "-", kMenuItemSeparator, 0);
+        append(menu(), "Inserter", kMenuItemPlain, 'Ssrc');
+    }
 
-TEST_F(Popup, CommandsTellTheItemThatSentThem) {
-    SetMenuItemCommandID(menu(), 4, 'KWmB');
-    UInt16 chosen = 0;
-    const auto note = [](EventHandlerCallRef, EventRef event, void* item) -> OSStatus {
-        return GetEventMenuItem(event, nullptr, static_cast<UInt16*>(item)) ? noErr : paramErr;
+    static void append(MenuRef menu, const char* text, UInt32 attributes, UInt32 command) {
+        AppendMenuItemTextWithCFString(menu, CFStringMakeConstant(text), attributes, command,
+                                       nullptr);
+    }
+
+    /// Choices: m or s for menu or submenu, the item, the command's last character.
+    static OSStatus Record(EventHandlerCallRef, EventRef event, void* data) {
+        auto& self = *static_cast<Button*>(data);
+        MenuRef menu = nullptr;
+        UInt16 item = 0;
+        if (GetEventClass(event) == kEventClassMenu) {
+            CheckMenuItem(self.menu(), 4, true);
+            return noErr;
+        }
+        EXPECT_TRUE(GetEventMenuItem(event, &menu, &item));
+        self.record += (menu == self.submenu ? "s" : "m") + std::to_string(item) +
+                       static_cast<char>(GetEventCommand(event));
+        self.build();
+        EXPECT_FALSE(GetEventMenuItem(event, &menu, &item)) << "the item is gone";
+        return noErr;
+    }
+
+    [[nodiscard]] ControlRef control() { return interface.control(1); }
+    [[nodiscard]] MenuRef menu() { return GetControlPopupMenu(control()); }
+    [[nodiscard]] QPushButton& button() { return *interface.widget<QPushButton>(1); }
+
+    Interface interface { WindowFile(Geometry(0, 0, 200, 100) + WidgetText("MenuButton", 1)) };
+    MenuRef submenu = nullptr;
+    std::string record;
+    ModalDriver driver;
+};
+
+TEST_F(Button, KeysOpenTheMenuAndChooseInIt) {
+    const std::pair<Qt::Key, std::vector<Qt::Key>> presses[] = {
+        {Qt::Key_Space, {Qt::Key_Up, Qt::Key_Return}},
+        {Qt::Key_Return, {Qt::Key_Down, Qt::Key_Right, Qt::Key_Return}},
+        {Qt::Key_Down, {Qt::Key_Down, Qt::Key_Right, Qt::Key_Down, Qt::Key_Return}},
+        {Qt::Key_Down, {Qt::Key_Escape}},
     };
-    InstallControlEventHandler(control(), note, 1, &kCommand, &chosen, nullptr);
-    QTest::keyClick(&box(), Qt::Key_End);
-    QTest::keyClick(box().view(), Qt::Key_Return);
-    EXPECT_EQ(chosen, 4);
+    for (const auto& [opens, keys] : presses) {
+        driver.expect([&keys](QWidget&) {
+            for (const Qt::Key key : keys) QTest::keyClick(QApplication::activePopupWidget(), key);
+        });
+        QTest::keyClick(&button(), opens);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return driver.done() && !button().isDown(); }));
+    }
+    EXPECT_EQ(record, "m4cs1z");
 }
 
-TEST_F(Popup, ItemsGoInAndOutAnywhere) {
-    InsertMenuItemTextWithCFString(menu(), CFSTR("First"), 0, kMenuItemPlain, 0);
-    InsertMenuItemTextWithCFString(menu(), CFSTR("-"), 99, kMenuItemPlain, 0);
-    EXPECT_EQ(text(1), "First");
-    EXPECT_EQ(text(6), "-");
-    EXPECT_FALSE(IsMenuItemSeparator(menu(), 6));
-    EXPECT_TRUE(IsMenuItemSeparator(menu(), 3));
-    EXPECT_EQ(GetControl32BitValue(control()), 2) << "the choice moves with its item";
-    EXPECT_EQ(DeleteMenuItems(menu(), 7, 1), paramErr);
-    EXPECT_EQ(DeleteMenuItems(menu(), 2, 0xFFFFFFFF), noErr);
-    EXPECT_EQ(CountMenuItems(menu()), 1);
-    DeleteMenuItems(menu(), 1, 1);
-    EXPECT_EQ(DeleteMenuItems(menu(), 1, CountMenuItems(menu())), noErr) << "an empty menu";
-    EXPECT_EQ(record, "");
+TEST_F(Button, ShowsWhatItsOwnerMadeAboveWhereNoRoomIsBelow) {
+    QWidget& window = *interface.windowWidget();
+    window.move(20, window.screen()->geometry().bottom() - 60);
+    driver.expect([this](QWidget& shown) {
+        const QList<QAction*> actions = shown.actions();
+        EXPECT_EQ(actions[0]->menu()->actions()[0]->text(), "A && B");
+        EXPECT_TRUE(actions[2]->isSeparator());
+        EXPECT_TRUE(actions[3]->isChecked());
+        const QRect place(button().mapToGlobal(QPoint()), button().size());
+        EXPECT_FALSE(shown.geometry().intersects(place));
+        QTest::mouseClick(&shown, Qt::LeftButton, {},
+                          static_cast<QMenu&>(shown).actionGeometry(actions[3]).center());
+    });
+    QTest::mousePress(&button(), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return driver.done() && record == "m4c"; }));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&button())->role(), QAccessible::ButtonMenu);
+}
+
+TEST_F(Button, SubmenusBelongToTheirItem) {
+    const MenuRef inner = CreateNewMenu();
+    const QPointer<QObject> watched = reinterpret_cast<QObject*>(inner);
+    append(inner, "x", kMenuItemPlain, 0);
+    EXPECT_EQ(SetMenuItemHierarchicalMenu(submenu, 2, inner), noErr);
+    EXPECT_EQ(SetMenuItemHierarchicalMenu(submenu, 1, inner), paramErr) << "in two places";
+    EXPECT_EQ(SetMenuItemHierarchicalMenu(inner, 1, submenu), paramErr) << "in itself";
+    DisposeMenu(inner);
+    EXPECT_EQ(GetMenuItemHierarchicalMenu(submenu, 2), inner) << "not its maker's any more";
+    DeleteMenuItem(menu(), 1);
+    EXPECT_EQ(watched, nullptr);
 }
 
 }  // namespace

@@ -1,8 +1,5 @@
 #include "toolbox/pictures.h"
 
-#include <QPainter>
-#include <QToolButton>
-
 #include "interface.h"
 
 namespace kalmo::test {
@@ -25,10 +22,7 @@ std::string Encoded(const char* format) {
 PictureRef Load(const std::string& bytes) {
     const auto file = MakeFolder("pictures") / "picture.gif";
     WriteFile(file, bytes);
-    const auto path = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(file.string()));
-    const auto url =
-        Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, false));
-    return CreatePictureFromURL(url);
+    return CreatePictureFromURL(FileURL(file));
 }
 
 /// One black pixel.

@@ -1,7 +1,3 @@
-#include <QAccessible>
-#include <QSlider>
-#include <QTest>
-
 #include "interface.h"
 #include "support/window_walk.h"
 
@@ -98,16 +94,6 @@ TEST_F(Arrows, AreANamedSpinBoxForAssistiveTechnology) {
         seen->valueInterface()->setCurrentValue(wanted);
         EXPECT_EQ(GetControl32BitValue(control()), wanted);
     }
-}
-
-TEST(Sliders, CallTheirActionAtEachOfTheUsersMovements) {
-    pressed.clear();
-    QSlider slider;
-    SetControlAction(ControlFromWidget(&slider), Note);
-    SetControl32BitValue(ControlFromWidget(&slider), 7);
-    EXPECT_EQ(pressed, "");
-    QTest::keyClick(&slider, Qt::Key_Up);
-    EXPECT_EQ(pressed, "s");
 }
 
 }  // namespace

@@ -1,9 +1,4 @@
 // Text fields: what the user would change comes to the handlers first.
-#include <QClipboard>
-#include <QInputMethodEvent>
-#include <QMenu>
-#include <QMimeData>
-#include <QTest>
 
 #include "interface.h"
 #include "support/modal_driver.h"
@@ -96,22 +91,6 @@ TEST_F(TextFields, EveryInputComesBeforeItChangesTheText) {
         }
         EXPECT_EQ(after, row.after) << "done when the rest has been called";
     }
-}
-
-TEST_F(TextFields, ReturnPressesTheDefaultButtonUnlessSwallowed) {
-    ModalDriver driver;
-    driver.expect([this](QWidget& window) {
-        refuses = true;
-        QTest::keyClick(field, Qt::Key_Return);
-        QTest::keyClick(field, Qt::Key_Enter);
-        EXPECT_EQ(record.right(2), "\r\3");
-        QTimer::singleShot(0, &window, [this] {
-            refuses = false;
-            QTest::keyClick(field, Qt::Key_Return);
-        });
-    });
-    EXPECT_EQ(RunAppModalLoopForWindow(interface.window, nullptr), kModalOK);
-    EXPECT_FALSE(refuses) << "only the second time";
 }
 
 TEST_F(TextFields, FocusIsToldOnceAndNotWhenOnlyTheWindowSleeps) {

@@ -2,13 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "shell/client_information.h"
+#include "support/values.h"
 
 namespace kalmo::test {
 namespace {
 
-Owned<CFStringRef> Text(const char* utf8) {
-    return utf8 ? Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(utf8)) : Owned<CFStringRef>();
-}
+Owned<CFStringRef> Text(const char* utf8) { return utf8 ? String(utf8) : Owned<CFStringRef>(); }
 
 std::string Item(PMTicketRef ticket, CFStringRef key) {
     CFStringRef text = nullptr;

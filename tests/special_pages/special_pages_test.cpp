@@ -1,0 +1,175 @@
+// Image shift, inverted images and covers on their way to the ticket and back.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <optional>
+
+#include "kalmo/pde.h"
+#include "settings/ticket.h"
+#include "settings/ticket_keys.h"
+#include "special_pages/covers.h"
+#include "special_pages/image_shift.h"
+#include "special_pages/invert_image.h"
+#include "support/dictionaries.h"
+#include "toolbox/host.h"
+
+namespace kalmo::test {
+namespace {
+
+_IS_Options Shift(bool inches, SInt32 x1) {
+    _IS_Options options;
+    ImageShiftInitialize(nullptr, nullptr, &options);
+    options.Option = 3;
+    options.Inches = inches;
+    options.X1 = x1;
+    options.X2 = 10;
+    options.Y1 = 20;
+    options.Y2 = 30;
+    return options;
+}
+
+std::optional<CFIndex> Number(CFDictionaryRef dictionary, CFStringRef key) {
+    CFIndex value = 0;
+    if (!GetCFIndexFromCFDictionary(dictionary, key, &value)) return {};
+    return value;
+}
+
+TEST(ImageShift, FullPrecisionRoundsOnWritingAndCutsOnReading) {
+    struct {
+        const char* why;
+        bool inches;
+        SInt32 own;
+        CFIndex ticket;
+        SInt32 readBack;
+    } const rows[] = {
+        {"exact", true, 5, 127, 5},
+        {"one unit is lost on the way back", true, 1, 25, 0},
+        {"rounded up", true, 3, 76, 2},
+        {"negative, towards zero", true, -1, -25, 0},
+        {"metric", false, 12, 120, 12},
+        {"largest", true, INT32_MAX, 54546084634, INT32_MAX},
+        {"smallest", false, INT32_MIN, -21474836480, INT32_MIN},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.why);
+        const _IS_Options written = Shift(row.inches, row.own);
+        const auto dictionary = Owned<CFDictionaryRef>::Adopt(
+            ImageShiftCreateTicketFromOptions(&written, JobContext::exception));
+        EXPECT_EQ(Number(dictionary, CFSTR("X1")), row.ticket);
+        _IS_Options read;
+        ImageShiftSetOptionsFromTicket(dictionary, &read);
+        EXPECT_EQ(read.X1, row.readBack);
+        EXPECT_EQ(std::tuple(read.X2, read.Y1, read.Y2), std::tuple(10, 20, 30));
+    }
+}
+
+TEST(ImageShift, WithoutAChoiceThereIsNoDictionary) {
+    _IS_Options options = Shift(true, 5);
+    options.Option = kPrinterDefault;
+    EXPECT_EQ(ImageShiftCreateTicketFromOptions(&options, JobContext::exception), nullptr);
+    options = Shift(true, 5);
+    options.valid = false;
+    EXPECT_EQ(ImageShiftCreateTicketFromOptions(&options, JobContext::exception), nullptr);
+}
+
+TEST(ImageShift, ForeignDictionariesFallToTheDefaults) {
+    const auto dictionary =
+        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
+    CFDictionarySetValue(dictionary, CFSTR("Option"), CFSTR("3"));
+    WriteTicketValue(dictionary, CFSTR("X1"), 127);
+    WriteTicketValue(dictionary, CFSTR("Y1"), CFIndex{1} << 60);
+    WriteTicketValue(dictionary, CFSTR("FullPrecision"), 1);  // a number is no boolean
+    _IS_Options read = Shift(false, 9);
+    ImageShiftSetOptionsFromTicket(dictionary, &read);
+    EXPECT_EQ(read.Option, kPrinterDefault);
+    EXPECT_TRUE(read.Inches);
+    EXPECT_EQ(read.X1, 127) << "own units without full precision";
+    EXPECT_EQ(read.Y1, INT32_MAX);
+
+    CFDictionarySetValue(dictionary, CFSTR("FullPrecision"), kCFBooleanTrue);
+    WriteTicketValue(dictionary, CFSTR("Inches"), 0);
+    ImageShiftSetOptionsFromTicket(dictionary, &read);
+    EXPECT_EQ(read.X1, 12) << "a metric 127 is cut";
+}
+
+struct InvertImage : testing::Test {
+    InvertImage() { InvertImageInitialize(&context, &options); }
+    ~InvertImage() override { PMTicketDispose(ticket); }
+
+    OSStatus sync(Boolean direction) {
+        return InvertImageSync(context, &options, direction, ticket);
+    }
+    std::pair<bool, bool> flags() const { return {options.NegativeImage, options.MirrorImage}; }
+
+    PMTicketRef ticket = PMTicketCreate();
+    InvertImageContext context;
+    II_Options options;
+};
+
+TEST_F(InvertImage, AnyNumberButZeroIsTrue) {
+    const auto dictionary =
+        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
+    WriteTicketValue(dictionary, CFSTR("NegativeImage"), -2);
+    CFDictionarySetValue(dictionary, CFSTR("MirrorImage"), CFSTR("1"));
+    InvertImageSetOptionsFromTicket(dictionary, &options);
+    EXPECT_EQ(flags(), std::pair(true, false));
+}
+
+TEST_F(InvertImage, BoxesOfItsOwnForceTheirFlags) {
+    QWidget window;
+    for (const SInt32 id : {910, 911, 912})
+        SetControlID(ControlFromWidget(new QCheckBox(&window)), {'KPDE', id});
+    ControlRef pane = nullptr;
+    CreateUserPaneControl(WindowFromWidget(&window), {0, 0, 100, 100}, &pane);
+    ASSERT_EQ(InvertImageOpen(&context, WindowFromWidget(&window), pane), noErr);
+    sync(kSyncToTicket);
+    EXPECT_EQ(flags(), std::pair(true, true));
+    sync(kSyncToUI);
+    EXPECT_EQ(GetControl32BitValue(context.mirror), 1);
+    InvertImageTerminate(&context);
+}
+
+constexpr const char* kFront = "com.kalmo.print.SpecialPages.FrontCover";
+constexpr const char* kBack = "com.kalmo.print.SpecialPages.BackCover";
+
+struct Covers : testing::Test {
+    ~Covers() override { PMTicketDispose(ticket); }
+
+    void put(const char* key, const char* cover, CFTypeRef stock) {
+        const auto made = Dictionary(cover);
+        CFDictionarySetValue(made, CFSTR("Stock"), stock);
+        PMTicketSetItem(ticket, kPrintCreator, CFStringMakeConstant(key), made, false);
+    }
+    OSStatus sync(Boolean direction) { return SyncCovers(ticket, direction, &front, &back); }
+
+    PMTicketRef ticket = PMTicketCreate();
+    std::unique_ptr<Cover> front, back;
+};
+
+TEST_F(Covers, AbsentOnesTakeTheirKeyAway) {
+    put(kBack, "", nullptr);
+    front = std::make_unique<Cover>();
+    for (int twice = 0; twice < 2; ++twice) EXPECT_EQ(sync(kSyncToTicket), noErr);
+    back = std::make_unique<Cover>();
+    EXPECT_EQ(sync(kSyncToUI), noErr);
+    EXPECT_TRUE(*front == Cover());
+    EXPECT_EQ(back, nullptr);
+}
+
+TEST_F(Covers, BackCoverOfABookletRepeatsTheFront) {
+    put(kFront, "SidesImaged=4", Dictionary("Type=2 Color=3"));
+    put(kBack, "SidesImaged=x", CFSTR("no paper"));
+    sync(kSyncToUI);
+    EXPECT_EQ(std::pair(back->sidesImaged(), back->stock().color()), std::pair(1, 1));
+    PMTicketSetItem(ticket, kPrintCreator, kBookletLayoutKey, kCFBooleanTrue, false);
+    sync(kSyncToUI);
+    EXPECT_EQ(std::pair(back->sidesImaged(), back->stock().color()), std::pair(4, 3));
+    back->setStartPage(5);
+    EXPECT_TRUE(*back == *front);
+    PMTicketReleaseItem(ticket, CFStringMakeConstant(kFront));
+    EXPECT_EQ(sync(kSyncToUI), noErr);
+    EXPECT_EQ(back, nullptr);
+}
+
+}  // namespace
+}  // namespace kalmo::test
