@@ -79,33 +79,6 @@ TEST_F(Attachment, SecondTicketReplacesTheFirst) {
     EXPECT_EQ(taken.ticket, "second");
 }
 
-TEST_F(Attachment, IsRefusedUnlessItFitsTheDigest) {
-    const path sent = attach("ticket");
-    std::string capitals = TicketDigest("ticket");
-    for (char& c : capitals) c = static_cast<char>(std::toupper(c));
-    const std::tuple<const char*, path, std::string> rows[] = {
-        {"another ticket", sent, TicketDigest("ticket ")},
-        {"no attachment", document, TicketDigest("ticket")},
-        {"no attachment, digest of nothing", document, TicketDigest("")},
-        {"empty digest", sent, ""},
-        {"digest cut short", sent, TicketDigest("ticket").substr(0, 20)},
-        {"capital letters", sent, capitals},
-    };
-    for (const auto& [why, file, digest] : rows) {
-        SCOPED_TRACE(why);
-        EXPECT_FALSE(TakeTicketOut(file, digest, folder / "clean.pdf", &taken));
-        EXPECT_FALSE(taken.ticket);
-        EXPECT_FALSE(exists(folder / "clean.pdf"));
-    }
-}
-
-TEST_F(Attachment, IsIgnoredWithoutADigest) {
-    const path sent = attach("a foreign ticket");
-    ASSERT_TRUE(TakeTicketOut(sent, std::nullopt, folder / "passed.pdf", &taken));
-    EXPECT_FALSE(taken.ticket);
-    EXPECT_EQ(ReadFile(folder / "passed.pdf"), ReadFile(sent));
-}
-
 TEST_F(Attachment, ThatUnpacksWithoutEndIsRefused) {
     const path bomb = rewritten([](QPDF& pdf, QPDFWriter& writer) {
         auto stream =

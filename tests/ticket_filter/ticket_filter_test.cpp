@@ -1,7 +1,8 @@
-// kalmoticket, called as cupsd calls it.
+// kalmoticket, called as cupsd calls it, and kalmo-ticket at the command line.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <thread>
@@ -16,14 +17,16 @@ namespace {
 
 using std::filesystem::path;
 
-class CupsFilter : public testing::Test {
+/// A document without and one with a ticket.
+class TicketFilter : public testing::Test {
 protected:
-    CupsFilter() {
+    TicketFilter() {
         WriteFile(plain, MakePdf({"page"}));
+        WriteFile(letter, "Dear reader");
         EXPECT_TRUE(job_ticket::AttachTicket(plain, ticket, sent));
     }
 
-    /// The file as sixth argument, or as `input` on standard input.
+    /// kalmoticket: the file as sixth argument, or as `input` on standard input.
     ProgramCall call(const std::string& options, const path& file, const path& input = "/dev/null",
                      const std::string& type = "document") {
         ProgramCall made{.program = BuiltProgram("kalmoticket"),
@@ -36,17 +39,24 @@ protected:
         if (!file.empty()) made.arguments.push_back(file);
         return made;
     }
+    /// kalmo-ticket.
+    ProgramEnd run(const std::vector<std::string>& arguments) {
+        return RunProgram({.program = BuiltProgram("kalmo-ticket"), .arguments = arguments});
+    }
 
     const path folder = MakeFolder("cups filter");
     const path temporary = MakeFolder("temporary");
     const path plain = folder / "d00012-001 with spaces.pdf";
     const path sent = folder / "d00013-001.pdf";
+    const path letter = folder / "letter.pdf";
     const path ticketFile = folder / "ticket.plist";
+    const path documentFile = folder / "clean.pdf";
     const std::string ticket = "<plist>\r\npasscode 4711</plist>";
-    const std::string option = "com.kalmo.print.ticket=" + job_ticket::TicketDigest(ticket);
+    const std::string digest = job_ticket::TicketDigest(ticket);
+    const std::string option = "com.kalmo.print.ticket=" + digest;
 };
 
-TEST_F(CupsFilter, LetsTheJobThroughWithItsTicket) {
+TEST_F(TicketFilter, LetsTheJobThroughWithItsTicket) {
     const std::pair<const char*, ProgramCall> rows[] = {
         {"file", call("Duplex=None " + option, sent)},
         {"standard input", call(option, {}, sent)},
@@ -65,7 +75,7 @@ TEST_F(CupsFilter, LetsTheJobThroughWithItsTicket) {
     }
 }
 
-TEST_F(CupsFilter, PassesWhatHasNoTicketUnchanged) {
+TEST_F(TicketFilter, PassesWhatHasNoTicketUnchanged) {
     // The ticket of the job before must not be taken for this job's.
     const std::tuple<const char*, ProgramCall, path> rows[] = {
         {"no option", call("Duplex=None", plain), plain},
@@ -83,16 +93,17 @@ TEST_F(CupsFilter, PassesWhatHasNoTicketUnchanged) {
     }
 }
 
-TEST_F(CupsFilter, FailsRatherThanPrintWithoutTheTicket) {
-    WriteFile(folder / "letter.pdf", "Dear reader");
+TEST_F(TicketFilter, FailsRatherThanPrintWithoutTheTicket) {
     const std::pair<const char*, ProgramCall> rows[] = {
         {"missing", call(option, plain)},
         {"changed", call("com.kalmo.print.ticket=" + job_ticket::TicketDigest("other"), sent)},
+        {"cut short", call(option.substr(0, option.size() - 2), sent)},
+        {"of nothing", call("com.kalmo.print.ticket=" + job_ticket::TicketDigest(""), plain)},
         {"no value", call("com.kalmo.print.ticket", sent)},
         {"empty value", call("com.kalmo.print.ticket=", sent)},
         {"behind a line end that stops the parsing", call("a=x\ry " + option, plain)},
-        {"no PDF", call(option, folder / "letter.pdf")},
-        {"no PDF on standard input", call(option, {}, folder / "letter.pdf")},
+        {"no PDF", call(option, letter)},
+        {"no PDF on standard input", call(option, {}, letter)},
         {"no such file", call(option, folder / "nowhere.pdf")},
     };
     for (const auto& [why, made] : rows) {
@@ -107,7 +118,7 @@ TEST_F(CupsFilter, FailsRatherThanPrintWithoutTheTicket) {
     }
 }
 
-TEST_F(CupsFilter, LeavesNothingBehindWhenTheJobIsCancelled) {
+TEST_F(TicketFilter, LeavesNothingBehindWhenTheJobIsCancelled) {
     const path pipe = folder / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     Program filter(call(option, {}, pipe));
@@ -123,6 +134,43 @@ TEST_F(CupsFilter, LeavesNothingBehindWhenTheJobIsCancelled) {
     filter.signal(SIGTERM);
     EXPECT_EQ(filter.wait().exitCode, 1);
     EXPECT_TRUE(is_empty(temporary));
+}
+
+TEST_F(TicketFilter, CommandLineTakesOutWhatTheDigestNames) {
+    umask(0);
+    const ProgramEnd end =
+        run({sent, "--digest", digest, "--ticket", ticketFile, "--document", documentFile});
+    EXPECT_EQ(end.exitCode, 0) << end.errors;
+    EXPECT_EQ(ReadFile(ticketFile), ticket);
+    EXPECT_EQ(ReadFile(documentFile).find("4711"), std::string::npos);
+    for (const path& file : {ticketFile, documentFile}) {
+        EXPECT_EQ(status(file).permissions(), std::filesystem::perms(0600)) << file;
+    }
+}
+
+TEST_F(TicketFilter, CommandLineRefusesInOneLineAndWritesNothing) {
+    const std::string other = job_ticket::TicketDigest("other");
+    const std::tuple<const char*, std::vector<std::string>, int> rows[] = {
+        {"changed", {sent, "--digest", other}, 1},
+        {"missing", {plain, "--digest", digest}, 1},
+        {"no PDF", {letter, "--digest", digest}, 1},
+        {"no such file", {folder / "nowhere.pdf"}, 1},
+        {"no document", {}, 2},
+        {"unknown option", {sent, "--what"}, 2},
+        {"two documents", {sent, plain}, 2},
+    };
+    for (const auto& [why, start, code] : rows) {
+        SCOPED_TRACE(why);
+        std::vector<std::string> arguments = start;
+        arguments.insert(arguments.end(), {"--document", documentFile});
+        const ProgramEnd end = run(arguments);
+        EXPECT_EQ(end.exitCode, code) << end.errors;
+        EXPECT_FALSE(end.errors.empty());
+        EXPECT_TRUE(code == 2 || std::ranges::count(end.errors, '\n') == 1) << end.errors;
+        EXPECT_EQ(end.errors.find("4711"), std::string::npos);
+        EXPECT_FALSE(exists(documentFile));
+    }
+    EXPECT_EQ(run({sent, "--ticket", ticketFile}).exitCode, 2) << "a ticket needs its digest";
 }
 
 }  // namespace
