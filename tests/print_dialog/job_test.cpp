@@ -6,10 +6,6 @@
 
 #include "job_ticket/attachment.h"
 #include "print_dialog/hosted_pane.h"
-#include "printing/ticket.h"
-#include "support/pdf_documents.h"
-#include "support/private_home.h"
-#include "toolbox/events.h"
 
 namespace kalmo {
 namespace {
@@ -17,17 +13,9 @@ namespace {
 using test::HostedPane;
 using test::TicketFile;
 
-OSStatus Refuse(EventHandlerCallRef, EventRef event, void* count) {
-    if (GetEventCommand(event) != 'ok  ') return eventNotHandledErr;
-    ++*static_cast<int*>(count);
-    return kKalmoKeepDialogOpen;
-}
-
 class JobTest : public testing::Test {
 protected:
-    JobTest() { test::WriteFile(document_, test::MakePdf({"One"})); }
-
-    JobOrder order(const JobRequest& request = {}) {
+    JobOrder order(const JobRequest& request) {
         JobOrder order;
         const auto outcome = MakeJobOrder(pane_.host, request, &order);
         EXPECT_TRUE(outcome) << outcome.error;
@@ -37,24 +25,8 @@ protected:
         return {order.options.begin(), order.options.end()};
     }
 
-    std::filesystem::path document_ = test::MakeFolder("in") / "report.pdf";
-    std::filesystem::path folder_ = test::MakeFolder("out");
     HostedPane pane_;
 };
-
-TEST_F(JobTest, ARefusedJobWritesNothing) {
-    ASSERT_EQ(pane_.beginOnSample(), noErr);
-    int asked = 0;
-    const EventTypeSpec command = {kEventClassCommand, kEventCommandProcess};
-    InstallControlEventHandler(ControlFromWidget(pane_.printButton), Refuse, 1, &command, &asked,
-                               nullptr);
-    const auto before = pane_.host.ticketFile();
-    EXPECT_FALSE(StartJob(pane_.host, {.document = document_, .folder = folder_},
-                          {.finished = [](const JobResult&) { FAIL(); }}));
-    EXPECT_EQ(asked, 1);
-    EXPECT_EQ(pane_.host.ticketFile(), before) << "no Sync towards the ticket either";
-    EXPECT_TRUE(std::filesystem::is_empty(folder_));
-}
 
 TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
     pane_.choose(test::SamplePPD("kalmo-office-color"));

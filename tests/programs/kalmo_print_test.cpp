@@ -64,7 +64,9 @@ constexpr char kForeignSettings[] =
     "</array>";
 
 TEST_F(KalmoPrintTest, TheLifeOfAPaneKeepsWhatItDoesNotKnow) {
-    const std::string rotated = "<key>com.kalmo.print.RotateBooklet180Degrees</key><true/>";
+    const std::string rotated =
+        "<key>com.kalmo.print.RotateBooklet180Degrees</key><true/>"
+        "<key>com.kalmo.print.nonce</key><data>AAAA</data>";
     const auto before = ticketWith(kForeignSettings + rotated,
                                    "<key>Unknown</key><string>Choice</string>"
                                    "<key>KLEconomode</key><string>Draft</string>");

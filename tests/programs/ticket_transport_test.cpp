@@ -89,22 +89,5 @@ TEST_F(TicketTransport, OnlyAJobWithItsOwnTicketIsPrinted) {
     }
 }
 
-TEST_F(TicketTransport, PpdChoicesReachTheFilter) {
-    const JobOptions choices = {{"StapleLocation", "SinglePortrait"},
-                                {"KLOutputOption", "True"},
-                                {"JCLTrueGrayGraphics", "False"},
-                                {"PageSize", "Custom.300x500"}};
-    const int job = server.submit("kalmo", sent, withDigest(choices));
-    ASSERT_EQ(server.finished(job).state, IPP_JSTATE_COMPLETED) << server.log();
-    cups_option_t* options = nullptr;
-    const int count = cupsParseOptions(ReadFile(out / "options").c_str(), 0, &options);
-    for (const auto& [keyword, choice] : choices) {
-        const char* arrived = cupsGetOption(keyword.c_str(), count, options);
-        ASSERT_NE(arrived, nullptr) << keyword;
-        EXPECT_STRCASEEQ(arrived, choice.c_str()) << keyword;
-    }
-    cupsFreeOptions(count, options);
-}
-
 }  // namespace
 }  // namespace kalmo::test

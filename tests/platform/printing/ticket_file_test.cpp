@@ -66,20 +66,6 @@ TEST_F(TicketFiles, ReplacesWhatTheTicketsHeld) {
     EXPECT_EQ(CFDictionaryGetCount(choices), 0);
 }
 
-TEST_F(TicketFiles, CarriesANonceOnlyWhenItIsAdded) {
-    const std::string old = Plist(
-        "<dict><key>PrintSettings</key><dict><key>com.kalmo.print.nonce</key><data>AAAA</data>"
-        "</dict></dict>");
-    ASSERT_TRUE(ReadTicketFile(session, old, &reason)) << reason;
-    EXPECT_EQ(WriteTicketFile(session, nullptr).find("nonce"), std::string::npos);
-    const auto extra = Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(nullptr, 0));
-    CFDictionarySetValue(extra, CFSTR("com.kalmo.print.nonce"), CFSTR("fresh"));
-    const auto file = Parsed(WriteTicketFile(session, extra));
-    EXPECT_TRUE(CFEqual(CFDictionaryGetValue(Settings(file), CFSTR("com.kalmo.print.nonce")),
-                        CFSTR("fresh")));
-    EXPECT_FALSE(PMTicketContainsItem(settings, CFSTR("com.kalmo.print.nonce")));
-}
-
 TEST_F(TicketFiles, RefusesInOneLineAndChangesNothing) {
     ASSERT_TRUE(ReadTicketFile(session, kTicket, &reason));
     const std::string before = WriteTicketFile(session, nullptr);
