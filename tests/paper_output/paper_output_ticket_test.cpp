@@ -15,9 +15,6 @@ namespace {
 using Value = Owned<CFTypeRef>;
 using Entries = std::vector<std::pair<std::string, Value>>;
 
-Owned<CFStringRef> Text(const std::string& utf8) {
-    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(utf8));
-}
 Value Number(double value) {
     const auto whole = static_cast<SInt64>(value);
     return Value::Adopt(value == static_cast<double>(whole)
@@ -26,7 +23,7 @@ Value Number(double value) {
 }
 Value Dictionary(const Entries& entries) {
     auto* const made = CFDictionaryCreateMutable(kCFAllocatorDefault, 0);
-    for (const auto& [key, value] : entries) CFDictionarySetValue(made, Text(key), value.get());
+    for (const auto& [key, value] : entries) CFDictionarySetValue(made, String(key), value.get());
     return Value::Adopt(made);
 }
 const Value kYes = Value::Retain(kCFBooleanTrue);
@@ -73,23 +70,23 @@ struct Job final {
         return choices;
     }
     void set(const std::string& key, const Value& value) const {
-        PMTicketSetItem(ticket, nullptr, Text("com.kalmo.print." + key), value.get(), false);
+        PMTicketSetItem(ticket, nullptr, String("com.kalmo.print." + key), value.get(), false);
     }
     Value item(const std::string& key) const {
         CFTypeRef value = nullptr;
-        PMTicketGetItem(ticket, Text("com.kalmo.print." + key), &value);
+        PMTicketGetItem(ticket, String("com.kalmo.print." + key), &value);
         return Value::Retain(value);
     }
     void choose(const std::string& keyword, const Value& choice) const {
-        CFDictionarySetValue(choices(), Text(keyword), choice.get());
+        CFDictionarySetValue(choices(), String(keyword), choice.get());
     }
     std::string choice(const char* keyword) const {
-        return TakeText(PPDCopyCurrentChoice(ticket, Text(keyword)));
+        return TakeText(PPDCopyCurrentChoice(ticket, String(keyword)));
     }
     /// A panel that has just read the ticket.
     PaperOutputRecord read() const {
         PaperOutputRecord record;
-        record.job.savedJobName = Text("Document");
+        record.job.savedJobName = String("Document");
         ReadPaperOutput(&record, {.ppd = ppd, .settings = ticket, .pageFormat = ticket});
         SyncCovers(ticket, kSyncToUI, &record.frontCover, &record.backCover);
         return record;
@@ -106,32 +103,16 @@ struct Job final {
     }
 };
 
+std::vector<SInt32> Numbers(auto... values) { return {values...}; }
+
 std::vector<SInt32> Fields(const PaperOutputRecord& record) {
     const auto& [mode, outlines, newSize, gutter, creep] = record.booklet;
     const Finishing& f = record.finishing;
-    return {record.separators.option,
-            outlines,
-            gutter,
-            creep,
-            record.duplex,
-            f.option,
-            f.offset,
-            f.offsetSubsetEnabled,
-            f.offsetPagesPerSubset,
-            f.slipSheet,
-            f.bind,
-            mode,
-            newSize,
-            record.outputBin,
-            f.fold,
-            f.punch,
-            f.singleStaple,
-            f.dualStaple,
-            f.multipleStaple,
-            record.job.jobType,
-            record.job.mediaType,
-            record.job.saveDisposition,
-            record.orientation};
+    return Numbers(record.separators.option, outlines, gutter, creep, record.duplex, f.option,
+                   f.offset, f.offsetSubsetEnabled, f.offsetPagesPerSubset, f.slipSheet, f.bind,
+                   mode, newSize, record.outputBin, f.fold, f.punch, f.singleStaple, f.dualStaple,
+                   f.multipleStaple, record.job.jobType, record.job.mediaType,
+                   record.job.saveDisposition, record.orientation);
 }
 const std::vector<SInt32> kDefaults = {1,      0, 24, 0, 0, 0, 1, 0, 1, 0, 0, 2,
                                        kUnset, 0, 0,  0, 1, 1, 1, 1, 1, 1, 1};
@@ -154,11 +135,11 @@ TEST(PaperOutputTicket, EachKeyHasItsField) {
                                           {"KLFold", "Z"},
                                           {"KLPunch", "3HolePunch"},
                                           {"StapleLocation", "DualLandscape"}})
-        job.choose(keyword, Text(choice));
+        job.choose(keyword, String(choice));
     PMTicketSetSInt32(job.ticket, nullptr, CFSTR("com.apple.print.PageFormat.PMOrientation"), 2, 0);
     PMTicketSetSInt32(job.ticket, nullptr, CFSTR("com.apple.print.PrintSettings.PMDuplexing"), 1,
                       0);
-    job.set("FinishingCustom", Text("cut"));
+    job.set("FinishingCustom", String("cut"));
     job.set("FaxOptions", Dictionary({{"Unknown", kYes}}));
     PaperOutputRecord record = job.read();
     EXPECT_EQ(CFStringToUTF8(record.finishing.custom), "cut");
@@ -203,9 +184,9 @@ TEST(PaperOutputTicket, AJobsDictionaryHoldsWhatItsTypeNeeds) {
     const Value held = Dictionary({{"JobType", Number(3)},
                                    {"MediaType", Number(2)},
                                    {"UseJobName", no},
-                                   {"SavedJobName", Text("a")},
-                                   {"SavedJobLocation", Text("b")},
-                                   {"SecurePrintPassword", Text("c")},
+                                   {"SavedJobName", String("a")},
+                                   {"SavedJobLocation", String("b")},
+                                   {"SecurePrintPassword", String("c")},
                                    {"DelayedPrintTime", Number(1e12)},
                                    {"SaveDisposition", Number(2)},
                                    {"Unknown", kYes}});
@@ -228,7 +209,7 @@ TEST(PaperOutputTicket, ThePrintersPaperWinsAndUnknownChoicesStay) {
     const Job job{printer.ppd()};
     job.set("JobLevelStock", Dictionary({{"Type", Number(10)}, {"Color", Number(2)}}));
     EXPECT_EQ(job.read().jobStock.color(), kStockColorClear);
-    for (const char* keyword : kKeywords) job.choose(keyword, Text("Nonesuch"));
+    for (const char* keyword : kKeywords) job.choose(keyword, String("Nonesuch"));
     EXPECT_EQ(job.read().jobStock.type(), -1);
     EXPECT_EQ(job.read().jobStock.color(), -1);
     job.write(job.read());
@@ -254,7 +235,7 @@ private:
         if (below(7) == 0) kind = "#?$OR"[below(5)];
         if (kind == '#') return Number(below(5) ? below(80) : kOdd[below(std::size(kOdd))]);
         if (kind == '?') return Value::Retain(below(2) ? kCFBooleanTrue : kCFBooleanFalse);
-        if (kind == '$') return Text(std::string(static_cast<std::size_t>(below(6)), 'x'));
+        if (kind == '$') return String(std::string(static_cast<std::size_t>(below(6)), 'x'));
         return kind == 'R' ? recipients() : dictionary(kind);
     }
     Value recipients() {
@@ -326,7 +307,7 @@ TEST(PaperOutputTicket, HostileValuesUnderEveryKeyAreDefaults) {
         EXPECT_EQ(Fields(job.read()), kDefaults);
         EXPECT_TRUE(CFEqual(job.write(job.read()), job.write(job.read())));
     };
-    for (const Value& value : {Value(Text(std::string(1 << 20, '9'))), deep}) {
+    for (const Value& value : {Value(String(std::string(1 << 20, '9'))), deep}) {
         for (const auto& [key, kind] : KeysOf('T')) {
             check(key, value);
             if (!kForms.contains(kind)) continue;

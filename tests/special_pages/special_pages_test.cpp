@@ -63,16 +63,10 @@ TEST(ImageShift, FullPrecisionRoundsOnWritingAndCutsOnReading) {
     }
 }
 
-TEST(ImageShift, WithoutAChoiceThereIsNoDictionary) {
-    _IS_Options options = Shift(true, 5);
-    options.Option = kPrinterDefault;
-    EXPECT_EQ(ImageShiftCreateTicketFromOptions(&options, JobContext::exception), nullptr);
-    options = Shift(true, 5);
-    options.valid = false;
-    EXPECT_EQ(ImageShiftCreateTicketFromOptions(&options, JobContext::exception), nullptr);
-}
-
 TEST(ImageShift, ForeignDictionariesFallToTheDefaults) {
+    _IS_Options unset = Shift(true, 5);
+    unset.Option = kPrinterDefault;
+    EXPECT_EQ(ImageShiftCreateTicketFromOptions(&unset, JobContext::exception), nullptr);
     const auto dictionary =
         Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
     CFDictionarySetValue(dictionary, CFSTR("Option"), CFSTR("3"));

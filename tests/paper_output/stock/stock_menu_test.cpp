@@ -25,8 +25,7 @@ std::string Outline(MenuRef menu) {
     return outline;
 }
 
-const _InstalledFeatureMap kFeatures[] = {
-    {CFSTR("PostPrintInserterKey"), nullptr, nullptr, nullptr, 0}, {}};
+const _InstalledFeatureMap kFeatures[] = {{CFSTR("PostPrintInserterKey")}, {}};
 
 struct StockMenu : PaperTest {
     void SetUp() override { ASSERT_EQ(interface.open(), noErr); }
