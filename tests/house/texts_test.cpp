@@ -70,35 +70,50 @@ std::map<std::string, std::string> UsedKeys() {
 }
 
 std::multiset<std::string> Places(const std::string& text) {
-    const std::vector<std::string> found = Matches(text, std::regex("%(?:[0-9]+\\$)?(@|d|ld)"));
+    const std::vector<std::string> found =
+        Matches(text, std::regex("%(?:[0-9]+\\$)?(@|d|ld|[0-9])"));
     return {found.begin(), found.end()};
 }
 
-StringsTable Table(const std::string& language) {
-    return ReadStringsTable(ReadFile(kResources / (language + ".lproj") / "Localizable.strings"));
+/// The texts of the pane, and those of the print window.
+const std::filesystem::path kTables[] = {
+    kResources, std::filesystem::path(KALMO_SOURCE_DIR) / "resources/kalmo-print"};
+
+StringsTable Table(const std::filesystem::path& folder, const std::string& language) {
+    const char* name = folder == kResources ? "Localizable.strings" : "Window.strings";
+    StringsTable table = ReadStringsTable(ReadFile(folder / (language + ".lproj") / name));
+    EXPECT_EQ(table.faults, std::vector<std::string>()) << language;
+    return table;
 }
 
 TEST(Texts, EveryUsedKeyHasATextInEveryLanguage) {
     const auto used = UsedKeys();
     ASSERT_GT(used.size(), 90u) << "the patterns above no longer fit the code";
-    for (const char* language : {"en", "de"}) {
-        const StringsTable table = Table(language);
-        EXPECT_TRUE(table.faults.empty()) << language << ": " << table.faults.front();
-        for (const auto& [key, file] : used) {
-            EXPECT_TRUE(table.texts.contains(key))
-                << language << " lacks \"" << key << "\" of " << file;
-        }
-    }
+    const StringsTable english = Table(kResources, "en");
+    for (const auto& [key, file] : used)
+        EXPECT_TRUE(english.texts.contains(key)) << "no \"" << key << "\" of " << file;
+}
+
+TEST(Texts, ThePrintWindowShowsEachOfItsTexts) {
+    std::set<std::string> used, given;
+    const std::regex calls(
+        R"re((?:(?:Window|Host)Text\(|addPopup\(|addRow\(|IPP_STATUS_ERROR_\w+,)\s*"((?:[^"\\]|\\.)*)")re");
+    ForEachFile(kSources / "print_dialog", {".cpp", ".h"}, [&](const auto& file) {
+        for (const std::string& key : Matches(ReadFile(file), calls)) used.insert(key);
+    });
+    for (const auto& [key, text] : Table(kTables[1], "en").texts) given.insert(key);
+    EXPECT_EQ(used, given);
 }
 
 TEST(Texts, TranslationsKeepKeysAndPlaces) {
-    const StringsTable english = Table("en");
-    const StringsTable german = Table("de");
-    EXPECT_EQ(english.texts.size(), german.texts.size());
-    for (const auto& [key, text] : german.texts) {
-        const auto original = english.texts.find(key);
-        ASSERT_NE(original, english.texts.end()) << "unknown to English: " << key;
-        EXPECT_EQ(Places(original->second), Places(text)) << key;
+    for (const auto& folder : kTables) {
+        const StringsTable english = Table(folder, "en"), german = Table(folder, "de");
+        EXPECT_EQ(english.texts.size(), german.texts.size());
+        for (const auto& [key, text] : german.texts) {
+            const auto original = english.texts.find(key);
+            ASSERT_NE(original, english.texts.end()) << "unknown to English: " << key;
+            EXPECT_EQ(Places(original->second), Places(text)) << key;
+        }
     }
 }
 

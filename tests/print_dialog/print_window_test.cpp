@@ -6,16 +6,13 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
-#include <regex>
 #include <set>
 
-#include "foundation/strings_table.h"
 #include "print_dialog/sample_documents.h"
 #include "support/dead_servers.h"
 #include "support/modal_driver.h"
 #include "support/printer_files.h"
 #include "support/private_home.h"
-#include "support/ticket_files.h"
 #include "support/window_walk.h"
 #include "toolbox/host.h"
 
@@ -211,20 +208,6 @@ TEST_F(PrintWindowTest, AnotherMakersPrinterPrintsWithoutPane) {
     EXPECT_EQ(files(), (std::set<std::string>{"report.pdf"})) << "no ticket for that printer";
 }
 
-TEST_F(PrintWindowTest, PaperAndOrientationReachTheTicket) {
-    open();
-    for (auto* popup : window_->findChildren<QComboBox*>()) {
-        const int letter = popup->findData("Letter");
-        if (letter < 0) continue;
-        popup->setCurrentIndex(letter);
-        Q_EMIT popup->activated(letter);
-    }
-    button("&Print")->click();
-    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
-    const auto file = std::filesystem::path(commandLine_.output) / "report.ticket.plist";
-    EXPECT_EQ(WrittenTicket(ReadFile(file)).text("PPDChoices", "PageSize"), "Letter");
-}
-
 TEST_F(PrintWindowTest, EveryControlHasANameAndRoomForItsText) {
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         QGuiApplication::setLayoutDirection(direction);
@@ -234,39 +217,6 @@ TEST_F(PrintWindowTest, EveryControlHasANameAndRoomForItsText) {
         EXPECT_EQ(CutTexts(window), std::vector<std::string>());
     }
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-}
-
-/// Key to text of a language.
-std::unordered_map<std::string, std::string> Table(const char* language) {
-    QFile file(QString(":/kalmo-print/%1.lproj/Window.strings").arg(language));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    const StringsTable table = ReadStringsTable(file.readAll().toStdString());
-    EXPECT_TRUE(table.faults.empty());
-    return table.texts;
-}
-
-TEST(WindowTexts, EveryUsedKeyHasATextInEveryLanguage) {
-    std::set<std::string> used;
-    const std::regex call(
-        R"re((?:(?:Window|Host)Text\(|addPopup\(|addRow\(|IPP_STATUS_ERROR_\w+,)\s*"((?:[^"\\]|\\.)*)")re");
-    const auto sources = std::filesystem::path(KALMO_SOURCE_DIR) / "src/print_dialog";
-    for (const auto& entry : std::filesystem::directory_iterator(sources)) {
-        const std::string text = ReadFile(entry.path());
-        for (std::sregex_iterator match(text.begin(), text.end(), call), end; match != end;
-             ++match) {
-            used.insert((*match)[1]);
-        }
-    }
-    ASSERT_GT(used.size(), 40u) << "the pattern no longer fits the code";
-    const auto places = [](const std::string& text) { return std::ranges::count(text, '%'); };
-    const auto english = Table("en");
-    const auto german = Table("de");
-    EXPECT_EQ(english.size(), used.size()) << "a text that nobody shows";
-    EXPECT_EQ(german.size(), used.size());
-    for (const std::string& key : used) {
-        ASSERT_TRUE(english.contains(key) && german.contains(key)) << key;
-        EXPECT_EQ(places(english.at(key)), places(german.at(key))) << key;
-    }
 }
 
 }  // namespace

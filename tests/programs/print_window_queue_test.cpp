@@ -94,6 +94,7 @@ protected:
 
 TEST_F(PrintWindowQueueTest, WhatIsChosenInTheWindowAndThePaneReachesTheQueue) {
     const std::pair<const char*, const char*> rows[] = {
+        {"Letter", "PageSize=Letter"},
         {"2", "number-up=2"},
         {"2-sided, flip on short edge", "Duplex=DuplexTumble"},
         {"3 holes", "KLPunch=3HolePunch"},

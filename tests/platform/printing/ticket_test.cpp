@@ -1,86 +1,95 @@
-// Sessions and tickets: what is stored comes back as it was, under the right number, and goes with
-// the session.
+// Ticket files: what was read is written, to the bit; what is no ticket changes nothing.
 #include <gtest/gtest.h>
 
-#include "foundation/number.h"
-#include "printing/session.h"
 #include "printing/ticket.h"
+#include "printing/ticket_file.h"
+#include "support/values.h"
 
+namespace kalmo::test {
 namespace {
 
-Owned<CFNumberRef> Number(double value) {
-    return Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, kCFNumberDoubleType, &value));
+/// Numbers that have the same value and yet are another kind tell the kinds apart.
+const std::string kTicket = Plist(
+    "<dict><key>PrintSettings</key><dict><key>true</key><true/><key>one</key><integer>1</integer>"
+    "<key>onePointZero</key><real>1.0</real></dict><key>PPDChoices</key><dict><key>Duplex</key>"
+    "<string>None</string><key>odd</key><integer>4</integer></dict><key>PageFormat</key><dict>"
+    "<key>orientation</key><integer>2</integer></dict><key>Later</key><dict><key>kept</key>"
+    "<false/></dict></dict>");
+
+Owned<CFDictionaryRef> Parsed(const std::string& bytes) {
+    return Owned<CFDictionaryRef>::Retain(static_cast<CFDictionaryRef>(ReadPlist(bytes).get()));
 }
 
-class Tickets : public testing::Test {
+CFDictionaryRef Settings(const Owned<CFDictionaryRef>& file) {
+    return static_cast<CFDictionaryRef>(CFDictionaryGetValue(file, CFSTR("PrintSettings")));
+}
+
+class TicketFiles : public testing::Test {
 protected:
     Owned<PMPrintSession> session = Owned<PMPrintSession>::Adopt(PMSessionCreate());
-    PMTicketRef ticket = PMSessionGetTicket(session, kPMPrintSettingsTicket);
+    PMTicketRef settings = PMSessionGetTicket(session, kPMPrintSettingsTicket);
+    std::string reason;
 };
 
-TEST_F(Tickets, AnswerOnlyForTheTypeThatIsStored) {
-    PMTicketSetSInt32(ticket, CFSTR("K"), CFSTR("one"), 1, false);
-    PMTicketSetCFBoolean(ticket, CFSTR("K"), CFSTR("true"), kCFBooleanTrue, false);
-    PMTicketSetCFNumber(ticket, CFSTR("K"), CFSTR("half"), Number(2.5), false);
-    CFBooleanRef boolean = nullptr;
-    CFNumberRef number = nullptr;
-    CFDictionaryRef dictionary = nullptr;
-    SInt32 value = 7;
-    EXPECT_EQ(PMTicketGetCFBoolean(ticket, CFSTR("one"), &boolean), kPMKeyNotFound);
-    EXPECT_EQ(PMTicketGetCFNumber(ticket, CFSTR("true"), &number), kPMKeyNotFound);
-    EXPECT_EQ(PMTicketGetCFDictionary(ticket, CFSTR("one"), &dictionary), kPMKeyNotFound);
-    for (const CFStringRef inexact : {CFSTR("true"), CFSTR("half")})
-        EXPECT_EQ(PMTicketGetSInt32(ticket, inexact, &value), kPMKeyNotFound);
-    EXPECT_EQ(value, 7);
+TEST_F(TicketFiles, KeepsEveryValueAndUnknownKeys) {
+    ASSERT_TRUE(ReadTicketFile(session, kTicket, &reason)) << reason;
+    const std::string written = WriteTicketFile(session, nullptr);
+    const auto file = Parsed(written);
+    EXPECT_TRUE(CFEqual(file, Parsed(kTicket)));
+    // Equality of numbers is by value, so the kinds are looked at as well.
+    const auto kindOf = [&](CFStringRef key) {
+        return CFNumberIsFloatType(
+            static_cast<CFNumberRef>(CFDictionaryGetValue(Settings(file), key)));
+    };
+    EXPECT_EQ(CFDictionaryGetValue(Settings(file), CFSTR("true")), kCFBooleanTrue);
+    EXPECT_FALSE(kindOf(CFSTR("one")));
+    EXPECT_TRUE(kindOf(CFSTR("onePointZero")));
+    // A second time round nothing moves.
+    ASSERT_TRUE(ReadTicketFile(session, written, &reason)) << reason;
+    EXPECT_EQ(WriteTicketFile(session, nullptr), written);
 }
 
-TEST_F(Tickets, LockedItemsKeepTheirValue) {
-    const CFStringRef key = CFSTR("locked");
-    ASSERT_EQ(PMTicketSetSInt32(ticket, CFSTR("K"), key, 1, true), noErr);
-    EXPECT_EQ(PMTicketSetSInt32(ticket, CFSTR("X"), key, 2, false), kPMItemIsLocked);
-    EXPECT_EQ(PMTicketReleaseItem(ticket, key), kPMItemIsLocked);
-    SInt32 value = 0;
-    EXPECT_EQ(PMTicketGetSInt32(ticket, key, &value), noErr);
-    EXPECT_EQ(value, 1);
-    EXPECT_TRUE(CFEqual(PMTicketGetItemCreator(ticket, key), CFSTR("K")));
+TEST_F(TicketFiles, ReplacesWhatTheTicketsHeld) {
+    CFMutableDictionaryRef choices = nullptr;
+    ASSERT_EQ(PMTicketGetPPDDict(settings, &choices), noErr);
+    CFDictionarySetValue(choices, CFSTR("Old"), CFSTR("Choice"));
+    ASSERT_EQ(PMTicketSetSInt32(settings, CFSTR("K"), CFSTR("old"), 1, true), noErr);
+    ASSERT_TRUE(ReadTicketFile(session, kTicket, &reason));
+    EXPECT_FALSE(PMTicketContainsItem(settings, CFSTR("old")));
+    EXPECT_EQ(PMTicketSetSInt32(settings, CFSTR("K"), CFSTR("old"), 2, false), noErr);
+    // Whoever was lent the PPD dictionary sees the new choices in it.
+    EXPECT_FALSE(CFDictionaryContainsKey(choices, CFSTR("Old")));
+    EXPECT_TRUE(CFEqual(CFDictionaryGetValue(choices, CFSTR("Duplex")), CFSTR("None")));
+    // Keys of an earlier file do not get into a later one.
+    ASSERT_TRUE(ReadTicketFile(session, Plist("<dict/>"), &reason)) << reason;
+    EXPECT_EQ(WriteTicketFile(session, nullptr).find("Later"), std::string::npos);
+    EXPECT_EQ(CFDictionaryGetCount(choices), 0);
 }
 
-TEST_F(Tickets, HoldACopyOfADictionary) {
-    const auto mine = Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(nullptr, 0));
-    CFDictionarySetValue(mine, CFSTR("Size"), CFSTR("A4"));
-    CFDictionaryRef stored = mine;
-    for (const char* why : {"a copy", "written over with what it lends itself"}) {
-        EXPECT_EQ(PMTicketSetCFDictionary(ticket, CFSTR("K"), CFSTR("stock"), stored, false),
-                  noErr);
-        CFDictionaryRemoveAllValues(mine);
-        EXPECT_EQ(PMTicketGetCFDictionary(ticket, CFSTR("stock"), &stored), noErr);
-        EXPECT_EQ(CFDictionaryGetCount(stored), 1) << why;
-    }
-}
-
-TEST_F(Tickets, GoWithTheirSessionAndLeaveTheirNumberUnused) {
+TEST_F(TicketFiles, RefusesInOneLineAndChangesNothing) {
+    ASSERT_TRUE(ReadTicketFile(session, kTicket, &reason));
+    const std::string before = WriteTicketFile(session, nullptr);
     const std::size_t alive = CFLiveValueCount();
-    PMTicketRef old = kPMNoTicket;
-    {
-        const auto other = Owned<PMPrintSession>::Adopt(PMSessionCreate());
-        const auto printer = Owned<PMPrinter>::Adopt(PMPrinterCreate(CFSTR("office"), nullptr));
-        PMSessionSetCurrentPrinter(other, printer);
-        old = PMSessionGetTicket(other, kPMPageFormatTicket);
-        ASSERT_EQ(PMTicketSetCFNumber(old, CFSTR("K"), CFSTR("key"), Number(0.5), true), noErr);
-        CFMutableDictionaryRef choices = nullptr;
-        ASSERT_EQ(PMTicketGetPPDDict(old, &choices), noErr);
+    const struct {
+        const char* why;
+        std::string bytes;
+    } kRows[] = {
+        {"cut short", kTicket.substr(0, kTicket.size() / 2)},
+        {"an array", Plist("<array/>")},
+        {"choices that are an array", Plist("<dict><key>PPDChoices</key><array/></dict>")},
+        {"page format that is a number", Plist("<dict><key>PrintSettings</key><dict/>"
+                                               "<key>PageFormat</key><integer>1</integer></dict>")},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.why);
+        reason.clear();
+        EXPECT_FALSE(ReadTicketFile(session, row.bytes, &reason));
+        EXPECT_FALSE(reason.empty());
+        EXPECT_EQ(reason.find('\n'), std::string::npos);
+        EXPECT_EQ(WriteTicketFile(session, nullptr), before);
     }
     EXPECT_EQ(CFLiveValueCount(), alive);
-    CFTypeRef value = nullptr;
-    const PMTicketRef next = PMTicketCreate();
-    for (const PMTicketRef unknown : {old, kPMNoTicket}) {
-        CFMutableDictionaryRef choices = nullptr;
-        EXPECT_EQ(PMTicketGetItem(unknown, CFSTR("key"), &value), kPMInvalidTicket);
-        EXPECT_EQ(PMTicketSetSInt32(unknown, nullptr, CFSTR("key"), 1, false), kPMInvalidTicket);
-        EXPECT_EQ(PMTicketGetPPDDict(unknown, &choices), kPMInvalidTicket);
-        EXPECT_EQ(PMTicketCopyItems(unknown), nullptr);
-    }
-    PMTicketDispose(next);
 }
 
 }  // namespace
+}  // namespace kalmo::test
