@@ -126,10 +126,16 @@ BENCHMARK(PanelSwitchAndRepaint)->Unit(benchmark::kMillisecond);
 void LibraryAloneSwitchAndRepaint(benchmark::State& state) {
     OpenPane pane;
     QWidget *hidden = pane.widget('KSgb', 1), *shown = pane.widget('KSgb', 2);
+    QWidget* const cover = pane.widget('Kshl', 15);
     if (hidden->isVisible()) std::swap(hidden, shown);
+    // Drawn like the one that is shown, not greyed.
+    ActivateControl(ControlFromWidget(hidden));
+    EnableControl(ControlFromWidget(hidden));
     for (auto _ : state) {
+        cover->hide();
         shown->hide();
         hidden->show();
+        cover->show();
         pane.repaint();
         std::swap(hidden, shown);
     }
