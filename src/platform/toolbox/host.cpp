@@ -1,6 +1,7 @@
 #include "toolbox/host.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -25,6 +26,11 @@ void Fill(QMessageBox& box, CFStringRef header, CFStringRef message) {
     box.setIcon(QMessageBox::Warning);
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQString(header));
+    if (auto* const headline = box.findChild<QLabel*>("qt_msgbox_label")) {
+        QFont bold = headline->font();
+        bold.setBold(true);
+        headline->setFont(bold);
+    }
     box.setInformativeText(AsPlainText(ToQString(message)));
 }
 
