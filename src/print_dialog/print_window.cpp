@@ -23,6 +23,8 @@ namespace {
 
 /// Form, preview and pane beside each other; below that the preview stands under the form.
 constexpr int kWidthForThreeColumns = 1240;
+/// What the desktop draws around a window, which is not known before the window is there.
+constexpr QSize kFrame(16, 40);
 constexpr int kColumnGap = 18;
 constexpr int kAskAgainMs = 100;
 /// How the extension hears that a dialog ended without printing.
@@ -376,10 +378,11 @@ void PrintWindow::showHelp() {
 }
 
 void PrintWindow::chooseDirection() {
-    const bool wide = screen()->availableSize().width() >= kWidthForThreeColumns;
+    const QSize room = screen()->availableSize() - kFrame;
+    const bool wide = room.width() >= kWidthForThreeColumns;
     left_->setDirection(wide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     layout()->activate();
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    resize(sizeHint().boundedTo(room));
 }
 
 void PrintWindow::setVisible(bool visible) {
