@@ -18,13 +18,14 @@ QStandardItem* ItemAt(MenuRef menu, UInt16 item) {
 }
 
 QStandardItem* NewItem(CFStringRef text, UInt32 attributes, UInt32 command) {
-    auto* const item = new QStandardItem(ToQString(text));
+    auto* const item = new QStandardItem;
     if (attributes & kMenuItemSeparator) {
         // The mark by which the popup's list draws a line and the arrow keys pass over it.
         item->setData(QStringLiteral("separator"), Qt::AccessibleDescriptionRole);
         item->setFlags(Qt::NoItemFlags);
-    } else if (attributes & kMenuItemDisabled) {
-        item->setEnabled(false);
+    } else {
+        item->setText(ToQString(text));
+        item->setEnabled(!(attributes & kMenuItemDisabled));
     }
     item->setData(command, kCommandRole);
     return item;

@@ -25,7 +25,7 @@ void DisposeMenu(MenuRef menu);
 
 [[nodiscard]] UInt16 CountMenuItems(MenuRef menu);
 /// `item` (may be null) receives the new item's number. A text "-" stays a text: ask for
-/// separators.
+/// separators, which keep no text.
 OSStatus AppendMenuItemTextWithCFString(MenuRef menu, CFStringRef text, UInt32 attributes,
                                         UInt32 command, UInt16* item);
 /// After item `after`; 0 puts it first.
