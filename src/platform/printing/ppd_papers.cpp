@@ -47,6 +47,11 @@ PPDFile ParsePPD(const std::string& text, std::string* reason) {
     return ppd;
 }
 
+/// "Custom" stands for values that are typed, not for a choice.
+bool IsTyped(ppd_file_t* ppd, const char* option, const ppd_choice_t& choice) {
+    return std::string_view(choice.choice) == "Custom" && ppdFindCustomOption(ppd, option);
+}
+
 /// Texts in the language that comes first in the user's order and is in the file.
 class Texts final {
 public:
@@ -60,7 +65,8 @@ public:
         return translation("Translation", group.name, group.text);
     }
     [[nodiscard]] std::string ofChoice(const char* option, const ppd_choice_t& choice) const {
-        return translation(option, choice.choice, choice.text);
+        if (!IsTyped(ppd_, option, choice)) return translation(option, choice.choice, choice.text);
+        return translation(std::string("Custom") + option, "True", choice.text);
     }
 
 private:
@@ -80,11 +86,6 @@ private:
 
 std::span<ppd_choice_t> ChoicesOf(const ppd_option_t& option) {
     return {option.choices, static_cast<std::size_t>(option.num_choices)};
-}
-
-/// "Custom" stands for values that are typed, not for a choice.
-bool IsTyped(ppd_file_t* ppd, const ppd_option_t& option, const ppd_choice_t& choice) {
-    return std::string_view(choice.choice) == "Custom" && ppdFindCustomOption(ppd, option.keyword);
 }
 
 bool IsLength(double value) { return std::isfinite(value) && value > 0 && value <= kLongestSide; }
@@ -111,7 +112,7 @@ void SetImageableArea(PPDPaper* paper, const ppd_size_t& size) {
 std::vector<PPDPaper> PapersOf(ppd_file_t* ppd, const ppd_option_t& pageSize, const Texts& texts) {
     std::vector<PPDPaper> papers;
     for (const ppd_choice_t& choice : ChoicesOf(pageSize)) {
-        if (IsTyped(ppd, pageSize, choice)) continue;
+        if (IsTyped(ppd, pageSize.keyword, choice)) continue;
         const ppd_size_t* size = ppdPageSize(ppd, choice.choice);
         if (!size || !IsLength(size->width) || !IsLength(size->length)) continue;
         PPDPaper paper{.keyword = choice.choice,
@@ -137,7 +138,7 @@ PPDOptionTexts DescribeOption(ppd_file_t* ppd, const ppd_option_t& option, const
                              .text = texts.ofOption(option),
                              .defaultChoice = option.defchoice};
     for (const ppd_choice_t& choice : ChoicesOf(option)) {
-        if (IsTyped(ppd, option, choice)) continue;
+        if (IsTyped(ppd, option.keyword, choice)) continue;
         described.choices.push_back({choice.choice, texts.ofChoice(option.keyword, choice)});
     }
     return described;

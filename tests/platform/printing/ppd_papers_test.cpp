@@ -1,12 +1,16 @@
 // PPD files: sizes in points, texts in the user's language, and a line for what is no PPD file.
+#include <cups/ppd.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cstdlib>
 
+#include "printing/ppd_file.h"
 #include "printing/ppd_papers.h"
 #include "support/private_home.h"
+
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
 namespace {
 
@@ -32,6 +36,7 @@ constexpr char kPPD[] = R"ppd(*PPD-Adobe: "4.3"
 *de.Translation PageSize/Papierformat: ""
 *de.PageSize EnvDL/Umschlag <C3A4>: ""
 *de_AT.PageSize EnvDL/Kuvert: ""
+*de.CustomPageSize True/Eigenes Format: ""
 *fr.PageSize EnvDL/Enveloppe: ""
 *OpenUI *Duplex/2-Sided: PickOne
 *DefaultDuplex: None
@@ -109,6 +114,15 @@ TEST_F(PPDPapers, SpeakTheUsersLanguageWithoutItsLocale) {
         EXPECT_EQ(printer.options.at(0).choices.at(0).keyword, "None");
         EXPECT_EQ(printer.options.at(0).defaultChoice, "None");
     }
+}
+
+TEST_F(PPDPapers, CallASizeThatIsTypedByItsOwnTranslation) {
+    setenv("LC_ALL", "de_DE.UTF-8", 1);
+    ppd_file_t* const ppd = OpenPPDFile(Written(kPPD), nullptr);
+    ASSERT_TRUE(ppd);
+    LocalizePPDFile(ppd);
+    EXPECT_STREQ(ppdFindChoice(ppdFindOption(ppd, "PageSize"), "Custom")->text, "Eigenes Format");
+    ppdClose(ppd);
 }
 
 TEST_F(PPDPapers, RefuseWhatIsNoPPDFileInOneLine) {
