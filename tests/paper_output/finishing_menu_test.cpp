@@ -18,7 +18,7 @@ struct FinishingMenu : testing::Test {
         table.push_back({});
         LoadInstallableOptions(printer.ppd(), table.data());
     }
-    /// "text=value" of each item, after "*" when it is checked.
+    /// "text=value" of each item, after "*" when it is checked; a separator has no text.
     std::string items() const {
         std::string all;
         UInt16 item = 0;
@@ -44,7 +44,7 @@ TEST_F(FinishingMenu, OfficeItemsAreThoseThePrinterHas) {
         {{CFSTR("TriplePunchKey"), CFSTR("QuadruplePunchKey"), CFSTR("BookletFoldKey")},
          "3 holes=4;4 holes=5;Not punched=1;Create a booklet…=0;"},
         {{CFSTR("DualStapleKey"), CFSTR("ZFoldKey"), CFSTR("ZFoldHalfSheetKey")},
-         "No staple=1;2 staples=10;-=0;Not folded=1;Z fold=20;Z fold to half a sheet=36;"},
+         "No staple=1;2 staples=10;=0;Not folded=1;Z fold=20;Z fold to half a sheet=36;"},
     };
     for (const auto& [features, expected] : rows) {
         install(features);
@@ -60,7 +60,7 @@ TEST_F(FinishingMenu, MarksFollowTheChoiceAndABookletStandsAlone) {
     PopulateOfficeFinishingMenu(popup.menu, bundle);
     Finishing finishing{.fold = 1, .punch = 3, .custom = {}};
     EXPECT_EQ(marked(finishing, false),
-              "*No staple=1;1 staple=5;*2 holes=3;Not punched=1;-=0;*Not folded=1;C fold=19;"
+              "*No staple=1;1 staple=5;*2 holes=3;Not punched=1;=0;*Not folded=1;C fold=19;"
               "Create a booklet…=0;");
     const std::string booklet = marked(finishing, true);
     EXPECT_EQ(booklet.find('*'), booklet.find("*Create")) << booklet;
@@ -93,11 +93,11 @@ TEST_F(FinishingMenu, CoilPunchGoesWithAPaperThatCannotHaveIt) {
 TEST_F(FinishingMenu, ProductionItemsStandAroundTwoSeparators) {
     const std::pair<Features, const char*> rows[] = {
         {{CFSTR("1StapleTL"), CFSTR("ZFoldHalfRight")},
-         "1 staple…=0;Z fold to half a sheet…=0;Combined finishing…=0;-=0;-=0;"},
+         "1 staple…=0;Z fold to half a sheet…=0;Combined finishing…=0;=0;=0;"},
         {{CFSTR("2StaplesL"), CFSTR("4HolePunchL"), CFSTR("BiFoldStapleMultiple")},
-         "2 staples…=0;4 holes…=0;Fold…=0;Combined finishing…=0;-=0;-=0;Create a booklet…=0;"},
+         "2 staples…=0;4 holes…=0;Fold…=0;Combined finishing…=0;=0;=0;Create a booklet…=0;"},
         {{CFSTR("BindLeft"), CFSTR("SBM"), CFSTR("Custom"), CFSTR("SlipSheets"), CFSTR("Offset")},
-         "Binding…=0;Signature booklet=0;Custom…=0;-=0;Slip sheets=0;Offset and subsets…=0;-=0;"},
+         "Binding…=0;Signature booklet=0;Custom…=0;=0;Slip sheets=0;Offset and subsets…=0;=0;"},
     };
     for (const auto& [features, expected] : rows) {
         install(features);

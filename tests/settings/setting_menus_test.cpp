@@ -34,13 +34,13 @@ protected:
 TEST_F(SettingMenus, RowsKeepTheirValuesAndTheCountIncludesWhatIsNotOffered) {
     EXPECT_EQ(PopulateMenuFromMap(bundle, popup.menu, kMap, JobContext::job, 0), 5);
     EXPECT_EQ(popup.items(),
-              (Items{"Printer=-2147483648", "First=1", "-=-5", "STRING NOT FOUND=2"}));
+              (Items{"Printer=-2147483648", "First=1", "=-5", "STRING NOT FOUND=2"}));
     EXPECT_TRUE(IsMenuItemSeparator(popup.menu, 3));
     UInt32 own = 0, overridden = 0;
     GetMenuItemCommandID(popup.menu, 2, &own);
     EXPECT_EQ(PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::cover, 'Over'),
               5);
-    EXPECT_EQ(popup.items(), (Items{"Job=-2147483648", "First=1", "-=-5", "STRING NOT FOUND=2"}));
+    EXPECT_EQ(popup.items(), (Items{"Job=-2147483648", "First=1", "=-5", "STRING NOT FOUND=2"}));
     EXPECT_EQ(GetControl32BitMaximum(popup.control), 5);
     GetMenuItemCommandID(popup.menu, 2, &overridden);
     EXPECT_EQ(std::pair(own, overridden), std::pair(UInt32{'Own1'}, UInt32{'Over'}));
