@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the pictures of the Paper/Output panel and its dialogs from the shapes and tables below.
+"""Writes the pictures of the Paper/Output panel, its dialogs and the About box from the shapes and
+tables below.
 
 Usage: resources/make_pictures.py        (Python 3, nothing else; writes into the source tree)
 
@@ -390,11 +391,21 @@ def papers():
         path("M44 5v12h12z", PAPER) + line("M23 22l9 -9M23 33l17 -17", PAPER, 3))
 
 
+# The About box.
+
+BRAND = {
+    "Brand_About": ("A printer with a color print",
+                    box(2, 2, 60, 60, BLUE, 12) + printer(10, 10, 44) +
+                    "".join(disc(x, 44.5, 3.5, fill)
+                            for x, fill in zip((23, 32, 41), (ORANGE, "#5cb56a", "#e0689a")))),
+}
+
+
 def pictures():
     """Name, title and shapes of each."""
     for prefix, table in (("JobType_", JOB_TYPES), ("JobType_JobFormat_", JOB_FORMATS),
                           ("2SidedPrinting_", SIDES), ("OutputColor_", OUTPUT_COLORS),
-                          ("", FINISHINGS), ("OutputTray_", OUTPUT_TRAYS)):
+                          ("", FINISHINGS), ("OutputTray_", OUTPUT_TRAYS), ("", BRAND)):
         for name, (title, shapes) in table.items():
             yield prefix + name, title, shapes
     for name, title, shapes in staples_and_holes():

@@ -59,4 +59,4 @@ OSStatus PMTicketGetPPDDict(PMTicketRef ticket, CFMutableDictionaryRef* dictiona
 #pragma GCC visibility pop
 
 /// In the printer information ticket: the printer's make and model (string).
-#define kPMMakeAndModelNameKey CFSTR("PMMakeAndModelName")
+#define kPMMakeAndModelNameKey CFSTR("com.apple.print.PrinterInfo.PMMakeAndModelName")

@@ -1,0 +1,92 @@
+// The Advanced panel between ticket and controls, and its About box.
+#include <gtest/gtest.h>
+
+#include <QtTest>
+
+#include "image_options/advanced_panel.h"
+#include "support/modal_driver.h"
+#include "support/panel_rig.h"
+#include "system/presence.h"
+
+namespace kalmo::test {
+namespace {
+
+constexpr SInt32 kPopups[] = {602, 604, 606, 614, 616};
+
+class AdvancedPanel : public testing::Test, public PanelRig {
+protected:
+    AdvancedPanel() : PanelRig(GetAdvancedPanelInterface) {}
+
+    QComboBox* popup(SInt32 id) { return FindControl<QComboBox>(window, 'KPDE', id); }
+    QStringList shown() {
+        QStringList texts;
+        for (const SInt32 id : kPopups) texts << popup(id)->currentText();
+        return texts;
+    }
+    /// Booklet order, rotation, side, banner and offset, once they are written.
+    QStringList written() {
+        EXPECT_EQ(sync(kSyncToTicket), noErr);
+        QStringList values;
+        for (const CFStringRef key : numbers) {
+            SInt32 number = 0;
+            PMTicketGetSInt32(printer.ticket, key, &number);
+            values << QString::number(number);
+        }
+        for (const CFStringRef key : {CFSTR("KLOutputOption"), CFSTR("JCLBanner"), CFSTR("Jog")})
+            values << QString::fromStdString(choice(key));
+        return values;
+    }
+    CFStringRef numbers[2] = {CFSTR("com.kalmo.print.AdvancedBookletLayoutOrderStr"),
+                              CFSTR("com.kalmo.print.AdvancedRotateImage180")};
+};
+
+TEST_F(AdvancedPanel, ChoicesReachTheTicketAndStayWhenTheyAreReadAgain) {
+    initialize();
+    EXPECT_EQ(written(), (QStringList{"2", "0", "False", "False", "None"})) << "an empty ticket";
+    open();
+    const QStringList chosen = {"Left to right", "On", "Face up", "On", "Each set"};
+    for (int row = 0; row < chosen.size(); ++row) pick(popup(kPopups[row]), chosen[row]);
+    EXPECT_EQ(written(), (QStringList{"1265986158", "2", "True", "True", "EndOfSet"}));
+    sync(kSyncToUI);
+    EXPECT_EQ(shown(), chosen) << "both orders have the same value";
+}
+
+TEST_F(AdvancedPanel, WhatWasReadIsWrittenBackTheRotationLessOne) {
+    choose(CFSTR("Jog"), CFSTR("EachPage"));
+    initialize();
+    open();
+    const QStringList before = shown();
+    // One less than the least does not fit into a ticket's number any more.
+    for (const auto& [number, less] : {std::pair(3, "2"), {INT32_MIN, "0"}}) {
+        for (const CFStringRef key : numbers)
+            PMTicketSetSInt32(printer.ticket, CFSTR("K"), key, number, false);
+        sync(kSyncToUI);
+        EXPECT_EQ(shown(), before) << "no number selects a row";
+        EXPECT_EQ(written(),
+                  (QStringList{QString::number(number), less, "False", "False", "EachPage"}));
+    }
+}
+
+TEST_F(AdvancedPanel, WhatThePrinterLacksIsDisabledAndTheAboutBoxNamesIt) {
+    printer = PrinterSession(WritePPD("Kalmo"));
+    PMTicketSetCFString(PMSessionGetTicket(printer.session, kPMPrinterInfoTicket), CFSTR("K"),
+                        kPMMakeAndModelNameKey, CFSTR("Kalmo Tolvane"), false);
+    initialize();
+    open();
+    for (const SInt32 id : kPopups) EXPECT_EQ(popup(id)->isEnabled(), id < 606) << id;
+    Presence presence = UnattendedPresence();
+    presence.modalLoopsRun = true;
+    InstallPresence(presence);
+    ModalDriver driver;
+    driver.expect([&](QWidget& box) {
+        EXPECT_EQ(FindControl<QLabel>(box, 'KPDE', 101)->text(), "Tolvane");
+        EXPECT_TRUE(FindControl<QLabel>(box, 'KPDE', 102)->text().endsWith(" (1)"));
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    FindControl<QPushButton>(window, 'KPDE', 670)->click();
+    EXPECT_TRUE(driver.done()) << driver.faults().join("; ").toStdString();
+    InstallPresence(UnattendedPresence());
+}
+
+}  // namespace
+}  // namespace kalmo::test
