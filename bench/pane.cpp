@@ -97,7 +97,11 @@ struct OpenPane {
         GetControlByID(WindowFromWidget(&dialog.window), {signature, id}, &control);
         return WidgetFromControl(control);
     }
-    void switchPanel() { (void)SendCommandToWindow(WindowFromWidget(&dialog.window), 'KFup'); }
+    /// To the second panel and back to the first.
+    void switchPanel() {
+        (void)SendCommandToWindow(WindowFromWidget(&dialog.window), forwards ? 'KFup' : 'KFdn');
+        forwards = !forwards;
+    }
     void repaint() {
         dialog.embedder->update();
         QCoreApplication::processEvents();
@@ -105,6 +109,7 @@ struct OpenPane {
 
     Dialog dialog;
     kalmo::PrintJobHost host;
+    bool forwards = true;
 };
 
 /// Back and forth between Paper/Output and Image Options.
