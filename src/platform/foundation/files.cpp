@@ -65,28 +65,40 @@ bool WriteAll(int file, const UInt8* bytes, CFIndex length) {
     return true;
 }
 
+void SyncFolderOf(const std::string& path) {
+    const Descriptor folder(open(std::filesystem::path(path).parent_path().c_str(),
+                                 O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.get() >= 0) fsync(folder.get());
+}
+
+enum class Durability { synced, unsynced };
+
 /// errno, or 0. The file appears whole or not at all.
-int Replace(const std::string& path, CFDataRef data) {
+int Replace(const std::string& path, CFDataRef data, Durability durability) {
+    const bool synced = durability == Durability::synced;
     std::string temporary = path + ".XXXXXX";
     Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));  // mode 0600
     if (file.get() < 0) return errno;
     const bool written = WriteAll(file.get(), CFDataGetBytePtr(data), CFDataGetLength(data)) &&
-                         fsync(file.get()) == 0 && file.closeChecked() &&
+                         (!synced || fsync(file.get()) == 0) && file.closeChecked() &&
                          rename(temporary.c_str(), path.c_str()) == 0;
     if (!written) {
         const int error = errno;
         unlink(temporary.c_str());
         return error;
     }
-    const Descriptor folder(open(std::filesystem::path(path).parent_path().c_str(),
-                                 O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.get() >= 0) fsync(folder.get());
+    if (synced) SyncFolderOf(path);
     return 0;
 }
 
 Boolean Answer(int error, SInt32* errorCode) {
     if (errorCode) *errorCode = error;
     return error == 0;
+}
+
+Boolean Write(CFURLRef url, CFDataRef data, SInt32* errorCode, Durability durability) {
+    const auto path = FilePathOf(url);
+    return Answer(path && data ? Replace(*path, data, durability) : EINVAL, errorCode);
 }
 
 /// Missing folders of the path, each 0700; an existing one keeps its mode.
@@ -116,8 +128,11 @@ Boolean CFURLCreateDataAndPropertiesFromResource(CFAllocatorRef allocator, CFURL
 }
 
 Boolean CFURLWriteDataAndPropertiesToResource(CFURLRef url, CFDataRef data, SInt32* errorCode) {
-    const auto path = FilePathOf(url);
-    return Answer(path && data ? Replace(*path, data) : EINVAL, errorCode);
+    return Write(url, data, errorCode, Durability::synced);
+}
+
+Boolean CFURLWriteDataUnsynced(CFURLRef url, CFDataRef data, SInt32* errorCode) {
+    return Write(url, data, errorCode, Durability::unsynced);
 }
 
 Boolean CFURLResourceExists(CFURLRef url) {

@@ -34,6 +34,9 @@ Boolean CFURLCreateDataAndPropertiesFromResource(CFAllocatorRef, CFURLRef url, C
                                                  SInt32* errorCode);
 /// Writes under a temporary name beside it, mode 0600, synced, then renamed over the file.
 Boolean CFURLWriteDataAndPropertiesToResource(CFURLRef url, CFDataRef data, SInt32* errorCode);
+/// The same without waiting for the disk: readers see one file or the other, but a power cut can
+/// lose the new one.
+Boolean CFURLWriteDataUnsynced(CFURLRef url, CFDataRef data, SInt32* errorCode);
 [[nodiscard]] Boolean CFURLResourceExists(CFURLRef url);
 /// Makes the folder and missing parents, mode 0700. True when it exists afterwards.
 Boolean CFURLMakeFolder(CFURLRef url);

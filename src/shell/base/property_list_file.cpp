@@ -23,12 +23,15 @@ CFPropertyListRef CreateMutablePropertiesFromXMLFile(CFURLRef url) {
     return CreatePropertiesFromFile(url, kCFPropertyListMutableContainersAndLeaves);
 }
 
-bool WritePropertiesToXMLFile(CFURLRef url, CFPropertyListRef list, SInt32* error) {
+bool WritePropertiesToXMLFile(CFURLRef url, CFPropertyListRef list, SInt32* error,
+                              Durability durability) {
     *error = paramErr;
     if (!url || !list) return false;
     const auto bytes =
         Owned<CFDataRef>::Adopt(CFPropertyListCreateXMLData(kCFAllocatorDefault, list));
-    return bytes && CFURLWriteDataAndPropertiesToResource(url, bytes, error);
+    const auto write = durability == Durability::synced ? CFURLWriteDataAndPropertiesToResource
+                                                        : CFURLWriteDataUnsynced;
+    return bytes && write(url, bytes, error);
 }
 
 }  // namespace kalmo

@@ -11,7 +11,10 @@ namespace kalmo {
 [[nodiscard]] CFPropertyListRef CreatePropertiesFromXMLFile(CFURLRef url);
 /// The same with containers and leaves that may be changed.
 [[nodiscard]] CFPropertyListRef CreateMutablePropertiesFromXMLFile(CFURLRef url);
+/// Whether a write returns only when the file is on the disk.
+enum class Durability { synced, unsynced };
 /// Replaces the file as a whole. On failure false, with a platform error in `*error`.
-bool WritePropertiesToXMLFile(CFURLRef url, CFPropertyListRef list, SInt32* error);
+bool WritePropertiesToXMLFile(CFURLRef url, CFPropertyListRef list, SInt32* error,
+                              Durability durability = Durability::synced);
 
 }  // namespace kalmo
