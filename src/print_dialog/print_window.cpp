@@ -382,6 +382,10 @@ void PrintWindow::chooseDirection() {
     const bool wide = room.width() >= kWidthForThreeColumns;
     left_->setDirection(wide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     layout()->activate();
+    // Rather no preview than buttons below the edge of the screen.
+    preview_->setVisible(wide || minimumSizeHint().height() <= room.height());
+    body_->layout()->activate();
+    layout()->activate();
     resize(sizeHint().boundedTo(room));
 }
 
