@@ -5,6 +5,7 @@
 
 inline constexpr OSStatus noErr = 0;
 inline constexpr OSStatus paramErr = -50;
+inline constexpr OSStatus ioErr = -36;
 inline constexpr OSStatus fnfErr = -43;
 inline constexpr OSStatus memFullErr = -108;
 /// A handler that answers so lets the next handler, and at last the control itself, see the event.

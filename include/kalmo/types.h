@@ -58,6 +58,18 @@ using PMPrinter = struct PMPrinterObject*;
 using PMTicketRef = UInt32;
 inline constexpr PMTicketRef kPMNoTicket = 0;
 
+// Graphics. Counted like values: CFRetain, CFRelease, Owned.
+using CGContextRef = struct CGContextObject*;
+using CGImageRef = const struct CGImageObject*;
+using CGDataConsumerRef = struct CGDataConsumerObject*;
+using CGDataProviderRef = struct CGDataProviderObject*;
+using CGPDFDocumentRef = const struct CGPDFDocumentObject*;
+using GraphicsImportComponent = struct GraphicsImporterObject*;
+using ATSUStyle = struct ATSUStyleObject*;
+using ATSUTextLayout = struct ATSUTextLayoutObject*;
+/// A font is an entry of the platform's font table: a number, never an address. 0 is no font.
+using ATSFontRef = UInt32;
+
 // Toolbox. A control, a window and a menu are borrowed widgets; their owner is the widget tree.
 using ControlRef = struct OpaqueControl*;
 using WindowRef = struct OpaqueWindow*;
