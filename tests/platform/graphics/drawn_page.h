@@ -1,0 +1,86 @@
+// A page drawn into memory and read back as pixels.
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <functional>
+#include <string>
+
+#include "graphics/context.h"
+
+namespace kalmo::test {
+
+inline std::size_t Append(void* info, const void* bytes, std::size_t count) {
+    static_cast<std::string*>(info)->append(static_cast<const char*>(bytes), count);
+    return count;
+}
+
+struct StoredBytes {
+    std::string bytes;
+    std::size_t position = 0;
+};
+
+inline CGDataProviderCallbacks StoredBytesCallbacks() {
+    return {.getBytes =
+                [](void* info, void* buffer, std::size_t count) {
+                    auto& stored = *static_cast<StoredBytes*>(info);
+                    const auto got =
+                        stored.bytes.copy(static_cast<char*>(buffer), count,
+                                          std::min(stored.position, stored.bytes.size()));
+                    stored.position += got;
+                    return got;
+                },
+            .rewind = [](void* info) { static_cast<StoredBytes*>(info)->position = 0; }};
+}
+
+inline Owned<CGPDFDocumentRef> Reopened(std::string bytes) {
+    StoredBytes stored{std::move(bytes)};
+    const auto provider =
+        Owned<CGDataProviderRef>::Adopt(CGDataProviderCreate(&stored, StoredBytesCallbacks()));
+    return Owned<CGPDFDocumentRef>::Adopt(CGPDFDocumentCreateWithProvider(provider));
+}
+
+/// One page of `box`; empty when the drawing failed.
+inline std::string DrawnPdf(const CGRect& box, const std::function<void(CGContextRef)>& draw) {
+    std::string bytes;
+    const auto consumer =
+        Owned<CGDataConsumerRef>::Adopt(CGDataConsumerCreate(&bytes, {.putBytes = Append}));
+    const auto context = Owned<CGContextRef>::Adopt(CGPDFContextCreate(consumer, &box, nullptr));
+    CGContextBeginPage(context, &box);
+    draw(context);
+    CGContextEndPage(context);
+    return CGPDFContextClose(context) == noErr ? bytes : std::string();
+}
+
+/// The picture shares the image's pixels.
+inline QImage PictureOf(CGImageRef image) {
+    const CGImagePixels pixels = CGImageGetPixels(image);
+    return QImage(pixels.bytes, static_cast<int>(pixels.width), static_cast<int>(pixels.height),
+                  QImage::Format_ARGB32_Premultiplied);
+}
+
+/// The page at `scale` pixels to the point; null when the drawing failed.
+inline QImage DrawnPage(const CGRect& box, const std::function<void(CGContextRef)>& draw,
+                        double scale = 1) {
+    const auto document = Reopened(DrawnPdf(box, draw));
+    const auto image = Owned<CGImageRef>::Adopt(
+        CGPDFDocumentCreatePageImage(document, 1, static_cast<std::size_t>(box.size.width * scale),
+                                     static_cast<std::size_t>(box.size.height * scale)));
+    return PictureOf(image).copy();
+}
+
+/// The smallest rectangle around all pixels that are not white, in points, y upwards.
+inline CGRect InkOf(const QImage& page, double scale = 1) {
+    int left = page.width(), right = -1, top = page.height(), bottom = -1;
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            if (qGray(page.pixel(x, y)) > 250) continue;
+            left = std::min(left, x), right = std::max(right, x);
+            top = std::min(top, y), bottom = std::max(bottom, y);
+        }
+    }
+    return CGRectMake(left / scale, (page.height() - bottom - 1) / scale,
+                      (right - left + 1) / scale, (bottom - top + 1) / scale);
+}
+
+}  // namespace kalmo::test
