@@ -1,0 +1,174 @@
+// Text: fonts by name, ink where it was measured, lines that break, glyphs.
+#include <gtest/gtest.h>
+
+#include "graphics/text_layout.h"
+#include "platform/graphics/drawn_page.h"
+
+namespace kalmo::test {
+namespace {
+
+constexpr CGRect kPage{{0, 0}, {612, 792}};
+
+std::string FaceFor(const char* name) {
+    const auto text = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(name));
+    return CFStringToUTF8(Owned<CFStringRef>::Adopt(
+        ATSFontCopyPostScriptName(ATSFontFindFromPostScriptName(text, 0))));
+}
+
+/// A layout of `text` in Liberation Sans, red.
+Owned<ATSUTextLayout> LayoutOf(std::u16string_view text, int size, Boolean bold = false) {
+    Owned<ATSUStyle> style;
+    Owned<ATSUTextLayout> layout;
+    ATSUCreateStyle(style.adopt());
+    ATSUCreateTextLayout(layout.adopt());
+    const ATSFontRef font = ATSFontFindFromPostScriptName(CFSTR("ArialMT"), 0);
+    EXPECT_EQ(ATSUSetAttributes(style, {font, IntToFixed(size), bold, {1, 0, 0, 1}}), noErr);
+    EXPECT_EQ(ATSUSetTextPointerLocation(layout, text.data(), static_cast<UInt32>(text.size())),
+              noErr);
+    EXPECT_EQ(ATSUSetRunStyle(layout, style), noErr);
+    return layout;
+}
+
+std::vector<UInt32> BreaksOf(ATSUTextLayout layout, std::size_t length, int width) {
+    std::vector<UInt32> breaks{0};
+    while (breaks.back() < length) {
+        UInt32 next = 0;
+        EXPECT_EQ(ATSUBreakLine(layout, breaks.back(), IntToFixed(width), &next), noErr);
+        if (next <= breaks.back()) return {};
+        breaks.push_back(next);
+    }
+    return breaks;
+}
+
+std::vector<ATSLayoutRecord> Glyphs(ATSUTextLayout layout) {
+    const ATSLayoutRecord* records = nullptr;
+    CFIndex count = 0;
+    EXPECT_EQ(
+        ATSUDirectGetLayoutDataArrayPtrFromTextLayout(layout, 0, kATSUToTextEnd, &records, &count),
+        noErr);
+    return {records, records + count};
+}
+
+TEST(Fonts, AreFoundByExactNameAndOtherwiseByWhatTheNameTells) {
+    const struct {
+        const char *name, *face;
+    } kRows[] = {
+        {"LiberationSerif-Italic", "LiberationSerif-Italic"},
+        {"ArialMT", "LiberationSans"},
+        {"Arial-BoldItalicMT", "LiberationSans-BoldItalic"},
+        {"TimesNewRomanPSMT", "LiberationSerif"},
+        {"TimesNewRomanPS-BoldMT", "LiberationSerif-Bold"},
+        {"CourierNewPS-ItalicMT", "LiberationMono-Italic"},
+        {"", ""},
+    };
+    for (const auto& row : kRows) EXPECT_EQ(FaceFor(row.name), row.face) << row.name;
+    EXPECT_NE(FaceFor("NoSuchFont-\xE2\x82\xAC"), "");
+    const auto families = Owned<CFArrayRef>::Adopt(ATSFontCopyFamilies());
+    const CFRange all{0, CFArrayGetCount(families)};
+    EXPECT_TRUE(CFArrayContainsValue(families, all, CFSTR("Liberation Serif")));
+    const auto faces = Owned<CFArrayRef>::Adopt(ATSFontCopyFacesOfFamily(CFSTR("Liberation Sans")));
+    ASSERT_EQ(CFArrayGetCount(faces), 4);
+    EXPECT_TRUE(CFEqual(CFArrayGetValueAtIndex(faces, 0), CFSTR("LiberationSans")));
+    EXPECT_TRUE(CFEqual(CFArrayGetValueAtIndex(faces, 3), CFSTR("LiberationSans-BoldItalic")));
+}
+
+TEST(TextLayout, InkLiesWhereItWasMeasuredAtAnyAngle) {
+    constexpr double kScale = 2;
+    for (const char16_t* const text :
+         {u"CONFIDENTIAL", u"Ägypten, gray", u"\u0645\u0631\u062D\u0628\u0627 Ij"}) {
+        for (const int degrees : {0, 45, -60, 90, 200}) {
+            SCOPED_TRACE(degrees);
+            const auto layout = LayoutOf(text, 60);
+            Rect ink;
+            ATSUSetLineControls(layout, IntToFixed(degrees));
+            ASSERT_EQ(ATSUMeasureTextImage(layout, 0, kATSUToTextEnd, &ink), noErr);
+            const QImage page = DrawnPage(
+                kPage,
+                [&](CGContextRef context) {
+                    ATSUSetLayoutControls(layout, {.context = context});
+                    const double x = 306 - (ink.left + ink.right) / 2.0;
+                    const double y = 396 + (ink.top + ink.bottom) / 2.0;
+                    ATSUDrawText(layout, 0, kATSUToTextEnd, FloatToFixed(x), FloatToFixed(y));
+                },
+                kScale);
+            const CGRect drawn = InkOf(page, kScale);
+            EXPECT_NEAR(CGRectGetMidX(drawn), 306, 0.8);
+            EXPECT_NEAR(CGRectGetMidY(drawn), 396, 0.8);
+            EXPECT_NEAR(drawn.size.width, ink.right - ink.left, 2.1);
+            EXPECT_NEAR(drawn.size.height, ink.bottom - ink.top, 2.1);
+        }
+    }
+}
+
+TEST(TextLayout, IsDrawnInItsColourThinnedByTheContext) {
+    const QImage page = DrawnPage(kPage, [](CGContextRef context) {
+        const auto layout = LayoutOf(u"\u2588\u2588", 72);
+        ATSUSetLayoutControls(layout, {.context = context});
+        CGContextSetAlpha(context, 0.25);
+        EXPECT_EQ(ATSUDrawText(layout, 0, kATSUToTextEnd, IntToFixed(100), IntToFixed(400)), noErr);
+    });
+    const QColor color = page.pixelColor(120, 392 - 20);
+    EXPECT_EQ(color.red(), 255);
+    EXPECT_NEAR(color.green(), 191, 2);
+}
+
+TEST(TextLayout, LinesBreakBetweenWordsAndFitTheColumn) {
+    const std::u16string text = u"One two\nthree \U0001F600 four fivesixseveneightnineten\r\nend\n";
+    const auto layout = LayoutOf(text, 12);
+    const auto breaks = BreaksOf(layout, text.size(), 60);
+    ASSERT_GE(breaks.size(), 6u);
+    EXPECT_EQ(breaks[1], 8u) << "behind the line feed";
+    EXPECT_EQ(text.substr(breaks[breaks.size() - 2]), u"end\n");
+    for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {
+        ATSUGlyphBounds bounds;
+        ASSERT_EQ(ATSUGetGlyphBounds(layout, breaks[i], breaks[i + 1] - breaks[i], &bounds), noErr);
+        EXPECT_LE(FixedToFloat(bounds.width), 60.01) << i;
+        EXPECT_NEAR(FixedToFloat(FixedAdd(bounds.ascent, bounds.descent)), 13.4, 1.5) << i;
+    }
+}
+
+TEST(TextLayout, ALongTextBreaksAsItsPartsWould) {
+    std::u16string text;
+    for (int i = 0; i < 3000; ++i) text += u"Name" + std::u16string(i % 7, u'a') + u", ";
+    const auto breaks = BreaksOf(LayoutOf(text, 12), text.size(), 550);
+    ASSERT_GT(breaks.size(), 100u);
+    for (std::size_t i = 0; i + 1 < breaks.size(); i += 9) {
+        const auto rest = LayoutOf(std::u16string_view(text).substr(breaks[i], 400), 12);
+        UInt32 next = 0;
+        EXPECT_EQ(ATSUBreakLine(rest, 0, IntToFixed(550), &next), noErr);
+        EXPECT_EQ(breaks[i] + std::min<UInt32>(next, 400),
+                  std::min<std::size_t>(breaks[i + 1], breaks[i] + 400))
+            << i;
+    }
+}
+
+TEST(TextLayout, TellsGlyphsInOrder) {
+    const auto glyphs = Glyphs(LayoutOf(u"aba\U0001F600\tb", 12));
+    ASSERT_EQ(glyphs.size(), 6u);
+    EXPECT_EQ(glyphs[0].glyphID, glyphs[2].glyphID);
+    EXPECT_NE(glyphs[0].glyphID, glyphs[1].glyphID);
+    EXPECT_EQ(glyphs[5].glyphID, glyphs[1].glyphID);
+    EXPECT_EQ(glyphs[5].originalOffset, 6u) << "behind a pair of units";
+    EXPECT_GT(glyphs[1].realPos, glyphs[0].realPos);
+}
+
+TEST(TextLayout, HostileTextsAndArgumentsAreHarmless) {
+    for (const std::u16string_view text :
+         {std::u16string_view(u""), std::u16string_view(u"   "),
+          std::u16string_view(u"\0\n\r\t\x7f", 5), std::u16string_view(u"\xD800", 1)}) {
+        const auto layout = LayoutOf(text, 12);
+        Rect ink{1, 1, 1, 1};
+        EXPECT_EQ(ATSUMeasureTextImage(layout, 0, kATSUToTextEnd, &ink), noErr);
+        EXPECT_EQ(ink.right - ink.left > 0, text.size() == 1) << "only the replacement shows";
+        EXPECT_FALSE(BreaksOf(layout, text.size(), 0).empty());
+    }
+    const auto layout = LayoutOf(u"text", 12);
+    Rect ink;
+    EXPECT_EQ(ATSUMeasureTextImage(layout, 5, 0, &ink), paramErr);
+    EXPECT_EQ(ATSUMeasureTextImage(layout, 2, 3, &ink), paramErr);
+    EXPECT_EQ(ATSUDrawText(layout, 0, 4, 0, 0), paramErr) << "no page";
+    EXPECT_EQ(ATSUSetLayoutControls(layout, {.flushFactor = kFixedOne}), paramErr);
+}
+
+}  // namespace
+}  // namespace kalmo::test
