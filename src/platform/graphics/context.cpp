@@ -18,6 +18,7 @@ constexpr CGRect kLetter{{0, 0}, {612, 792}};
 // The largest page that a PDF file may have without a unit of its own.
 constexpr double kLongestPageSide = 14400;
 
+/// What is no number is 0: cairo would write it into the document.
 double Unit(double component) { return component > 0 ? std::min(component, 1.0) : 0; }
 
 bool IsPage(const CGRect& box) {
@@ -97,7 +98,8 @@ OSStatus CGContextObject::close() {
 }
 
 void CGContextObject::use(const Ink& ink) {
-    cairo_set_source_rgba(cairo.get(), ink.red, ink.green, ink.blue, ink.alpha * state().alpha);
+    cairo_set_source_rgba(cairo.get(), Unit(ink.red), Unit(ink.green), Unit(ink.blue),
+                          Unit(ink.alpha) * state().alpha);
 }
 
 CGContextObject* kalmo::graphics::OpenPage(CGContextRef context) {
@@ -155,13 +157,13 @@ void CGContextClipToRect(CGContextRef context, CGRect rect) {
 void CGContextSetRGBFillColor(CGContextRef context, CGFloat red, CGFloat green, CGFloat blue,
                               CGFloat alpha) {
     auto* const page = OpenPage(context);
-    if (page) page->state().fill = {Unit(red), Unit(green), Unit(blue), Unit(alpha)};
+    if (page) page->state().fill = {red, green, blue, alpha};
 }
 
 void CGContextSetRGBStrokeColor(CGContextRef context, CGFloat red, CGFloat green, CGFloat blue,
                                 CGFloat alpha) {
     auto* const page = OpenPage(context);
-    if (page) page->state().stroke = {Unit(red), Unit(green), Unit(blue), Unit(alpha)};
+    if (page) page->state().stroke = {red, green, blue, alpha};
 }
 
 void CGContextSetAlpha(CGContextRef context, CGFloat alpha) {

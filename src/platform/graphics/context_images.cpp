@@ -18,8 +18,10 @@ constexpr double kPixelsPerPoint = 150.0 / 72;
 /// The surface may outlive the image (a PDF surface keeps it up to the page's end): it has its own
 /// copy of both the pixels and the file.
 SurfacePointer SurfaceOf(const DecodedPicture& picture) {
-    SurfacePointer surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, picture.pixels.width,
-                                                      picture.pixels.height));
+    // What came from a JPEG file has no transparency to look for.
+    const cairo_format_t format = picture.jpeg.empty() ? CAIRO_FORMAT_ARGB32 : CAIRO_FORMAT_RGB24;
+    SurfacePointer surface(
+        cairo_image_surface_create(format, picture.pixels.width, picture.pixels.height));
     if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
     cairo_surface_flush(surface.get());
     std::memcpy(cairo_image_surface_get_data(surface.get()), picture.bytes.data(),

@@ -44,9 +44,9 @@ void AddColoredRuns(cairo_t* cairo, PangoLayoutLine* line) {
 }
 
 SInt32 Whole(double value) {
-    constexpr double kLeast = std::numeric_limits<SInt16>::min();
-    constexpr double kGreatest = std::numeric_limits<SInt16>::max();
-    return static_cast<SInt32>(std::clamp(value, kLeast, kGreatest));
+    // Far beyond any page, and still safe to add up.
+    constexpr double kFarthest = 1 << 23;
+    return static_cast<SInt32>(std::clamp(value, -kFarthest, kFarthest));
 }
 
 }  // namespace

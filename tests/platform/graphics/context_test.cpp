@@ -110,6 +110,11 @@ TEST(Context, BrokenGeometryIsRefusedOrToldAtTheEnd) {
         const CGRect box = CGRectMake(0, 0, side, 100);
         EXPECT_FALSE(CGPDFContextCreate(consumer, &box, nullptr)) << side;
     }
+    const QImage black = DrawnPage(kPage, [](CGContextRef context) {
+        CGContextSetRGBFillColor(context, std::nan(""), -1, 0, 1);
+        CGContextFillRect(context, kLowerLeft);
+    });
+    EXPECT_EQ(black.pixelColor(20, 80), QColor(Qt::black)) << "a colour that is no number";
     EXPECT_EQ(DrawnPdf(kPage, [](CGContextRef context) { CGContextScaleCTM(context, 0, 1); }), "");
     CGContextFillRect(nullptr, kPage);
     CGContextEndPage(reinterpret_cast<CGContextRef>(consumer.get()));
