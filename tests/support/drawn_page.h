@@ -15,28 +15,16 @@ inline std::size_t Append(void* info, const void* bytes, std::size_t count) {
     return count;
 }
 
-struct StoredBytes {
-    std::string bytes;
-    std::size_t position = 0;
-};
-
-inline CGDataProviderCallbacks StoredBytesCallbacks() {
-    return {.getBytes =
-                [](void* info, void* buffer, std::size_t count) {
-                    auto& stored = *static_cast<StoredBytes*>(info);
-                    const auto got =
-                        stored.bytes.copy(static_cast<char*>(buffer), count,
-                                          std::min(stored.position, stored.bytes.size()));
-                    stored.position += got;
-                    return got;
-                },
-            .rewind = [](void* info) { static_cast<StoredBytes*>(info)->position = 0; }};
+inline std::size_t TakeAway(void* info, void* buffer, std::size_t count) {
+    auto& bytes = *static_cast<std::string*>(info);
+    const std::size_t taken = bytes.copy(static_cast<char*>(buffer), count);
+    bytes.erase(0, taken);
+    return taken;
 }
 
 inline Owned<CGPDFDocumentRef> Reopened(std::string bytes) {
-    StoredBytes stored{std::move(bytes)};
     const auto provider =
-        Owned<CGDataProviderRef>::Adopt(CGDataProviderCreate(&stored, StoredBytesCallbacks()));
+        Owned<CGDataProviderRef>::Adopt(CGDataProviderCreate(&bytes, {.getBytes = TakeAway}));
     return Owned<CGPDFDocumentRef>::Adopt(CGPDFDocumentCreateWithProvider(provider));
 }
 
