@@ -69,7 +69,8 @@ OSStatus ATSUGetGlyphBounds(ATSUTextLayout layout, UInt32 lineStart, UInt32 leng
 /// The ink of the turned line around its origin, in pt, rounded outwards, y DOWNWARDS; empty when
 /// the line leaves no ink.
 OSStatus ATSUMeasureTextImage(ATSUTextLayout layout, UInt32 lineStart, UInt32 length, Rect* bounds);
-/// Draws at the origin (pt, y upwards), in the style's colour. paramErr without a page to draw on.
+/// Draws at the origin (pt, y upwards), in the style's colour, thinned as one. paramErr without a
+/// page to draw on.
 OSStatus ATSUDrawText(ATSUTextLayout layout, UInt32 lineStart, UInt32 length, Fixed x, Fixed y);
 /// The line's glyphs from left to right; borrowed up to the next call with this layout.
 OSStatus ATSUDirectGetLayoutDataArrayPtrFromTextLayout(ATSUTextLayout layout, UInt32 lineStart,

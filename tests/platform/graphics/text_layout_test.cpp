@@ -105,7 +105,14 @@ TEST(TextLayout, IsDrawnInItsColourThinnedByTheContext) {
         ATSUSetLayoutControls(layout, {.context = context});
         CGContextSetAlpha(context, 0.25);
         ATSUDrawText(layout, 0, kATSUToTextEnd, IntToFixed(100), IntToFixed(400));
+        // Joined letters overlap: one more tone than where they do not would show.
+        ATSUSetTextPointerLocation(layout, u"\u0645\u0631\u062D\u0628\u0627", 5);
+        ATSUDrawText(layout, 0, kATSUToTextEnd, IntToFixed(100), IntToFixed(200));
     });
+    for (int x = 100; x < 300; ++x) {
+        for (int y = 500; y < 650; ++y)
+            ASSERT_GE(page.pixelColor(x, y).green(), 188) << x << ' ' << y;
+    }
     EXPECT_NEAR(page.pixelColor(120, 372).green(), 191, 2);
     EXPECT_EQ(page.pixelColor(120, 372).red(), 255);
 }
