@@ -97,8 +97,11 @@ std::string OutputBinPicture(const _PaperOutputContext& context) {
     return file.empty() ? "OutputTray_Default.gif" : file;
 }
 
+/// A fold that has a popup of its own has its picture there.
 std::string MenuFinishingPicture(const _PaperOutputContext& context) {
-    return FinishingPicture(context.record.finishing, context.record.bookletIsOn());
+    Finishing shown = context.record.finishing;
+    if (context.controls.fold) shown.fold = kNoFinishing;
+    return FinishingPicture(shown, context.record.bookletIsOn());
 }
 
 Owned<CFStringRef> Empty() { return Owned<CFStringRef>::Retain(CFSTR("")); }

@@ -15,6 +15,12 @@ void ReportMissingText(CFStringRef key, CFStringRef table) {
                  CFStringToUTF8(key).c_str());
 }
 
+/// Embeddings, overrides and isolates: they would reorder the words around them as well.
+bool TurnsDirection(UniChar character) {
+    return (character >= 0x202A && character <= 0x202E) ||
+           (character >= 0x2066 && character <= 0x2069);
+}
+
 }  // namespace
 
 Owned<CFStringRef> CopyTextIfPresent(CFBundleRef bundle, CFStringRef key, CFStringRef table) {
@@ -38,7 +44,8 @@ Owned<CFStringRef> CopyShortened(CFStringRef text, CFIndex most) {
     if (shown > 0) CFStringGetCharacters(text, {0, shown}, line.data());
     const CFCharacterSetRef controls = CFCharacterSetGetPredefined(kCFCharacterSetControl);
     for (UniChar& character : line)
-        if (CFCharacterSetIsCharacterMember(controls, character)) character = u' ';
+        if (CFCharacterSetIsCharacterMember(controls, character) || TurnsDirection(character))
+            character = u' ';
     if (length > most) line += u'\u2026';
     return Owned<CFStringRef>::Adopt(CFStringCreateWithCharacters(
         kCFAllocatorDefault, line.data(), static_cast<CFIndex>(line.size())));

@@ -17,7 +17,7 @@ inline constexpr char kStringNotFound[] = "STRING NOT FOUND";
                                                    CFStringRef table = nullptr);
 
 /// A text from outside as a line to be shown: no longer than `most`, then an ellipsis, and with
-/// blanks for control characters. Never null.
+/// blanks for control characters and for marks that turn the direction of writing. Never null.
 [[nodiscard]] Owned<CFStringRef> CopyShortened(CFStringRef text, CFIndex most);
 
 }  // namespace kalmo
