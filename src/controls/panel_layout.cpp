@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/nib_holders.h"
+
 namespace kalmo {
 
 OSStatus AppendViewFromWindowAndUnpack(ControlRef pane, WindowRef window, SInt32 section,
@@ -13,6 +15,20 @@ OSStatus AppendViewFromWindowAndUnpack(ControlRef pane, WindowRef window, SInt32
     GetControlBounds(view, &bounds);
     MoveSubviewsToPane(view, pane, *height);
     *height += bounds.bottom - bounds.top;
+    return noErr;
+}
+
+OSStatus AppendSections(ControlRef pane, const PanelSource& source,
+                        const std::vector<SInt32>& sections) {
+    NibHolder nib;
+    OSStatus status = OpenNib(source.bundle, source.file, &nib);
+    if (status != noErr) return status;
+    WindowHolder window;
+    status = OpenNibWindow(nib, source.window, &window);
+    if (status != noErr) return status;
+    SInt32 height = 0;
+    for (const SInt32 section : sections)
+        AppendViewFromWindowAndUnpack(pane, window.get(), section, &height);
     return noErr;
 }
 

@@ -1,6 +1,9 @@
 // Building a panel's controls: sections of an interface file stacked in the panel's pane.
 #pragma once
 
+#include <vector>
+
+#include "foundation/bundle.h"
 #include "toolbox/controls.h"
 
 namespace kalmo {
@@ -10,6 +13,15 @@ namespace kalmo {
 /// changes nothing.
 OSStatus AppendViewFromWindowAndUnpack(ControlRef pane, WindowRef window, SInt32 section,
                                        SInt32* height);
+
+/// Lent names of an interface file and of the window in it that holds a panel's sections.
+struct PanelSource {
+    CFBundleRef bundle;
+    CFStringRef file, window;
+};
+/// Unpacks these sections into `pane`, from top to bottom. The failure of the interface file.
+OSStatus AppendSections(ControlRef pane, const PanelSource& source,
+                        const std::vector<SInt32>& sections);
 
 /// Where `inner` stands when centred in `outer`, never left of or above its edge.
 [[nodiscard]] Rect CentredIn(const Rect& outer, const Rect& inner);

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "controls/nib_holders.h"
 #include "controls/panel_layout.h"
 #include "image_options/about_box.h"
 #include "image_options/advanced_panel.h"
@@ -35,18 +34,6 @@ constexpr PopupRow kPopups[] = {
     {616, &AdvancedControls::offset, &_AdvancedContext::offset, GetPopupButtonTicketValue, nullptr,
      "Jog"},
 };
-
-OSStatus AppendSection(_AdvancedContext& context) {
-    NibHolder nib;
-    OSStatus status = OpenNib(context.bundle, CFSTR("AdvancedPanel"), &nib);
-    if (status != noErr) return status;
-    WindowHolder window;
-    status = OpenNibWindow(nib, CFSTR("Advanced"), &window);
-    if (status != noErr) return status;
-    SInt32 height = 0;
-    AppendViewFromWindowAndUnpack(context.pane, window.get(), kSection, &height);
-    return noErr;
-}
 
 bool PrinterHas(PPDRef ppd, const char* keyword) {
     return PPDForEachChoice(ppd, CFStringMakeConstant(keyword),
@@ -95,7 +82,9 @@ void ObeyHit(_AdvancedContext& context, SInt32 id) {
 }  // namespace
 
 OSStatus BuildAdvancedControls(_AdvancedContext& context) {
-    if (const OSStatus status = AppendSection(context); status != noErr) return status;
+    const PanelSource source{context.bundle, CFSTR("AdvancedPanel"), CFSTR("Advanced")};
+    const OSStatus status = AppendSections(context.pane, source, {kSection});
+    if (status != noErr) return status;
     FillPopups(context);
     InstallHandler(context);
     context.opened = true;

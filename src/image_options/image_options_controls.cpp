@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "controls/nib_holders.h"
 #include "controls/panel_layout.h"
 #include "controls/pictures.h"
 #include "image_options/image_options_panel.h"
@@ -12,7 +11,7 @@
 namespace kalmo {
 namespace {
 
-constexpr SInt32 kSections[] = {1300, 1500, 2100};
+const std::vector<SInt32> kSections = {1300, 1500, 2100};
 
 struct ControlRow {
     SInt32 id;
@@ -109,19 +108,6 @@ void ShowPictures(ImageOptionsContext& context) {
     }
 }
 
-OSStatus AppendSections(ImageOptionsContext& context) {
-    NibHolder nib;
-    OSStatus status = OpenNib(context.bundle, CFSTR("ImageOptionsPanel"), &nib);
-    if (status != noErr) return status;
-    WindowHolder window;
-    status = OpenNibWindow(nib, CFSTR("Window"), &window);
-    if (status != noErr) return status;
-    SInt32 height = 0;
-    for (const SInt32 section : kSections)
-        AppendViewFromWindowAndUnpack(context.pane, window.get(), section, &height);
-    return noErr;
-}
-
 void FindControls(ImageOptionsContext& context) {
     const WindowRef window = GetControlOwner(context.pane);
     for (const ControlRow& row : kControls)
@@ -195,7 +181,9 @@ void ShowInvertImage(ImageOptionsContext& context) {
 }
 
 OSStatus BuildImageOptionsControls(ImageOptionsContext& context) {
-    if (const OSStatus status = AppendSections(context); status != noErr) return status;
+    const PanelSource source{context.bundle, CFSTR("ImageOptionsPanel"), CFSTR("Window")};
+    const OSStatus status = AppendSections(context.pane, source, kSections);
+    if (status != noErr) return status;
     FindControls(context);
     FillResolutionMenu(context);
     UpdateHalftoneScreenMenu(context);

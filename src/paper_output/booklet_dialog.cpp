@@ -58,15 +58,6 @@ std::vector<FoldRow> FoldsOf(PPDRef ppd) {
     return folds;
 }
 
-/// 0 when there is none.
-UInt16 ItemWithReference(MenuRef menu, ItemReference sought) {
-    for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
-        ItemReference reference = 0;
-        if (GetMenuItemRefCon(menu, item, &reference) == noErr && reference == sought) return item;
-    }
-    return 0;
-}
-
 class BookletDialog final : public ModalDialog {
 public:
     BookletDialog(CFBundleRef bundle, PPDRef ppd, BookletChoice* choice)
@@ -126,7 +117,7 @@ private:
         const MenuRef menu = GetControlPopupMenu(popup);
         PPDPopulateMenuWithChoices(menu, ppd_, CFSTR("PageSize"), 0, Constraints::ignore);
         // A size of one's own would have to be asked for; a booklet takes the printer's.
-        if (const UInt16 custom = ItemWithReference(menu, kStockSizeCustom))
+        if (const UInt16 custom = MenuItemWithReference(menu, kStockSizeCustom))
             DeleteMenuItem(menu, custom);
         InsertMenuItemTextWithCFString(menu, CopyText(bundle(), CFSTR("BookletOwnPaper")), 0,
                                        kMenuItemPlain, 0);

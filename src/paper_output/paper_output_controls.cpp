@@ -1,7 +1,6 @@
 // The panel's controls: which of them the printer has something for, and how they show the record.
 #include <iterator>
 
-#include "controls/nib_holders.h"
 #include "controls/panel_layout.h"
 #include "paper_output/finishing_menu.h"
 #include "paper_output/paper_output_panel.h"
@@ -87,19 +86,11 @@ constexpr struct {
     {130, &Controls::finishingSummaryPlace},
 };
 
-OSStatus AppendSections(_PaperOutputContext& context) {
-    NibHolder nib;
-    OSStatus status = OpenNib(context.bundle, CFSTR("PaperOutputPanel"), &nib);
-    if (status != noErr) return status;
-    WindowHolder window;
-    status = OpenNibWindow(nib, CFSTR("Window"), &window);
-    if (status != noErr) return status;
-    SInt32 height = 0;
-    for (const auto& section : kSections) {
-        if (section.isOffered(context))
-            AppendViewFromWindowAndUnpack(context.pane, window.get(), section.id, &height);
-    }
-    return noErr;
+std::vector<SInt32> OfferedSections(const _PaperOutputContext& context) {
+    std::vector<SInt32> offered;
+    for (const auto& section : kSections)
+        if (section.isOffered(context)) offered.push_back(section.id);
+    return offered;
 }
 
 /// Two panels may use one number: only what stands in this panel's pane counts.
@@ -188,7 +179,9 @@ void ShowOutputColor(_PaperOutputContext& context) {
 }  // namespace
 
 OSStatus BuildPaperOutputControls(_PaperOutputContext& context) {
-    if (const OSStatus status = AppendSections(context); status != noErr) return status;
+    const PanelSource source{context.bundle, CFSTR("PaperOutputPanel"), CFSTR("Window")};
+    const OSStatus status = AppendSections(context.pane, source, OfferedSections(context));
+    if (status != noErr) return status;
     context.record.devices = InstalledFinishingDevices();
     FindControls(context);
     FillMenus(context);

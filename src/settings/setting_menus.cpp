@@ -42,17 +42,21 @@ SInt32 InsertHistory(MenuRef menu, const HistoryItems& history) {
 
 }  // namespace
 
-bool SetPopupButtonToTicketValue(ControlRef popup, SInt32 value) {
-    const MenuRef menu = popup ? GetControlPopupMenu(popup) : nullptr;
+UInt16 MenuItemWithReference(MenuRef menu, ItemReference sought) {
     const UInt16 count = menu ? CountMenuItems(menu) : UInt16{0};
     for (UInt16 item = 1; item <= count; ++item) {
         ItemReference reference = 0;
-        if (GetMenuItemRefCon(menu, item, &reference) == noErr && reference == value) {
-            SetControl32BitValue(popup, item);
-            return true;
-        }
+        if (GetMenuItemRefCon(menu, item, &reference) == noErr && reference == sought) return item;
     }
-    return false;
+    return 0;
+}
+
+bool SetPopupButtonToTicketValue(ControlRef popup, SInt32 value) {
+    const UInt16 item =
+        popup ? MenuItemWithReference(GetControlPopupMenu(popup), value) : UInt16{0};
+    if (item == 0) return false;
+    SetControl32BitValue(popup, item);
+    return true;
 }
 
 SInt32 GetPopupButtonTicketValue(ControlRef popup) {

@@ -6,6 +6,8 @@
 
 namespace kalmo {
 
+/// The first item with that reference constant; 0 when there is none, or no menu.
+[[nodiscard]] UInt16 MenuItemWithReference(MenuRef menu, ItemReference sought);
 /// Selects the first item whose reference constant is `value`; false, selection unchanged,
 /// otherwise.
 bool SetPopupButtonToTicketValue(ControlRef popup, SInt32 value);
