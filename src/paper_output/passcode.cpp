@@ -115,6 +115,13 @@ PasscodePair::Use PasscodePair::useByLength() const {
 
 void PasscodePair::focus() { SetKeyboardFocus(passcode_.field); }
 
+void ShowInvalidPasscodeNotice(CFBundleRef bundle) {
+    ShowPasscodeNotice(bundle,
+                       NoticeKeys{.header = CFSTR("Invalid Secure Print Passcode Header"),
+                                  .message = CFSTR("Invalid Secure Print Passcode Message")},
+                       nullptr);
+}
+
 void PasscodePair::clearConfirmation() {
     SetControlTitleWithCFString(confirmation_.field, CFSTR(""));
 }
@@ -123,10 +130,7 @@ bool PasscodePair::agrees() {
     if (CFStringCompare(copy(), TextOf(confirmation_.field), kCFCompareCaseInsensitive) ==
         kCFCompareEqualTo)
         return true;
-    ShowPasscodeNotice(bundle_,
-                       NoticeKeys{.header = CFSTR("Invalid Secure Print Passcode Header"),
-                                  .message = CFSTR("Invalid Secure Print Passcode Message")},
-                       nullptr);
+    ShowInvalidPasscodeNotice(bundle_);
     focus();
     return false;
 }

@@ -14,6 +14,9 @@ inline constexpr SInt32 kPasscodeLabelID = 110, kPasscodeFieldID = 111, kPasscod
                         kConfirmationLabelID = 120, kConfirmationFieldID = 121,
                         kConfirmationLengthID = 122;
 
+/// Says how long a passcode is, and that it is entered the same twice.
+void ShowInvalidPasscodeNotice(CFBundleRef bundle);
+
 class PasscodePair final {
 public:
     PasscodePair() = default;

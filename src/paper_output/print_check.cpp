@@ -2,28 +2,13 @@
 
 #include <utility>
 
-#include "foundation/number.h"
-#include "shell/base/notices.h"
+#include "paper_output/passcode.h"
 #include "shell/base/plugin_bundle.h"
 
 namespace kalmo {
 namespace {
 
 PrintCheckSource currentSource;  // NOLINT: installed and taken away by the panel
-
-Owned<CFNumberRef> Number(SInt32 value) {
-    return Owned<CFNumberRef>::Adopt(
-        CFNumberCreate(kCFAllocatorDefault, kCFNumberSInt32Type, &value));
-}
-
-void AskForPasscode() {
-    const auto least = Number(kPasscodeMinimumLength), most = Number(kPasscodeMaximumLength);
-    const CFTypeRef lengths[] = {least, most};
-    ShowNoticeWithKeys(GetPDEBundle(),
-                       NoticeKeys{.header = CFSTR("Invalid Secure Print Passcode Header"),
-                                  .message = CFSTR("Invalid Secure Print Passcode Message")},
-                       lengths, 2);
-}
 
 bool LacksPasscode(const CheckedJob& job) {
     return job.jobType == kJobTypeSecurePrint &&
@@ -44,7 +29,7 @@ PrintCheckResult CheckPrintJob() {
     if (!source.job) return PrintCheckResult::pass;
     const CheckedJob job = source.job();
     if (LacksPasscode(job)) {
-        AskForPasscode();
+        ShowInvalidPasscodeNotice(GetPDEBundle());
         return PrintCheckResult::refused;
     }
     if (LacksRecipient(job)) {
