@@ -80,6 +80,8 @@ using DrawingRef = struct OpaqueDrawing*;
 using EventRef = struct OpaqueEvent*;
 using EventHandlerRef = struct OpaqueEventHandler*;
 using EventHandlerCallRef = struct OpaqueEventHandlerCall*;
+/// Freed by DisposeWorker.
+using WorkerRef = struct OpaqueWorker*;
 
 /// A rectangle in pixels of the containing view; right and bottom lie just outside.
 struct Rect {

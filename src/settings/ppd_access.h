@@ -44,6 +44,12 @@ struct PPDCustomSizes {
 /// Nothing when the printer takes none, or its PPD makes no sense of it.
 [[nodiscard]] std::optional<PPDCustomSizes> PPDGetCustomSizes(PPDRef ppd);
 
+/// Sides of a paper in pt, upright; nothing when the PPD has none of that name.
+struct PPDPaperSize {
+    double width = 0, length = 0;
+};
+[[nodiscard]] std::optional<PPDPaperSize> PPDGetPaperSize(PPDRef ppd, CFStringRef choice);
+
 /// "" when the PPD names none.
 [[nodiscard]] std::string PPDManufacturer(PPDRef ppd);
 void PPDMarkDefaults(PPDRef ppd);

@@ -58,6 +58,18 @@ void SetControlDateTime(ControlRef control, SInt64 seconds);
 [[nodiscard]] CFRange GetControlTextSelection(ControlRef field);
 void SetControlTextSelection(ControlRef field, CFRange selection);
 
+/// A color well's color, not premultiplied, 0 to 1; black for other controls. The well opens the
+/// desktop's color chooser when it is pressed, and a hit says that another color was chosen.
+struct ControlColor {
+    float red = 0, green = 0, blue = 0, alpha = 1;
+};
+[[nodiscard]] ControlColor GetControlColor(ControlRef well);
+void SetControlColor(ControlRef well, const ControlColor& color);
+
+/// What the pointer looks like over the control.
+enum class PointerShape { arrow, openHand, closedHand };
+void SetControlPointer(ControlRef control, PointerShape shape);
+
 /// Title of a button or group, text of a label or field.
 void SetControlTitleWithCFString(ControlRef control, CFStringRef title);
 [[nodiscard]] CFStringRef CopyControlTitleAsCFString(ControlRef control);

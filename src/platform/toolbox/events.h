@@ -28,6 +28,12 @@ inline constexpr UInt32 kEventControlSetFocusPart = 7;
 /// window's default button), also at the end of CallNextEventHandler, which then answers noErr.
 inline constexpr UInt32 kEventClassTextInput = 'tins';
 inline constexpr UInt32 kEventTextInput = 2;
+/// Only from picture controls, for the left button: pressed on it, moved while held (also beyond
+/// its edges), let go. A press that nobody wants is followed by neither of the others.
+inline constexpr UInt32 kEventClassMouse = 'mous';
+inline constexpr UInt32 kEventMouseDown = 1;
+inline constexpr UInt32 kEventMouseUp = 2;
+inline constexpr UInt32 kEventMouseDragged = 6;
 inline constexpr UInt32 kEventClassCommand = 'cmds';
 inline constexpr UInt32 kEventCommandProcess = 1;
 inline constexpr UInt32 kEventClassMenu = 'menu';
@@ -65,6 +71,8 @@ Boolean GetEventMenuItem(EventRef event, MenuRef* menu, UInt16* item);
 [[nodiscard]] UInt32 GetEventTextByteSize(EventRef event);
 /// Of a focus event: whether the field has the focus now.
 [[nodiscard]] Boolean GetEventHasFocus(EventRef event);
+/// Of a mouse event: pixels from the control's upper left corner. False otherwise.
+Boolean GetEventMousePlace(EventRef event, SInt32* x, SInt32* y);
 /// The drawing of a draw event, null otherwise; valid during the event.
 [[nodiscard]] DrawingRef GetEventDrawing(EventRef event);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/url.h"
+#include "graphics/image.h"
 #include "kalmo/statuses.h"
 #include "toolbox/events.h"
 
@@ -14,5 +15,12 @@ void GetPictureSize(PictureRef picture, SInt32* width, SInt32* height);
 /// Scaled to fit `bounds` (pixels of the drawn control, without the display's scale), proportions
 /// kept, centred.
 OSStatus DrawPictureInRect(DrawingRef drawing, PictureRef picture, const Rect& bounds);
+
+/// Fills `bounds` with the image's pixels.
+OSStatus DrawImageInRect(DrawingRef drawing, CGImageRef image, const Rect& bounds);
+/// A line around `bounds`, just inside, in the colour of the theme's frames.
+OSStatus FrameRect(DrawingRef drawing, const Rect& bounds);
+/// How many pixels of its screen make one pixel of the control; 1 for null.
+[[nodiscard]] double GetControlScale(ControlRef control);
 
 #pragma GCC visibility pop

@@ -1,0 +1,24 @@
+// Work beside the UI thread: reading and decoding pictures, drawing a page, and the answer back.
+//
+// One thread serves all workers and lives as long as the program, so that the fonts it has loaded
+// stay at hand. A worker is its asker's: a pane or a dialog has one of its own.
+#pragma once
+
+#include <functional>
+
+#include "kalmo/types.h"
+
+#pragma GCC visibility push(default)
+
+// UI thread only, all three.
+
+[[nodiscard]] WorkerRef CreateWorker();
+/// What has not begun never will; what runs is finished, and its answer dropped. Does not wait.
+/// Null is ignored.
+void DisposeWorker(WorkerRef worker);
+/// Runs `work` on the thread, which must own all it uses, then `done` on the UI thread. It takes
+/// the place of what this worker was asked before and has not begun: of that neither part runs.
+/// Nothing may be thrown by either.
+void RunOnWorker(WorkerRef worker, std::function<void()> work, std::function<void()> done);
+
+#pragma GCC visibility pop
