@@ -16,8 +16,8 @@ enum class PagePaper { white, none };
 /// state's first byte. The store is left alone. The status of the drawing, else of the document.
 OSStatus DrawWatermarkPage(MemoryConsumerState* state, const CGSize& page, PagePaper paper,
                            _WatermarkData* record, WatermarkPictures* pictures);
-/// The document of a page without paper; null when nothing is drawn. The caller releases it. Reads
-/// and decodes a picture.
-[[nodiscard]] CFDataRef CopyWatermarkDrawing(const _WatermarkData& record, const CGSize& page);
+/// The document of a page without paper, the record with its glyphs and place; null when nothing is
+/// drawn. The caller releases it. Reads and decodes a picture.
+[[nodiscard]] CFDataRef CopyWatermarkDrawing(_WatermarkData* record, const CGSize& page);
 
 }  // namespace kalmo
