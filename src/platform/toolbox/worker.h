@@ -18,7 +18,8 @@
 void DisposeWorker(WorkerRef worker);
 /// Runs `work` on the thread, which must own all it uses, then `done` on the UI thread. It takes
 /// the place of what this worker was asked before and has not begun: of that neither part runs.
-/// Nothing may be thrown by either.
+/// Nothing may be thrown by either: work that throws has no answer. Nor has any once the
+/// application has gone.
 void RunOnWorker(WorkerRef worker, std::function<void()> work, std::function<void()> done);
 
 #pragma GCC visibility pop
