@@ -32,27 +32,6 @@ private:
     int number_;
 };
 
-/// errno, or 0 with the bytes.
-int ReadWhole(const std::string& path, std::string& bytes) {
-    // Not blocking: a named pipe must not hold the caller before it is seen to be none of our
-    // files.
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (file.get() < 0) return errno;
-    struct stat status {};
-    if (fstat(file.get(), &status) != 0) return errno;
-    if (S_ISDIR(status.st_mode)) return EISDIR;
-    if (!S_ISREG(status.st_mode)) return EINVAL;
-    char part[65536];
-    ssize_t count = 0;
-    while ((count = read(file.get(), part, sizeof part)) != 0) {
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return errno;
-        bytes.append(part, static_cast<std::size_t>(count));
-        if (bytes.size() > kPropertyListMaximumBytes) return EFBIG;
-    }
-    return 0;
-}
-
 bool WriteAll(int file, const UInt8* bytes, CFIndex length) {
     while (length > 0) {
         const ssize_t count = write(file, bytes, static_cast<std::size_t>(length));
@@ -114,12 +93,34 @@ bool MakeFolders(const std::filesystem::path& folder) {
 
 }  // namespace
 
+int kalmo::foundation::ReadWholeFile(const std::string& path, std::size_t most,
+                                     std::string& bytes) {
+    // Not blocking: a named pipe must not hold the caller before it is seen to be none of our
+    // files.
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (file.get() < 0) return errno;
+    struct stat status {};
+    if (fstat(file.get(), &status) != 0) return errno;
+    if (S_ISDIR(status.st_mode)) return EISDIR;
+    if (!S_ISREG(status.st_mode)) return EINVAL;
+    if (static_cast<std::size_t>(status.st_size) > most) return EFBIG;
+    char part[65536];
+    ssize_t count = 0;
+    while ((count = read(file.get(), part, sizeof part)) != 0) {
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return errno;
+        bytes.append(part, static_cast<std::size_t>(count));
+        if (bytes.size() > most) return EFBIG;
+    }
+    return 0;
+}
+
 Boolean CFURLCreateDataAndPropertiesFromResource(CFAllocatorRef allocator, CFURLRef url,
                                                  CFDataRef* data, SInt32* errorCode) {
     const auto path = FilePathOf(url);
     if (!path || !data) return Answer(EINVAL, errorCode);
     std::string bytes;
-    const int error = ReadWhole(*path, bytes);
+    const int error = kalmo::foundation::ReadWholeFile(*path, kPropertyListMaximumBytes, bytes);
     if (error == 0) {
         *data = CFDataCreate(allocator, reinterpret_cast<const UInt8*>(bytes.data()),
                              static_cast<CFIndex>(bytes.size()));

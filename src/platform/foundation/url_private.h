@@ -1,4 +1,4 @@
-// File URLs to and from paths, byte for byte. Private to the platform library.
+// File URLs to and from paths, byte for byte, and whole files. Private to the platform library.
 #pragma once
 
 #include <optional>
@@ -12,5 +12,9 @@ namespace kalmo::foundation {
 [[nodiscard]] std::optional<std::string> FilePathOf(CFURLRef url);
 /// Null for an empty path.
 [[nodiscard]] Owned<CFURLRef> FileURLOf(const std::string& path, bool isDirectory);
+
+/// Appends the file's bytes. 0 or an errno number; EFBIG beyond `most` bytes, EINVAL for what is no
+/// plain file. A named pipe or a device is not waited for.
+[[nodiscard]] int ReadWholeFile(const std::string& path, std::size_t most, std::string& bytes);
 
 }  // namespace kalmo::foundation

@@ -48,6 +48,7 @@ void CGContextEndTransparencyLayer(CGContextRef context);
 
 void CGContextFillRect(CGContextRef context, CGRect rect);
 void CGContextStrokeRectWithWidth(CGContextRef context, CGRect rect, CGFloat width);
+/// What lies beyond the page or the clip does not go into the document.
 void CGContextDrawImage(CGContextRef context, CGRect rect, CGImageRef image);
 /// Page 1 is the first. The page goes in as pixels, 150 to the inch.
 void CGContextDrawPDFDocument(CGContextRef context, CGRect rect, CGPDFDocumentRef document,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "foundation/url_private.h"
 #include "graphics/image_private.h"
 
 namespace {
@@ -14,6 +15,8 @@ using kalmo::graphics::PictureSize;
 using kalmo::graphics::PixelSize;
 
 const TypeRecord kImporterType{"graphics importer", nullptr, nullptr, nullptr};
+
+constexpr std::size_t kLargestFile = std::size_t{512} << 20;
 
 int Limited(std::size_t side) { return static_cast<int>(std::min(side, kLongestImageSide)); }
 
@@ -31,24 +34,30 @@ struct GraphicsImporterObject final : kalmo::foundation::Object {
     PixelSize size, limit;
 };
 
+namespace {
+
+OSStatus Open(std::string content, GraphicsImportComponent* importer) {
+    const auto size = PictureSize(content);
+    if (!size) return noCodecErr;
+    *importer = new GraphicsImporterObject(std::move(content), *size);
+    return noErr;
+}
+
+}  // namespace
+
 OSStatus GetGraphicsImporterForFileWithFlags(CFURLRef file, GraphicsImportComponent* importer,
                                              SInt32) {
     if (!file || !importer) return paramErr;
-    Owned<CFDataRef> data;
-    if (!CFURLCreateDataAndPropertiesFromResource(kCFAllocatorDefault, file, data.adopt(), nullptr))
-        return fnfErr;
-    return GetGraphicsImporterForBytes(CFDataGetBytePtr(data),
-                                       static_cast<std::size_t>(CFDataGetLength(data)), importer);
+    const auto path = kalmo::foundation::FilePathOf(file);
+    std::string content;
+    if (!path || kalmo::foundation::ReadWholeFile(*path, kLargestFile, content) != 0) return fnfErr;
+    return Open(std::move(content), importer);
 }
 
 OSStatus GetGraphicsImporterForBytes(const void* bytes, std::size_t count,
                                      GraphicsImportComponent* importer) {
     if (!bytes || !importer) return paramErr;
-    std::string content(static_cast<const char*>(bytes), count);
-    const auto size = PictureSize(content);
-    if (!size) return noCodecErr;
-    *importer = new GraphicsImporterObject(std::move(content), *size);
-    return noErr;
+    return Open(std::string(static_cast<const char*>(bytes), count), importer);
 }
 
 OSStatus GraphicsImportGetNaturalBounds(GraphicsImportComponent importer, Rect* bounds) {

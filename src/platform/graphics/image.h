@@ -16,8 +16,9 @@ inline constexpr std::size_t kLongestImageSide = 16384;
 
 #pragma GCC visibility push(default)
 
-/// Opens a picture file by its content, not its name. fnfErr when it cannot be read, noCodecErr
-/// when it is no picture. The caller releases `*importer`. `flags` are not used.
+/// Opens a picture file by its content, not its name. fnfErr when it cannot be read, is no plain
+/// file or larger than 512 MiB; noCodecErr when it is no picture. The caller releases `*importer`.
+/// `flags` are not used.
 OSStatus GetGraphicsImporterForFileWithFlags(CFURLRef file, GraphicsImportComponent* importer,
                                              SInt32 flags);
 /// The same with the content of a file; `bytes` are copied.

@@ -54,14 +54,6 @@ QSize SizeWithin(const QSize& full, PixelSize limit) {
     return full.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
-/// A photograph stays one in a PDF file: raw pixels would be ten times as large.
-std::string AsJpeg(const QImage& image) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    return image.save(&buffer, "jpeg", kJpegQuality) ? bytes.toStdString() : std::string();
-}
-
 }  // namespace
 
 std::optional<PixelSize> PictureSize(const std::string& bytes) {
@@ -76,7 +68,7 @@ std::optional<DecodedPicture> DecodePicture(const std::string& bytes, PixelSize 
     const auto full = PictureSize(bytes);
     if (!full) return std::nullopt;
     Reader reader(bytes);
-    const bool isJpeg = reader->format() == "jpeg";
+    const bool isPhotograph = reader->format() == "jpeg";
     const QSize wanted = SizeWithin({full->width, full->height}, limit);
     if (wanted != QSize(full->width, full->height)) {
         reader->setScaledSize(reader.isTurned() ? wanted.transposed() : wanted);
@@ -89,12 +81,21 @@ std::optional<DecodedPicture> DecodePicture(const std::string& bytes, PixelSize 
     image = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) return std::nullopt;
     const UInt8* const bits = image.constBits();
-    return DecodedPicture{*full,
-                          {image.width(), image.height()},
-                          {bits, bits + image.sizeInBytes()},
-                          isJpeg ? AsJpeg(image.convertToFormat(QImage::Format_RGB888)) : ""};
+    return DecodedPicture{
+        *full, {image.width(), image.height()}, {bits, bits + image.sizeInBytes()}, isPhotograph};
 } catch (const std::bad_alloc&) {
     return std::nullopt;
+}
+
+std::string JpegOf(const UInt8* bytes, std::size_t bytesPerRow, PixelSize size) try {
+    const QImage image(bytes, size.width, size.height, static_cast<qsizetype>(bytesPerRow),
+                       QImage::Format_RGB32);
+    QByteArray file;
+    QBuffer buffer(&file);
+    buffer.open(QIODevice::WriteOnly);
+    return image.save(&buffer, "jpeg", kJpegQuality) ? file.toStdString() : std::string();
+} catch (const std::bad_alloc&) {
+    return {};
 }
 
 }  // namespace kalmo::graphics

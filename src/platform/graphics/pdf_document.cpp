@@ -75,5 +75,5 @@ CGImageRef CGPDFDocumentCreatePageImage(CGPDFDocumentRef document, std::size_t p
     QPainter(&sheet).drawImage(0, 0, ink);
     const PixelSize pixels{size.width(), size.height()};
     const UInt8* const bits = sheet.constBits();
-    return new CGImageObject({pixels, pixels, {bits, bits + sheet.sizeInBytes()}, {}});
+    return new CGImageObject({pixels, pixels, {bits, bits + sheet.sizeInBytes()}});
 }
