@@ -14,24 +14,37 @@
 
 namespace kalmo {
 
+/// Sizes beyond these, in points and percent, are drawn like these: more than any sheet shows.
+inline constexpr SInt32 kLargestWatermarkFont = 2000;
+inline constexpr SInt32 kLargestWatermarkScale = 100000;
+
 /// The picture last drawn, kept decoded for the next drawing.
 class WatermarkPictures final {
 public:
     /// No picture is decoded to more pixels than these; 0 x 0 (the default): to all it has.
     void limitPixels(std::size_t width, std::size_t height);
-    /// Decoded anew when the file, its content or the limit is another. Lent up to the next call.
+    /// Of each side's pixels this share is decoded; all of them from 1 (the default) on.
+    void limitShare(double share);
+    /// Decoded anew when the file, its content or a limit is another. Lent up to the next call.
+    /// fnfErr unless the path is absolute and leads to a plain file; noCodecErr for no picture.
     OSStatus get(const std::string& path, CGImageRef* image);
 
 private:
+    struct Limit {
+        std::size_t width = 0, height = 0;
+        double share = 1;
+        bool operator==(const Limit&) const = default;
+    };
     struct Source {
         std::string path;
         SInt64 changed = 0, size = 0;  // ns since 1970; bytes
-        std::size_t width = 0, height = 0;
+        Limit limit;
         bool operator==(const Source&) const = default;
     };
+    OSStatus decode();
 
-    std::size_t width_ = 0, height_ = 0;
-    Source source_;
+    Limit limit_;
+    Source source_;  // an empty path: nothing was asked for yet
     OSStatus status_ = noErr;
     Owned<CGImageRef> image_;
 };

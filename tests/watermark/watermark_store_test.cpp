@@ -15,18 +15,12 @@
 #include "support/dictionaries.h"
 #include "support/private_home.h"
 #include "support/values.h"
+#include "watermark/fresh_store.h"
 
 namespace kalmo {
 namespace {
 
 constexpr auto kLasting = WatermarkSave::lasting, kPassing = WatermarkSave::passing;
-
-/// The file of the print watermarks in a home of its own; neither it nor its folder is there.
-std::filesystem::path FreshStore() {
-    const auto home = test::MakeFolder("home");
-    setenv("XDG_CONFIG_HOME", home.c_str(), 1);
-    return home / "kalmo-print/Kalmo/com.kalmo.printing.watermarks.plist";
-}
 
 bool Save(const std::string& text, WatermarkSave save = kLasting, SInt32 angle = 0) {
     WatermarkHolder record;
@@ -74,7 +68,7 @@ TEST(WatermarkStore, RecordComesBackWhateverElseStandsInItsEntry) {
 }
 
 TEST(WatermarkStore, StartsWithTheDefaultsAndDropsAnEmptyFirstNameInMemoryOnly) {
-    const auto file = FreshStore();
+    const auto file = test::FreshStore();
     EXPECT_EQ(ListAtStart(), "Draft,Confidential,Copy");
     WatermarkHolder record;
     loadWatermarkData(kWatermarkStore, CFSTR("Confidential"), *record);
@@ -85,7 +79,7 @@ TEST(WatermarkStore, StartsWithTheDefaultsAndDropsAnEmptyFirstNameInMemoryOnly) 
 }
 
 TEST(WatermarkStore, RemovesTheFirstEqualNameAndKeepsFontDataInAnExistingFileOnly) {
-    const auto file = FreshStore();
+    const auto file = test::FreshStore();
     EXPECT_FALSE(storeFontData(kWatermarkStore, CFSTR("font"), test::Data("x")));
     EXPECT_FALSE(std::filesystem::exists(file));
     WriteList(file, "<string>b</string><string>A</string><string>a</string><string>a</string>");
@@ -104,7 +98,7 @@ TEST(WatermarkStore, RemovesTheFirstEqualNameAndKeepsFontDataInAnExistingFileOnl
 }
 
 TEST(WatermarkStore, DrawingWritesOnlyWhatChanged) {
-    const auto file = FreshStore();
+    const auto file = test::FreshStore();
     Save("a");
     for (const auto& [save, angle, written] :
          {std::tuple{kPassing, 0, false}, {kPassing, 1, true}, {kLasting, 1, true}}) {
@@ -127,7 +121,7 @@ void ExpectFailure(const std::filesystem::path& file, const std::string& told,
 }
 
 TEST(WatermarkStore, NeverWritesOverAFileThatIsNoStore) {
-    const auto file = FreshStore();
+    const auto file = test::FreshStore();
     Save("a");
     test::WriteFile(file, test::Plist("<array/>"));
     ExpectFailure(file, "");
@@ -138,7 +132,7 @@ TEST(WatermarkStore, NeverWritesOverAFileThatIsNoStore) {
 }
 
 TEST(WatermarkStore, FullDiskAndReadOnlyFolderLeaveTheOldFile) {
-    const auto file = FreshStore();
+    const auto file = test::FreshStore();
     Save("a");
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit full{200, RLIM_INFINITY}, before{RLIM_INFINITY, RLIM_INFINITY};
@@ -157,7 +151,7 @@ TEST(WatermarkStore, FullDiskAndReadOnlyFolderLeaveTheOldFile) {
 }
 
 TEST(WatermarkStore, ThreadsLoseNoneOfTheirSaves) {
-    FreshStore();
+    test::FreshStore();
     const auto save = [](const std::string& names) {
         for (const char name : names) Save({name}, kPassing);
     };
@@ -168,7 +162,7 @@ TEST(WatermarkStore, ThreadsLoseNoneOfTheirSaves) {
 }
 
 TEST(WatermarkStore, SurvivesTwoHundredKillsDuringSaves) {
-    FreshStore();
+    test::FreshStore();
     Save("a");
     storeFontData(kWatermarkStore, CFSTR("font"), test::Data(std::string(8000, 'f')));
     CFIndex stored = 2;
