@@ -75,9 +75,7 @@ SInt32 FaxRecipient::release() { return --refCount_; }
 
 void FaxRecipient::fromTicket(CFDictionaryRef ticket) {
     if (!ticket) return;
-    for (const auto& [key, get, set] : kFields)
-        (this->*set)(
-            ValueOfType<CFStringRef>(CFDictionaryGetValue(ticket, key), CFStringGetTypeID()));
+    for (const auto& [key, get, set] : kFields) (this->*set)(StringInDictionary(ticket, key));
 }
 
 CFMutableDictionaryRef FaxRecipient::toTicket() const {

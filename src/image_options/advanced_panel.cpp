@@ -2,6 +2,7 @@
 
 #include "controls/panel_operations.h"
 #include "settings/ppd_choices.h"
+#include "settings/ticket.h"
 #include "settings/ticket_keys.h"
 
 #define kBookletOrderKey CFSTR("com.kalmo.print.AdvancedBookletLayoutOrderStr")
@@ -22,12 +23,6 @@ constexpr ChoiceRow kChoices[] = {
     {"Jog", &_AdvancedContext::offset},
 };
 
-SInt32 NumberOr(SInt32 absent, PMTicketRef ticket, CFStringRef key) {
-    SInt32 number = absent;
-    PMTicketGetSInt32(ticket, key, &number);
-    return number;
-}
-
 OSStatus WriteNumber(PMTicketRef ticket, CFStringRef key, CFIndex number) {
     return PMTicketSetCFIndex(ticket, kPrintingManagerCreator, key, number, false);
 }
@@ -45,8 +40,8 @@ OSStatus WriteTicket(_AdvancedContext& context, PMTicketRef ticket) {
 }
 
 OSStatus ReadTicket(_AdvancedContext& context, PMTicketRef ticket) {
-    context.bookletOrder = NumberOr(kDefaultBookletOrder, ticket, kBookletOrderKey);
-    context.rotate = NumberOr(kDefaultRotate, ticket, kRotateKey);
+    context.bookletOrder = SInt32InTicket(ticket, kBookletOrderKey, kDefaultBookletOrder);
+    context.rotate = SInt32InTicket(ticket, kRotateKey, kDefaultRotate);
     for (const ChoiceRow& row : kChoices) {
         PPDGetTicketValueForChoiceOrDefault(context.ppd, ticket, CFStringMakeConstant(row.keyword),
                                             &(context.*row.value));

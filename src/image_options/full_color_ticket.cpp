@@ -73,10 +73,6 @@ void ReadNumbers(NumberRows rows, FullColorOptions& options, CFDictionaryRef dic
             SInt32InDictionary(dictionary, CFStringMakeConstant(key)).value_or(options.*field);
 }
 
-CFStringRef StringInDictionary(CFDictionaryRef dictionary, CFStringRef key) {
-    return ValueOfType<CFStringRef>(CFDictionaryGetValue(dictionary, key), CFStringGetTypeID());
-}
-
 void ReadProfiles(ProfileRows rows, FullColorOptions& options, CFDictionaryRef dictionary) {
     for (const auto& [key, field] : rows) {
         const CFStringRef constant = CFStringMakeConstant(key);
@@ -92,12 +88,6 @@ void ReadNames(NameRows rows, FullColorOptions& options, CFDictionaryRef diction
     for (const auto& [key, field, set] : rows)
         if (const CFStringRef name = StringInDictionary(dictionary, CFStringMakeConstant(key)))
             (options.*set)(name);
-}
-
-CFDictionaryRef ColorCastInDictionary(CFDictionaryRef dictionary) {
-    return ValueOfType<CFDictionaryRef>(
-        CFDictionaryGetValue(dictionary, CFStringMakeConstant(kColorCastKey)),
-        CFDictionaryGetTypeID());
 }
 
 }  // namespace
@@ -167,7 +157,8 @@ CFMutableDictionaryRef FullColorOptions::asTicket() const try {
 void FullColorOptions::fromTicket(CFDictionaryRef dictionary) {
     if (!dictionary) return;
     ReadNumbers(Tables::kAdjustments, *this, dictionary);
-    ReadNumbers(Tables::kColorCast, *this, ColorCastInDictionary(dictionary));
+    ReadNumbers(Tables::kColorCast, *this,
+                DictionaryInDictionary(dictionary, CFStringMakeConstant(kColorCastKey)));
     readTrapping(dictionary);
     ReadNumbers(Tables::kOverprint, *this, dictionary);
     if (const CFTypeRef curve = CFDictionaryGetValue(dictionary, CFStringMakeConstant(kCurveKey)))

@@ -20,15 +20,13 @@ SInt64 TimeOrNever(CFDictionaryRef ticket, CFStringRef key) {
 }
 
 bool BooleanOr(CFDictionaryRef ticket, CFStringRef key, bool missing) {
-    const auto value =
-        ValueOfType<CFBooleanRef>(CFDictionaryGetValue(ticket, key), CFBooleanGetTypeID());
+    const CFBooleanRef value = BooleanInDictionary(ticket, key);
     return value ? CFBooleanGetValue(value) : missing;
 }
 
 /// A copy, since the ticket's may be changed later; null when there is no string.
 Owned<CFStringRef> TextOrNone(CFDictionaryRef ticket, CFStringRef key) {
-    const auto text =
-        ValueOfType<CFStringRef>(CFDictionaryGetValue(ticket, key), CFStringGetTypeID());
+    const CFStringRef text = StringInDictionary(ticket, key);
     return Owned<CFStringRef>::Adopt(text ? CFStringCreateCopy(kCFAllocatorDefault, text)
                                           : nullptr);
 }

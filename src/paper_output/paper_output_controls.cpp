@@ -16,35 +16,31 @@ namespace {
 
 using Controls = PaperOutputControls;
 
-bool HasOption(const _PaperOutputContext& context, CFStringRef keyword) {
-    bool hasChoice = false;
-    PPDForEachChoice(context.ppd, keyword,
-                     [&hasChoice](const char*, const char*, const char*) { hasChoice = true; });
-    return hasChoice;
-}
-
 bool Always(const _PaperOutputContext&) { return true; }
 bool HasPapers(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("MediaColor")) || HasOption(context, CFSTR("MediaType"));
+    return PPDOffersChoices(context.ppd, CFSTR("MediaColor")) ||
+           PPDOffersChoices(context.ppd, CFSTR("MediaType"));
 }
-bool HasSides(const _PaperOutputContext& context) { return HasOption(context, CFSTR("Duplex")); }
+bool HasSides(const _PaperOutputContext& context) {
+    return PPDOffersChoices(context.ppd, CFSTR("Duplex"));
+}
 bool HasOutputColor(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("KLColorMode"));
+    return PPDOffersChoices(context.ppd, CFSTR("KLColorMode"));
 }
 bool HasOutputBin(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("OutputBin"));
+    return PPDOffersChoices(context.ppd, CFSTR("OutputBin"));
 }
 
 // What the finishing menu offers has no second control.
 bool HasFinishingMenu(const _PaperOutputContext&) { return OfficeFinishing().any(); }
 bool HasStaplePopup(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("StapleLocation")) && !OfficeFinishing().staple;
+    return PPDOffersChoices(context.ppd, CFSTR("StapleLocation")) && !OfficeFinishing().staple;
 }
 bool HasPunchPopup(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("KLPunch")) && !OfficeFinishing().punch;
+    return PPDOffersChoices(context.ppd, CFSTR("KLPunch")) && !OfficeFinishing().punch;
 }
 bool HasFoldPopup(const _PaperOutputContext& context) {
-    return HasOption(context, CFSTR("KLFold")) && !OfficeFinishing().fold;
+    return PPDOffersChoices(context.ppd, CFSTR("KLFold")) && !OfficeFinishing().fold;
 }
 
 /// From top to bottom.

@@ -52,8 +52,7 @@ template <typename Record, std::size_t Count>
 void ReadNumbers(PMTicketRef ticket, const NumberRow<Record> (&rows)[Count], Record* record) {
     for (const auto& row : rows) {
         if (row.isMeant && !row.isMeant(*record)) continue;
-        record->*row.field = row.missing;
-        PMTicketGetSInt32(ticket, row.key, &(record->*row.field));
+        record->*row.field = SInt32InTicket(ticket, row.key, row.missing);
     }
 }
 
@@ -71,18 +70,6 @@ void WriteNumbers(PMTicketRef ticket, const NumberRow<Record> (&rows)[Count],
         if (!row.isMeant || row.isMeant(record))
             WriteNumber(ticket, row.key, record.*row.field, row.kind);
     }
-}
-
-CFDictionaryRef DictionaryInTicket(PMTicketRef ticket, CFStringRef key) {
-    CFDictionaryRef dictionary = nullptr;
-    PMTicketGetCFDictionary(ticket, key, &dictionary);
-    return dictionary;
-}
-
-bool FlagInTicket(PMTicketRef ticket, CFStringRef key) {
-    CFBooleanRef flag = nullptr;
-    PMTicketGetCFBoolean(ticket, key, &flag);
-    return CFBooleanGetValue(flag);
 }
 
 /// `otherwise` where neither ticket nor printer says anything.
@@ -217,8 +204,7 @@ void WriteFinishing(PMTicketRef settings, const Finishing& finishing) {
 }  // namespace
 
 void ReadPaperOutput(PaperOutputRecord* record, const PaperOutputTickets& tickets) {
-    record->orientation = 1;
-    PMTicketGetSInt32(tickets.pageFormat, kOrientationKey, &record->orientation);
+    record->orientation = SInt32InTicket(tickets.pageFormat, kOrientationKey, 1);
     const Stock before(record->jobStock);
     ReadJobStock(tickets, &record->jobStock);
     record->outputBin = ReadChoice(tickets, CFSTR("OutputBin"), record->outputBin);

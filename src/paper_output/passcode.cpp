@@ -12,6 +12,7 @@
 
 #include "controls/input_limits.h"
 #include "paper_output/job_type.h"
+#include "settings/dictionary.h"
 #include "shell/base/notices.h"
 #include "shell/base/texts.h"
 
@@ -32,21 +33,18 @@ struct SystemRandom {
     }
 };
 
-Owned<CFNumberRef> Number(SInt32 value) {
-    return Owned<CFNumberRef>::Adopt(
-        CFNumberCreate(kCFAllocatorDefault, kCFNumberSInt32Type, &value));
-}
-
 /// What notices and labels say: the least and the greatest length, and perhaps a passcode.
 void ShowPasscodeNotice(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef passcode) {
-    const auto least = Number(kPasscodeMinimumLength), most = Number(kPasscodeMaximumLength);
+    const auto least = CreateNumber(kPasscodeMinimumLength);
+    const auto most = CreateNumber(kPasscodeMaximumLength);
     const CFTypeRef arguments[] = {least.get(), most.get(), passcode};
     ShowNoticeWithKeys(bundle, keys, arguments, passcode ? 3 : 2);
 }
 
 Owned<CFStringRef> LengthText(CFBundleRef bundle) {
     const auto format = CopyText(bundle, CFSTR("Min-Max Digits"));
-    const auto least = Number(kPasscodeMinimumLength), most = Number(kPasscodeMaximumLength);
+    const auto least = CreateNumber(kPasscodeMinimumLength);
+    const auto most = CreateNumber(kPasscodeMaximumLength);
     return Owned<CFStringRef>::Adopt(
         CFStringCreateWithFormat(kCFAllocatorDefault, format, least.get(), most.get()));
 }

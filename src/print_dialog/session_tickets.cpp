@@ -5,6 +5,7 @@
 
 #include "printing/ticket.h"
 #include "settings/ppd_choices.h"
+#include "settings/ticket.h"
 #include "settings/ticket_keys.h"
 
 #define kJobNameKey CFSTR("com.apple.print.JobInfo.PMJobName")
@@ -36,15 +37,11 @@ void WriteText(PMTicketRef ticket, CFStringRef key, const std::string& text) {
 }
 
 CFDictionaryRef Dictionary(PMPrintSession session, CFStringRef key) {
-    CFDictionaryRef dictionary = nullptr;
-    PMTicketGetCFDictionary(PrintSettings(session), key, &dictionary);
-    return dictionary;
+    return DictionaryInTicket(PrintSettings(session), key);
 }
 
 bool IsOn(PMPrintSession session, CFStringRef key) {
-    CFBooleanRef flag = nullptr;
-    PMTicketGetCFBoolean(PrintSettings(session), key, &flag);
-    return CFBooleanGetValue(flag);
+    return FlagInTicket(PrintSettings(session), key);
 }
 
 std::optional<SInt32> StockSize(const std::string& keyword) {
@@ -92,8 +89,9 @@ bool HasOrientation(PMPrintSession session) {
 }
 
 Orientation ReadOrientation(PMPrintSession session) {
-    auto value = static_cast<SInt32>(Orientation::portrait);
-    PMTicketGetSInt32(PMSessionGetTicket(session, kPMPageFormatTicket), kOrientationKey, &value);
+    const SInt32 value =
+        SInt32InTicket(PMSessionGetTicket(session, kPMPageFormatTicket), kOrientationKey,
+                       static_cast<SInt32>(Orientation::portrait));
     return value == static_cast<SInt32>(Orientation::landscape) ? Orientation::landscape
                                                                 : Orientation::portrait;
 }
@@ -149,12 +147,9 @@ void WriteStockPaper(PMPrintSession session, const std::string& keyword) {
     const auto stock = Dictionary(session, kJobLevelStockKey);
     const auto size = StockSize(keyword);
     if (!stock || !size) return;
-    const CFIndex value = *size;
-    const auto number = Owned<CFNumberRef>::Adopt(
-        CFNumberCreate(kCFAllocatorDefault, kCFNumberCFIndexType, &value));
     const auto changed = Owned<CFMutableDictionaryRef>::Adopt(
         CFDictionaryCreateMutableCopy(kCFAllocatorDefault, 0, stock));
-    CFDictionarySetValue(changed, CFSTR("Size"), number.get());
+    WriteTicketValue(changed, CFSTR("Size"), *size);
     const auto creator = PMTicketGetItemCreator(PrintSettings(session), kJobLevelStockKey);
     PMTicketSetCFDictionary(PrintSettings(session), creator ? creator : kTicketCreator,
                             kJobLevelStockKey, changed.get(), false);

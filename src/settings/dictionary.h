@@ -12,6 +12,12 @@ void CFDictionarySetNumber(CFMutableDictionaryRef dictionary, CFStringRef key, C
 /// True when a number was there and is exactly of that type.
 bool CFDictionaryGetNumber(CFDictionaryRef dictionary, CFStringRef key, CFNumberType type,
                            void* value);
+/// For texts with "%d" and the like.
+[[nodiscard]] Owned<CFNumberRef> CreateNumber(SInt32 value);
+/// The value under the key when it is of that kind, else null; borrowed.
+[[nodiscard]] CFStringRef StringInDictionary(CFDictionaryRef dictionary, CFStringRef key);
+[[nodiscard]] CFDictionaryRef DictionaryInDictionary(CFDictionaryRef dictionary, CFStringRef key);
+[[nodiscard]] CFBooleanRef BooleanInDictionary(CFDictionaryRef dictionary, CFStringRef key);
 /// Does nothing when the bytes are not text of the encoding.
 void CFDictionarySetCString(CFMutableDictionaryRef dictionary, CFStringRef key, const char* text,
                             CFStringEncoding encoding);

@@ -12,13 +12,8 @@ namespace {
 
 Owned<CFDictionaryRef> profile;
 
-/// The dictionary under the key, borrowed; null when there is none.
-CFDictionaryRef GetDictionary(CFDictionaryRef from, CFStringRef key) {
-    return ValueOfType<CFDictionaryRef>(CFDictionaryGetValue(from, key), CFDictionaryGetTypeID());
-}
-
 CFTypeRef GetProperty(CFDictionaryRef holder, CFStringRef property) {
-    return CFDictionaryGetValue(GetDictionary(holder, CFSTR("Properties")), property);
+    return CFDictionaryGetValue(DictionaryInDictionary(holder, CFSTR("Properties")), property);
 }
 
 struct Entry {
@@ -52,8 +47,7 @@ CFArrayRef CreateMatches(CFDictionaryRef dictionaries, CFStringRef property, CFT
 
 CFStringRef GetDefaultKeyword(CFDictionaryRef keywords) {
     for (const Entry& keyword : DictionariesIn(keywords)) {
-        const auto isDefault = ValueOfType<CFBooleanRef>(
-            CFDictionaryGetValue(keyword.value, CFSTR("Default")), CFBooleanGetTypeID());
+        const CFBooleanRef isDefault = BooleanInDictionary(keyword.value, CFSTR("Default"));
         if (isDefault && CFBooleanGetValue(isDefault)) return keyword.name;
     }
     return nullptr;
@@ -86,13 +80,13 @@ void KDPInitialize() noexcept {
 void KDPFinalize() noexcept { profile = {}; }
 
 CFDictionaryRef KDPGetFeature(CFStringRef name) noexcept {
-    return GetDictionary(GetDictionary(profile, CFSTR("Features")), name);
+    return DictionaryInDictionary(DictionaryInDictionary(profile, CFSTR("Features")), name);
 }
 
 // These hand over a new array, though their names, which are fixed, say Get.
 // NOLINTBEGIN(clang-analyzer-osx.cocoa.RetainCount)
 CFArrayRef KDPGetFeaturesWithPropertyAndValue(CFStringRef property, CFTypeRef value) noexcept {
-    return CreateMatches(GetDictionary(profile, CFSTR("Features")), property, value);
+    return CreateMatches(DictionaryInDictionary(profile, CFSTR("Features")), property, value);
 }
 
 CFArrayRef KDPGetFeaturesWithProperty(CFStringRef property) noexcept {
@@ -107,7 +101,7 @@ CFArrayRef KDPGetKeywordsWithPropertyAndValue(CFDictionaryRef feature, CFStringR
 // NOLINTEND(clang-analyzer-osx.cocoa.RetainCount)
 
 CFDictionaryRef KDPGetFeatureSyntax(CFDictionaryRef feature, CFStringRef form) noexcept {
-    return GetDictionary(GetDictionary(feature, CFSTR("Syntax")), form);
+    return DictionaryInDictionary(DictionaryInDictionary(feature, CFSTR("Syntax")), form);
 }
 
 CFTypeRef KDPGetFeatureProperty(CFDictionaryRef feature, CFStringRef property) noexcept {

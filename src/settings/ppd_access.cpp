@@ -110,8 +110,7 @@ void PPDCloseCurrent() { currentPPD.reset(); }
 CFStringRef PPDCopyCurrentChoice(PMTicketRef ticket, CFStringRef keyword) {
     CFMutableDictionaryRef choices = nullptr;
     if (!keyword || PMTicketGetPPDDict(ticket, &choices) != noErr) return nullptr;
-    const auto choice =
-        ValueOfType<CFStringRef>(CFDictionaryGetValue(choices, keyword), CFStringGetTypeID());
+    const CFStringRef choice = StringInDictionary(choices, keyword);
     return choice ? CFStringCreateCopy(kCFAllocatorDefault, choice) : nullptr;
 }
 
@@ -170,6 +169,11 @@ void PPDMarkDefaults(PPDRef ppd) {
 
 int PPDMarkChoice(PPDRef ppd, const char* keyword, const char* choice) {
     return ppd ? ppdMarkOption(ppd, keyword, choice) : 0;
+}
+
+bool PPDOffersChoices(PPDRef ppd, CFStringRef keyword) {
+    const ppd_option_t* option = FindOption(ppd, keyword);
+    return option && option->num_choices > 0;
 }
 
 bool PPDForEachChoice(PPDRef ppd, CFStringRef keyword,

@@ -55,6 +55,8 @@ struct PPDPaperSize {
 void PPDMarkDefaults(PPDRef ppd);
 /// Marks the choice; the number of conflicts among all that is marked.
 int PPDMarkChoice(PPDRef ppd, const char* keyword, const char* choice);
+/// Whether the PPD has the option, with at least one choice.
+[[nodiscard]] bool PPDOffersChoices(PPDRef ppd, CFStringRef keyword);
 /// Calls for each choice of the option in PPD order; false when the PPD has no such option.
 bool PPDForEachChoice(PPDRef ppd, CFStringRef keyword,
                       const std::function<void(const char* optionKeyword, const char* choice,

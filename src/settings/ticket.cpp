@@ -17,6 +17,24 @@ OSStatus GetTicketFromSession(PMPrintSession session, CFStringRef ticketName, PM
     return noErr;
 }
 
+CFDictionaryRef DictionaryInTicket(PMTicketRef ticket, CFStringRef key) {
+    CFDictionaryRef dictionary = nullptr;
+    PMTicketGetCFDictionary(ticket, key, &dictionary);
+    return dictionary;
+}
+
+bool FlagInTicket(PMTicketRef ticket, CFStringRef key) {
+    CFBooleanRef flag = nullptr;
+    PMTicketGetCFBoolean(ticket, key, &flag);
+    return CFBooleanGetValue(flag);
+}
+
+SInt32 SInt32InTicket(PMTicketRef ticket, CFStringRef key, SInt32 missing) {
+    SInt32 number = missing;
+    PMTicketGetSInt32(ticket, key, &number);
+    return number;
+}
+
 void WriteTicketValue(CFMutableDictionaryRef dictionary, CFStringRef key, CFIndex value) {
     CFDictionarySetNumber(dictionary, key, kCFNumberCFIndexType, &value);
 }

@@ -1,4 +1,4 @@
-// The tickets of the print session, and numbers in dictionaries stored in them.
+// The tickets of the print session, and what is stored in them.
 #pragma once
 
 #include <optional>
@@ -12,6 +12,12 @@ namespace kalmo {
 
 /// Status of PMSessionGetDataFromSession; `*ticket` is left alone when nothing is stored.
 OSStatus GetTicketFromSession(PMPrintSession session, CFStringRef ticketName, PMTicketRef* ticket);
+/// Lent; null when the ticket has no dictionary of that name.
+[[nodiscard]] CFDictionaryRef DictionaryInTicket(PMTicketRef ticket, CFStringRef key);
+/// False when the ticket has no such boolean.
+[[nodiscard]] bool FlagInTicket(PMTicketRef ticket, CFStringRef key);
+/// `missing` when the ticket has no such number.
+[[nodiscard]] SInt32 SInt32InTicket(PMTicketRef ticket, CFStringRef key, SInt32 missing);
 /// Stores the value as a number of the platform's index kind.
 void WriteTicketValue(CFMutableDictionaryRef dictionary, CFStringRef key, CFIndex value);
 /// True when a number is there and was exactly a CFIndex. Absent: false, `*value` untouched; a

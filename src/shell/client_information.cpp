@@ -39,8 +39,7 @@ Owned<Ref> CopyStoreValue(CFStringRef key, CFTypeID type) {
 Owned<CFStringRef> CopyPrimaryAddress() {
     const auto global = CopyStoreValue<CFDictionaryRef>(CFSTR("State:/Network/Global/IPv4"),
                                                         CFDictionaryGetTypeID());
-    const auto interface = ValueOfType<CFStringRef>(
-        CFDictionaryGetValue(global, CFSTR("PrimaryInterface")), CFStringGetTypeID());
+    const CFStringRef interface = StringInDictionary(global, CFSTR("PrimaryInterface"));
     if (!interface) return {};
     const auto key = Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
         kCFAllocatorDefault, CFSTR("State:/Network/Interface/%@/IPv4"), interface));

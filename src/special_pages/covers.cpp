@@ -1,5 +1,6 @@
 #include "special_pages/covers.h"
 
+#include "settings/ticket.h"
 #include "settings/ticket_keys.h"
 
 namespace kalmo {
@@ -23,17 +24,11 @@ OSStatus ReadCover(PMTicketRef ticket, CFStringRef key, std::unique_ptr<Cover>* 
     return MissingIsNoFailure(status);
 }
 
-bool IsBooklet(PMTicketRef ticket) {
-    CFBooleanRef layout = nullptr;
-    PMTicketGetCFBoolean(ticket, kBookletLayoutKey, &layout);
-    return CFBooleanGetValue(layout);
-}
-
 OSStatus ReadCovers(PMTicketRef ticket, std::unique_ptr<Cover>* front,
                     std::unique_ptr<Cover>* back) {
     const OSStatus status = ReadCover(ticket, kFrontCoverKey, front);
     // Front and back of a booklet are one sheet.
-    if (!IsBooklet(ticket)) return ReadCover(ticket, kBackCoverKey, back);
+    if (!FlagInTicket(ticket, kBookletLayoutKey)) return ReadCover(ticket, kBackCoverKey, back);
     back->reset(*front ? (*front)->clone() : nullptr);
     return status;
 }

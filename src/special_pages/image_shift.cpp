@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "settings/dictionary.h"
 #include "settings/ticket.h"
 #include "special_pages/ticket_flags.h"
 
@@ -37,8 +38,7 @@ CFIndex NumberInDictionary(CFDictionaryRef dictionary, CFStringRef key, CFIndex 
 }
 
 bool IsFullPrecision(CFDictionaryRef dictionary) {
-    return CFBooleanGetValue(ValueOfType<CFBooleanRef>(
-        CFDictionaryGetValue(dictionary, CFSTR("FullPrecision")), CFBooleanGetTypeID()));
+    return CFBooleanGetValue(BooleanInDictionary(dictionary, CFSTR("FullPrecision")));
 }
 
 }  // namespace

@@ -7,8 +7,7 @@ namespace kalmo {
 namespace {
 
 Stock StockOf(CFDictionaryRef page) {
-    const auto stock = ValueOfType<CFDictionaryRef>(CFDictionaryGetValue(page, CFSTR("Stock")),
-                                                    CFDictionaryGetTypeID());
+    const CFDictionaryRef stock = DictionaryInDictionary(page, CFSTR("Stock"));
     return stock ? Stock(stock) : Stock();
 }
 

@@ -74,12 +74,10 @@ Stock::Stock(CFDictionaryRef dictionary) {
         this->*field = SInt32InDictionary(dictionary, key).value_or(this->*field);
     }
     for (const auto& [key, field] : TicketForm::kTexts) {
-        const auto text =
-            ValueOfType<CFStringRef>(CFDictionaryGetValue(dictionary, key), CFStringGetTypeID());
+        const CFStringRef text = StringInDictionary(dictionary, key);
         this->*field = Owned<CFStringRef>::Retain(text ? text : CFSTR(""));
     }
-    customNameOnly_ = CFBooleanGetValue(ValueOfType<CFBooleanRef>(
-        CFDictionaryGetValue(dictionary, CFSTR("CustomNameOnly")), CFBooleanGetTypeID()));
+    customNameOnly_ = CFBooleanGetValue(BooleanInDictionary(dictionary, CFSTR("CustomNameOnly")));
 }
 
 Stock& Stock::operator=(const Stock& other) {

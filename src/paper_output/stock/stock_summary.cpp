@@ -4,6 +4,7 @@
 
 #include "controls/pictures.h"
 #include "foundation/locale.h"
+#include "settings/dictionary.h"
 #include "settings/installable_options.h"
 #include "settings/ppd_choices.h"
 #include "shell/base/panel_interface.h"
@@ -80,8 +81,7 @@ Owned<CFStringRef> TypeText(CFBundleRef bundle, const Stock& stock) {
     auto text = UncountedTypeText(bundle, stock, row.words);
     const SInt32 modulus = stock.modulus();
     if (!row.isCounted || modulus <= 0 || CFStringGetLength(text) == 0) return text;
-    const auto number =
-        Owned<CFNumberRef>::Adopt(CFNumberCreate(kCFAllocatorDefault, kCFNumberIntType, &modulus));
+    const auto number = CreateNumber(modulus);
     return Owned<CFStringRef>::Adopt(
         CFStringCreateWithFormat(kCFAllocatorDefault, CFSTR("%@ (%d)"), text.get(), number.get()));
 }
