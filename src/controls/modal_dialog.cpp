@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "controls/input_limits.h"
+#include "controls/panel_layout.h"
 #include "controls/pictures.h"
 #include "shell/base/help.h"
 #include "shell/base/panel_interface.h"
@@ -17,11 +18,6 @@ constexpr EventTypeSpec kEvents[] = {
     {kEventClassControl, kEventControlDraw},      {kEventClassInputCheck, kEventInputEmpty},
     {kEventClassInputCheck, kEventInputTooShort}, {kEventClassInputCheck, kEventInputLongEnough},
 };
-
-SInt32 IDOf(ControlRef control) {
-    ControlID id{};
-    return GetControlID(control, &id) == noErr && id.signature == kDialogSignature ? id.id : 0;
-}
 
 }  // namespace
 
@@ -63,7 +59,7 @@ OSStatus ModalDialog::HandleEvent(EventHandlerCallRef, EventRef event, void* dia
 
 OSStatus ModalDialog::handle(EventRef event) {
     if (GetEventClass(event) == kEventClassCommand) return obey(GetEventCommand(event));
-    const SInt32 id = IDOf(GetEventControl(event));
+    const SInt32 id = IDOfHit(event);
     if (GetEventClass(event) == kEventClassInputCheck) {
         inputWasChecked(id, GetEventKind(event));
         return noErr;
@@ -84,8 +80,7 @@ OSStatus ModalDialog::obey(UInt32 command) {
 
 OSStatus ModalDialog::draw(EventRef event) const {
     const Illustration shown = illustration();
-    if (shown.file.empty() || IDOf(GetEventControl(event)) != source_.picture)
-        return eventNotHandledErr;
+    if (shown.file.empty() || IDOfHit(event) != source_.picture) return eventNotHandledErr;
     return DrawImage(event, Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(shown.file)));
 }
 

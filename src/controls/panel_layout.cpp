@@ -32,6 +32,12 @@ OSStatus AppendSections(ControlRef pane, const PanelSource& source,
     return noErr;
 }
 
+SInt32 IDOfHit(EventRef event) {
+    ControlID id{};
+    const OSStatus status = GetControlID(GetEventControl(event), &id);
+    return status == noErr && id.signature == 'KPDE' ? id.id : 0;
+}
+
 Rect CentredIn(const Rect& outer, const Rect& inner) {
     const SInt32 width = inner.right - inner.left, height = inner.bottom - inner.top;
     // A pane larger than its place keeps its upper left corner in sight.

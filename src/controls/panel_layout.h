@@ -5,6 +5,7 @@
 
 #include "foundation/bundle.h"
 #include "toolbox/controls.h"
+#include "toolbox/events.h"
 
 namespace kalmo {
 
@@ -22,6 +23,9 @@ struct PanelSource {
 /// Unpacks these sections into `pane`, from top to bottom. The failure of the interface file.
 OSStatus AppendSections(ControlRef pane, const PanelSource& source,
                         const std::vector<SInt32>& sections);
+
+/// The id of the event's control among those of signature 'KPDE'; 0 for any other.
+[[nodiscard]] SInt32 IDOfHit(EventRef event);
 
 /// Where `inner` stands when centred in `outer`, never left of or above its edge.
 [[nodiscard]] Rect CentredIn(const Rect& outer, const Rect& inner);

@@ -35,11 +35,6 @@ constexpr PopupRow kPopups[] = {
      "Jog"},
 };
 
-bool PrinterHas(PPDRef ppd, const char* keyword) {
-    return PPDForEachChoice(ppd, CFStringMakeConstant(keyword),
-                            [](const char*, const char*, const char*) {});
-}
-
 /// Nothing is chosen until the record is shown, so that a choice the menu lacks shows as none.
 bool FillFromPrinter(ControlRef popup, PPDRef ppd, const char* keyword) {
     const SInt32 count =
@@ -53,7 +48,7 @@ bool FillFromPrinter(ControlRef popup, PPDRef ppd, const char* keyword) {
 bool FillPopup(const _AdvancedContext& context, const PopupRow& row, ControlRef popup) {
     if (!row.map) return FillFromPrinter(popup, context.ppd, row.keyword);
     PopulatePopupButtonFromMap(context.bundle, popup, row.map, JobContext::job, 0);
-    return !row.keyword || PrinterHas(context.ppd, row.keyword);
+    return !row.keyword || PPDOffersChoices(context.ppd, CFStringMakeConstant(row.keyword));
 }
 
 void FillPopups(_AdvancedContext& context) {
@@ -111,9 +106,7 @@ void ShowAdvanced(_AdvancedContext& context) {
 
 OSStatus pdeShellAdvancedEventHandler(EventHandlerCallRef, EventRef event, void* userData) {
     return WithoutExceptions(eventNotHandledErr, [&] {
-        ControlID hit{};
-        if (GetControlID(GetEventControl(event), &hit) == noErr && hit.signature == 'KPDE')
-            ObeyHit(*static_cast<_AdvancedContext*>(userData), hit.id);
+        ObeyHit(*static_cast<_AdvancedContext*>(userData), IDOfHit(event));
         return eventNotHandledErr;
     });
 }

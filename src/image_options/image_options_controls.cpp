@@ -196,9 +196,7 @@ OSStatus BuildImageOptionsControls(ImageOptionsContext& context) {
 
 OSStatus ImageOptionsPanelEventHandler(EventHandlerCallRef, EventRef event, void* userData) {
     return WithoutExceptions(eventNotHandledErr, [&] {
-        ControlID hit{};
-        if (GetControlID(GetEventControl(event), &hit) == noErr && hit.signature == 'KPDE')
-            TakeOverOrShow(*static_cast<ImageOptionsContext*>(userData), hit.id);
+        TakeOverOrShow(*static_cast<ImageOptionsContext*>(userData), IDOfHit(event));
         return eventNotHandledErr;
     });
 }
