@@ -28,10 +28,10 @@ protected:
     void TearDown() override { setenv("LC_ALL", "C.UTF-8", 1); }
 
     /// A window on screen, with the focus in the empty field of numbers.
-    void open(SpinControlSetup setup) {
+    void open(SpinControlSetup setup, const char* slider = "QSlider") {
         interface = std::make_unique<Interface>(
             WindowFile(WidgetText("QLineEdit", kField) + WidgetText("SpinArrows", kArrows) +
-                       WidgetText("QSlider", kSlider) + WidgetText("QLineEdit", kOther)));
+                       WidgetText(slider, kSlider) + WidgetText("QLineEdit", kOther)));
         ASSERT_EQ(interface->open(), noErr);
         setup.arrows = kArrows, setup.field = kField, setup.slider = kSlider;
         ASSERT_EQ(SetUpSpinControl(interface->window, 'KPDE', setup), noErr);
@@ -104,6 +104,18 @@ TEST_F(Fields, StepsEndAtTheBoundWithABeep) {
     EXPECT_EQ(beeps.take(), 2) << "Return and Enter";
     QTest::keyClick(interface->widget(kSlider), Qt::Key_End);
     EXPECT_EQ(text(), "12%");
+}
+
+TEST_F(Fields, SliderAndFieldFollowEachOther) {
+    for (const char* const slider : {"QSlider", "AngleDial"}) {
+        SCOPED_TRACE(slider);
+        open({.minimum = -180, .maximum = 180, .sign = Sign::angle}, slider);
+        QTest::keyClicks(&field(), "-45");
+        EXPECT_EQ(interface->widget<QAbstractSlider>(kSlider)->value(), -45);
+        QTest::keyClick(interface->widget(kSlider), Qt::Key_Right);
+        EXPECT_EQ(text(), "-44\u02DA");
+        EXPECT_EQ(value(), -44);
+    }
 }
 
 TEST_F(Fields, RefusedValueChangesTheArrowsOnly) {

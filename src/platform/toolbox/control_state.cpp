@@ -8,6 +8,7 @@
 #include <QSpinBox>
 #include <unordered_map>
 
+#include "toolbox/color_well.h"
 #include "toolbox/event_way.h"
 #include "toolbox/menu_button.h"
 #include "toolbox/menu_model.h"
@@ -30,6 +31,8 @@ void ReportUserChanges(QWidget& widget) {
         QObject::connect(popup, &QComboBox::activated, popup, report);
     } else if (qobject_cast<MenuButton*>(&widget)) {
         return;  // its menu reports
+    } else if (auto* well = qobject_cast<ColorWell*>(&widget)) {
+        QObject::connect(well, &ColorWell::colorChosen, well, report);
     } else if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
         QObject::connect(button, &QAbstractButton::clicked, button, report);
     } else if (auto* spin = qobject_cast<QSpinBox*>(&widget)) {

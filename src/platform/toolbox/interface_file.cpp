@@ -11,6 +11,8 @@
 #include <QXmlStreamReader>
 #include <cstdio>
 
+#include "toolbox/angle_dial.h"
+#include "toolbox/color_well.h"
 #include "toolbox/control_state.h"
 #include "toolbox/date_time_field.h"
 #include "toolbox/menu_button.h"
@@ -68,6 +70,8 @@ constexpr struct {
     {"PictureControl", Make<PictureControl>},
     {"MenuButton", Make<MenuButton>},
     {"SpinArrows", Make<SpinArrows>},
+    {"ColorWell", Make<ColorWell>},
+    {"AngleDial", Make<AngleDial>},
     {"QLabel", MakeLabel},
     {"QSpinBox", MakeSpinBox},
     {"QLineEdit", Make<TextField>},
