@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
 #include <QSvgRenderer>
 #include <memory>
 
@@ -11,6 +12,7 @@
 
 struct OpaqueDrawing {
     QPainter& painter;
+    QPalette palette;  // of the drawn control
 };
 
 namespace toolbox {

@@ -3,7 +3,9 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QSvgRenderer>
+#include <algorithm>
 
+#include "toolbox/control_state.h"
 #include "toolbox/drawing.h"
 
 namespace toolbox {
@@ -72,6 +74,45 @@ std::shared_ptr<Picture> ReadRaster(QByteArray bytes) {
     return image.isNull() ? nullptr : std::make_shared<RasterPicture>(std::move(image));
 }
 
+QRect PlaceOf(const Rect& bounds) {
+    return {QPoint(bounds.left, bounds.top), QPoint(bounds.right - 1, bounds.bottom - 1)};
+}
+
+/// The pixels of what is drawn on, of which a place may take a fraction.
+class PixelGrid final {
+public:
+    explicit PixelGrid(const QPainter& painter)
+        : toPixels_(painter.deviceTransform()), toPlace_(toPixels_.inverted()) {}
+
+    /// The same number of them wherever it lies.
+    [[nodiscard]] QRect pixelsOf(const QRect& place) const {
+        const QRectF exact = toPixels_.mapRect(QRectF(place));
+        return {exact.topLeft().toPoint(), exact.size().toSize()};
+    }
+    [[nodiscard]] QRectF placeOf(const QRect& pixels) const {
+        return toPlace_.mapRect(QRectF(pixels));
+    }
+
+private:
+    QTransform toPixels_, toPlace_;
+};
+
+/// The painter's own scaling would skip pixels of a much larger picture.
+QImage ScaledTo(const QSize& size, const QImage& image) {
+    return image.size() == size
+               ? image
+               : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+/// Half way between text and ground, so that it stands out from either, in light and dark themes.
+QColor FrameColor(const QPalette& palette) {
+    const QColor text = palette.color(QPalette::WindowText),
+                 ground = palette.color(QPalette::Window);
+    return QColor::fromRgbF((text.redF() + ground.redF()) / 2,
+                            (text.greenF() + ground.greenF()) / 2,
+                            (text.blueF() + ground.blueF()) / 2);
+}
+
 }  // namespace
 
 void DrawToFit(QPainter& painter, Picture& picture, const QRectF& bounds) {
@@ -112,8 +153,38 @@ void GetPictureSize(PictureRef picture, SInt32* width, SInt32* height) {
 }
 
 OSStatus DrawPictureInRect(DrawingRef drawing, PictureRef picture, const Rect& bounds) {
-    const QRect place(QPoint(bounds.left, bounds.top), QPoint(bounds.right - 1, bounds.bottom - 1));
+    const QRect place = PlaceOf(bounds);
     if (!drawing || !picture || place.isEmpty()) return paramErr;
     DrawToFit(drawing->painter, *picture->picture, place);
     return noErr;
+}
+
+OSStatus DrawImageInRect(DrawingRef drawing, CGImageRef image, const Rect& bounds) {
+    const CGImagePixels lent = CGImageGetPixels(image);
+    const QRect place = PlaceOf(bounds);
+    if (!drawing || !lent.bytes || place.isEmpty()) return paramErr;
+    const QImage whole(lent.bytes, static_cast<int>(lent.width), static_cast<int>(lent.height),
+                       static_cast<qsizetype>(lent.bytesPerRow),
+                       QImage::Format_ARGB32_Premultiplied);
+    const PixelGrid grid(drawing->painter);
+    const QRect pixels = grid.pixelsOf(place);
+    drawing->painter.drawImage(grid.placeOf(pixels), ScaledTo(pixels.size(), whole));
+    return noErr;
+}
+
+OSStatus FrameRect(DrawingRef drawing, const Rect& bounds) {
+    const QRect place = PlaceOf(bounds);
+    if (!drawing || place.isEmpty()) return paramErr;
+    const PixelGrid grid(drawing->painter);
+    const QRect outside = grid.pixelsOf(place);
+    const int line = std::max(1, grid.pixelsOf({0, 0, 1, 1}).width());
+    for (const QRect& side : QRegion(outside) - outside.adjusted(line, line, -line, -line)) {
+        drawing->painter.fillRect(grid.placeOf(side), FrameColor(drawing->palette));
+    }
+    return noErr;
+}
+
+double GetControlScale(ControlRef control) {
+    QWidget* const widget = ToWidget(control);
+    return widget ? widget->devicePixelRatioF() : 1;
 }

@@ -16,9 +16,10 @@ void GetPictureSize(PictureRef picture, SInt32* width, SInt32* height);
 /// kept, centred.
 OSStatus DrawPictureInRect(DrawingRef drawing, PictureRef picture, const Rect& bounds);
 
-/// Fills `bounds` with the image's pixels.
+/// Fills `bounds` with the image's pixels: each one sharp when they are the sides of `bounds` times
+/// the control's scale, rounded, and smoothed otherwise.
 OSStatus DrawImageInRect(DrawingRef drawing, CGImageRef image, const Rect& bounds);
-/// A line around `bounds`, just inside, in the colour of the theme's frames.
+/// A line around `bounds`, just inside, that is seen on white and on the theme's ground.
 OSStatus FrameRect(DrawingRef drawing, const Rect& bounds);
 /// How many pixels of its screen make one pixel of the control; 1 for null.
 [[nodiscard]] double GetControlScale(ControlRef control);
