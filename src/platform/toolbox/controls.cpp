@@ -34,6 +34,18 @@ bool IsActiveByItself(const QWidget& widget) {
     return !state || state->active;
 }
 
+Qt::CursorShape CursorOf(PointerShape shape) {
+    switch (shape) {
+        case PointerShape::openHand:
+            return Qt::OpenHandCursor;
+        case PointerShape::closedHand:
+            return Qt::ClosedHandCursor;
+        case PointerShape::arrow:
+            break;
+    }
+    return Qt::ArrowCursor;
+}
+
 }  // namespace
 
 OSStatus GetControlByID(WindowRef window, ControlID id, ControlRef* control) {
@@ -157,6 +169,10 @@ void SetKeyboardFocus(ControlRef control) {
 
 void SetControlNeedsDisplay(ControlRef control) {
     if (QWidget* const widget = ToWidget(control)) widget->update();
+}
+
+void SetControlPointer(ControlRef control, PointerShape shape) {
+    if (QWidget* const widget = ToWidget(control)) widget->setCursor(CursorOf(shape));
 }
 
 void SimulateControlHit(ControlRef control) {

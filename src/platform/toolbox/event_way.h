@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QPersistentModelIndex>
+#include <QPoint>
 #include <functional>
+#include <optional>
 
 #include "toolbox/control_state.h"
 
@@ -15,6 +17,7 @@ struct OpaqueEvent {
     QPersistentModelIndex menuItem{};  // where the command was chosen
     CFStringRef text = nullptr;        // of a text input; lives as long as the event
     bool hasFocus = false;             // of a focus event
+    std::optional<QPoint> mousePlace{};
     /// Runs once, at the end of the way; the answer is then noErr.
     std::function<void()> standard = nullptr;
 };

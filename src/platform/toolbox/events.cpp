@@ -166,6 +166,13 @@ Boolean GetEventMenuItem(EventRef event, MenuRef* menu, UInt16* item) {
     return true;
 }
 
+Boolean GetEventMousePlace(EventRef event, SInt32* x, SInt32* y) {
+    if (!event || !event->mousePlace) return false;
+    if (x) *x = event->mousePlace->x();
+    if (y) *y = event->mousePlace->y();
+    return true;
+}
+
 OSStatus SendCommandFromControl(ControlRef control, UInt32 command) {
     QWidget* const start = ToWidget(control);
     if (!start) return paramErr;

@@ -29,7 +29,8 @@ inline constexpr UInt32 kEventControlSetFocusPart = 7;
 inline constexpr UInt32 kEventClassTextInput = 'tins';
 inline constexpr UInt32 kEventTextInput = 2;
 /// Only from picture controls, for the left button: pressed on it, moved while held (also beyond
-/// its edges), let go. A press that nobody wants is followed by neither of the others.
+/// its edges), let go. A press that nobody wants is followed by neither of the others; one that is
+/// wanted is let go when the control is hidden or disabled or another window holds it up, too.
 inline constexpr UInt32 kEventClassMouse = 'mous';
 inline constexpr UInt32 kEventMouseDown = 1;
 inline constexpr UInt32 kEventMouseUp = 2;
