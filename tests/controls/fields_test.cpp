@@ -107,14 +107,16 @@ TEST_F(Fields, StepsEndAtTheBoundWithABeep) {
 }
 
 TEST_F(Fields, SliderAndFieldFollowEachOther) {
-    for (const char* const slider : {"QSlider", "AngleDial"}) {
+    for (const auto& [slider, beyond] : {std::pair{"QSlider", 180}, {"AngleDial", -170}}) {
         SCOPED_TRACE(slider);
         open({.minimum = -180, .maximum = 180, .sign = Sign::angle}, slider);
-        QTest::keyClicks(&field(), "-45");
-        EXPECT_EQ(interface->widget<QAbstractSlider>(kSlider)->value(), -45);
-        QTest::keyClick(interface->widget(kSlider), Qt::Key_Right);
-        EXPECT_EQ(text(), "-44\u02DA");
-        EXPECT_EQ(value(), -44);
+        auto& control = *interface->widget<QAbstractSlider>(kSlider);
+        control.setPageStep(15);
+        QTest::keyClicks(&field(), "175");
+        EXPECT_EQ(control.value(), 175);
+        QTest::keyClick(&control, Qt::Key_PageUp);
+        EXPECT_EQ(text(), std::to_string(beyond) + "\u02DA");
+        EXPECT_EQ(value(), beyond);
     }
 }
 

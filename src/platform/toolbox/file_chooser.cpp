@@ -63,7 +63,7 @@ CFURLRef ChooseFile(WindowRef owner, const FileChooserSetup& setup) {
     dialog->setSupportedSchemes({QStringLiteral("file")});
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setNameFilters(Filters(setup));
-    BeginAt(*dialog.operator->(), ToQString(setup.startPath));
+    BeginAt(*dialog, ToQString(setup.startPath));
     if (!dialog.run() || dialog->selectedFiles().isEmpty()) return nullptr;
     const auto path = Owned<CFStringRef>::Adopt(CreateString(dialog->selectedFiles().constFirst()));
     return CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, false);

@@ -21,6 +21,7 @@ public:
     DialogOver& operator=(const DialogOver&) = delete;
 
     Dialog* operator->() const { return dialog_; }
+    Dialog& operator*() const { return *dialog_; }
     [[nodiscard]] bool run() { return RunDialog(*dialog_); }
 
 private:
