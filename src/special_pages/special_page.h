@@ -1,9 +1,10 @@
-// Pages of a job that differ from the others: covers so far.
+// Pages of a job that differ from the others: covers, inserts, exceptions.
 #pragma once
 
 #include <memory>
 
 #include "paper_output/stock/stock.h"
+#include "special_pages/image_shift.h"
 
 namespace kalmo {
 
@@ -46,6 +47,47 @@ public:
 
 private:
     SInt32 sidesImaged_ = 1;
+};
+
+/// Sheets behind the page that it starts at; 0: before page 1.
+class Insert final : public SpecialPage {
+public:
+    Insert() = default;
+    explicit Insert(CFDictionaryRef dictionary);
+
+    [[nodiscard]] CFMutableDictionaryRef asTicket() const override;
+    [[nodiscard]] Insert* clone() const override;
+    [[nodiscard]] SInt32 quantity() const { return quantity_; }
+    void setQuantity(SInt32 quantity) { quantity_ = quantity; }
+
+private:
+    SInt32 quantity_ = 1;
+};
+
+/// A range of pages, both ends included, printed in a way of its own.
+class ExceptionPage final : public SpecialPage {
+public:
+    ExceptionPage();
+    /// A halftone screen is not read back (kept as it is: only its maker knows it).
+    explicit ExceptionPage(CFDictionaryRef dictionary);
+
+    [[nodiscard]] CFMutableDictionaryRef asTicket() const override;
+    [[nodiscard]] ExceptionPage* clone() const override;
+    [[nodiscard]] SInt32 endPage() const { return endPage_; }
+    void setEndPage(SInt32 page) { endPage_ = page; }
+    /// A value of PlexMap, or kUnset.
+    [[nodiscard]] SInt32 plex() const { return plex_; }
+    void setPlex(SInt32 plex) { plex_ = plex; }
+    [[nodiscard]] _IS_Options& imageShift() { return imageShift_; }
+    [[nodiscard]] const _IS_Options& imageShift() const { return imageShift_; }
+    /// -5 to 5, or kUnset.
+    [[nodiscard]] SInt32 lightenDarken() const { return lightenDarken_; }
+    void setLightenDarken(SInt32 value) { lightenDarken_ = value; }
+
+private:
+    SInt32 endPage_ = 0, plex_ = kUnset;
+    _IS_Options imageShift_;
+    SInt32 halftoneScreen_ = kUnset, lightenDarken_ = kUnset;
 };
 
 }  // namespace kalmo

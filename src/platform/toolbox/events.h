@@ -28,6 +28,10 @@ inline constexpr UInt32 kEventControlSetFocusPart = 7;
 /// window's default button), also at the end of CallNextEventHandler, which then answers noErr.
 inline constexpr UInt32 kEventClassTextInput = 'tins';
 inline constexpr UInt32 kEventTextInput = 2;
+/// A key that goes down in a field of several lines, a combo box or a list, before they see it: the
+/// standard behaviour is theirs (Tab moves the focus), also at the end of CallNextEventHandler.
+inline constexpr UInt32 kEventClassKeyboard = 'keyb';
+inline constexpr UInt32 kEventRawKeyDown = 1;
 /// Only from picture controls, for the left button: pressed on it, moved while held (also beyond
 /// its edges), let go. A press that nobody wants is followed by neither of the others; one that is
 /// wanted is let go when the control is hidden or disabled or another window holds it up, too.
@@ -72,6 +76,11 @@ Boolean GetEventMenuItem(EventRef event, MenuRef* menu, UInt16* item);
 [[nodiscard]] UInt32 GetEventTextByteSize(EventRef event);
 /// Of a focus event: whether the field has the focus now.
 [[nodiscard]] Boolean GetEventHasFocus(EventRef event);
+/// Of a raw key: the character that it types, or its control character (Return 13, Enter 3,
+/// Backspace 8, Delete 127, Escape 27); 0 for others and other events.
+[[nodiscard]] UniChar GetEventKeyCharacter(EventRef event);
+/// Of a raw key: whether Ctrl (and neither Alt nor Meta) is held.
+[[nodiscard]] Boolean GetEventHasControlKey(EventRef event);
 /// Of a mouse event: pixels from the control's upper left corner. False otherwise.
 Boolean GetEventMousePlace(EventRef event, SInt32* x, SInt32* y);
 /// The drawing of a draw event, null otherwise; valid during the event.
