@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <cctype>
 #include <map>
 
@@ -27,6 +28,7 @@ bool IsControl(const QWidget& widget) {
            qobject_cast<const QComboBox*>(&widget) ||
            qobject_cast<const QAbstractSpinBox*>(&widget) ||
            qobject_cast<const QLineEdit*>(&widget) ||
+           qobject_cast<const QPlainTextEdit*>(&widget) || widget.inherits("toolbox::ListView") ||
            (qobject_cast<const QAbstractSlider*>(&widget) && !widget.inherits("QScrollBar"));
 }
 

@@ -17,6 +17,8 @@ struct OpaqueEvent {
     QPersistentModelIndex menuItem{};  // where the command was chosen
     CFStringRef text = nullptr;        // of a text input; lives as long as the event
     bool hasFocus = false;             // of a focus event
+    UniChar keyCharacter = 0;          // of a raw key
+    bool hasControlKey = false;
     std::optional<QPoint> mousePlace{};
     /// Runs once, at the end of the way; the answer is then noErr.
     std::function<void()> standard = nullptr;

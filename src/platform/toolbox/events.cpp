@@ -157,6 +157,8 @@ UInt32 GetEventTextByteSize(EventRef event) {
     return text ? static_cast<UInt32>(CFStringGetLength(text) * CFIndex{sizeof(UniChar)}) : 0;
 }
 Boolean GetEventHasFocus(EventRef event) { return event && event->hasFocus; }
+UniChar GetEventKeyCharacter(EventRef event) { return event ? event->keyCharacter : UniChar{0}; }
+Boolean GetEventHasControlKey(EventRef event) { return event && event->hasControlKey; }
 DrawingRef GetEventDrawing(EventRef event) { return event ? event->drawing : nullptr; }
 
 Boolean GetEventMenuItem(EventRef event, MenuRef* menu, UInt16* item) {

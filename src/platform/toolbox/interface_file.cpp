@@ -15,6 +15,7 @@
 #include "toolbox/color_well.h"
 #include "toolbox/control_state.h"
 #include "toolbox/date_time_field.h"
+#include "toolbox/list_widget.h"
 #include "toolbox/menu_button.h"
 #include "toolbox/picture_control.h"
 #include "toolbox/popup_button.h"
@@ -75,6 +76,7 @@ constexpr struct {
     {"QLabel", MakeLabel},
     {"QSpinBox", MakeSpinBox},
     {"QLineEdit", Make<TextField>},
+    {"ListView", Make<ListView>},
     {"QDateTimeEdit", MakeDateTimeField<QDateTimeEdit>},
     {"QDateEdit", MakeDateTimeField<QDateEdit>},
     {"QTimeEdit", MakeDateTimeField<QTimeEdit>},
