@@ -8,6 +8,28 @@
 
 namespace kalmo {
 
+/// Tells the list that holds a page that the page's place may be another now. A copy of a page
+/// stands in no list.
+class PlaceMark final {
+public:
+    PlaceMark() = default;
+    PlaceMark(const PlaceMark&) {}
+    PlaceMark& operator=(const PlaceMark&) {
+        moved();
+        return *this;
+    }
+    ~PlaceMark() = default;
+
+    /// `isOrdered` lives as long as the page.
+    void watch(bool* isOrdered) { isOrdered_ = isOrdered; }
+    void moved() {
+        if (isOrdered_) *isOrdered_ = false;
+    }
+
+private:
+    bool* isOrdered_ = nullptr;
+};
+
 /// A page with a paper of its own. Ticket form: "StartPage" and "Stock".
 class SpecialPage {
 public:
@@ -23,11 +45,19 @@ public:
     [[nodiscard]] virtual SpecialPage* clone() const = 0;
 
     [[nodiscard]] SInt32 startPage() const { return startPage_; }
-    void setStartPage(SInt32 page) { startPage_ = page; }
+    void setStartPage(SInt32 page) {
+        startPage_ = page;
+        mark_.moved();
+    }
     [[nodiscard]] Stock& stock() { return stock_; }
     [[nodiscard]] const Stock& stock() const { return stock_; }
 
+protected:
+    PlaceMark mark_;
+
 private:
+    friend class SpecialPageList;
+
     SInt32 startPage_ = 0;
     Stock stock_;
 };
@@ -68,13 +98,17 @@ private:
 class ExceptionPage final : public SpecialPage {
 public:
     ExceptionPage();
-    /// A halftone screen is not read back (kept as it is: only its maker knows it).
+    /// A halftone screen is not read back (kept as it is: only its maker knows it), so a page that
+    /// comes from a ticket has none.
     explicit ExceptionPage(CFDictionaryRef dictionary);
 
     [[nodiscard]] CFMutableDictionaryRef asTicket() const override;
     [[nodiscard]] ExceptionPage* clone() const override;
     [[nodiscard]] SInt32 endPage() const { return endPage_; }
-    void setEndPage(SInt32 page) { endPage_ = page; }
+    void setEndPage(SInt32 page) {
+        endPage_ = page;
+        mark_.moved();
+    }
     /// A value of PlexMap, or kUnset.
     [[nodiscard]] SInt32 plex() const { return plex_; }
     void setPlex(SInt32 plex) { plex_ = plex; }

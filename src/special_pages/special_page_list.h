@@ -1,7 +1,8 @@
 // The ordered lists of inserts and of exceptions.
 //
 // A list owns its pages. What is added is cloned, so that the caller keeps its own; a page of a
-// list is told from others by its identity.
+// list is told from others by its identity. Who changes the start or the end of a page in a list
+// takes its order away: from then on places are found by walking the list.
 #pragma once
 
 #include <memory>
@@ -21,7 +22,8 @@ public:
     [[nodiscard]] virtual SpecialPage* pageAtIndex(CFIndex index) const;
     /// -1 when it is not in the list.
     [[nodiscard]] virtual CFIndex indexOfPage(const SpecialPage* page) const;
-    /// Clones of the pages in the array (addresses of SpecialPage, no retain callbacks). 0.
+    /// Clones of the pages in the array (addresses of SpecialPage, no retain callbacks); pages of
+    /// another kind than the list's are passed over. 0.
     virtual OSStatus add(CFArrayRef pages) = 0;
     /// The caller owns it.
     [[nodiscard]] virtual SpecialPageList* clone() const = 0;
@@ -40,7 +42,11 @@ protected:
     SpecialPageList() = default;
     SpecialPageList(const SpecialPageList&) = delete;
 
+    void insertAt(std::size_t position, std::unique_ptr<SpecialPage> page);
+
     std::vector<std::unique_ptr<SpecialPage>> pages_;
+    /// Whether a place can be found by halving; each list says what that takes.
+    bool isOrdered_ = true;
 };
 
 /// Ordered by start page, those of one page as they were added, until the user moves one.
@@ -58,9 +64,13 @@ public:
     void promote(const Insert* insert);
     [[nodiscard]] bool canDemote(const Insert* insert) const;
     void demote(const Insert* insert);
+
+private:
+    void swapWithNext(CFIndex index);
 };
 
-/// Sorted ranges without overlap: what is added takes its pages from those before.
+/// Sorted ranges without overlap: what is added takes its pages from those before. A range whose
+/// end lies before its start takes none from others.
 class ExceptionPageList final : public SpecialPageList {
 public:
     ExceptionPageList() = default;
@@ -69,6 +79,15 @@ public:
     [[nodiscard]] ExceptionPage* pageAtIndex(CFIndex index) const override;
     OSStatus add(CFArrayRef pages) override;
     [[nodiscard]] ExceptionPageList* clone() const override;
+
+private:
+    [[nodiscard]] ExceptionPage& at(std::size_t index) const;
+    [[nodiscard]] bool isSortedAndDisjoint() const;
+    [[nodiscard]] std::size_t firstThatEndsAtOrBehind(SInt32 page) const;
+    [[nodiscard]] std::size_t endOfCovered(const ExceptionPage& added, std::size_t first) const;
+    void cutOut(std::size_t index, const ExceptionPage& added);
+    [[nodiscard]] std::size_t makeRoom(const ExceptionPage& added);
+    void place(std::unique_ptr<ExceptionPage> added);
 };
 
 /// For add and update, from records on the caller's stack.

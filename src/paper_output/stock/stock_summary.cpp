@@ -36,12 +36,6 @@ TypeWordsRow WordsOf(SInt32 type) {
     return row == std::end(kTypeWords) ? TypeWordsRow{type, Words::printer, false} : *row;
 }
 
-/// Null for a choice that the printer does not have.
-Owned<CFStringRef> PrinterText(CFStringRef keyword, SInt32 value) {
-    const CFStringRef choice = PPDChoiceForTicketValue(keyword, value);
-    return Owned<CFStringRef>::Adopt(PPDCopyChoiceText(PPDGetCurrent(), keyword, choice));
-}
-
 /// A length of tenths of a millimetre in the user's unit.
 Owned<CFStringRef> LengthText(SInt32 tenths, bool metric) {
     return Owned<CFStringRef>::Adopt(metric ? CFLocaleCreateStringFromNumber(tenths / 10.0, 0, 1)
@@ -49,7 +43,7 @@ Owned<CFStringRef> LengthText(SInt32 tenths, bool metric) {
 }
 
 Owned<CFStringRef> SizeText(CFBundleRef bundle, const Stock& stock) {
-    auto text = PrinterText(CFSTR("PageSize"), stock.size());
+    auto text = CopyPrinterText(CFSTR("PageSize"), stock.size());
     if (!text || stock.width() == kUnset || stock.length() == kUnset) return text;
     const bool metric = CFLocaleUsesMetricSystem();
     const auto format = CopyText(
@@ -57,11 +51,6 @@ Owned<CFStringRef> SizeText(CFBundleRef bundle, const Stock& stock) {
     return Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
         kCFAllocatorDefault, format.get(), text.get(), LengthText(stock.width(), metric).get(),
         LengthText(stock.length(), metric).get()));
-}
-
-Owned<CFStringRef> ColorText(const Stock& stock) {
-    if (stock.color() == kStockColorCustom) return Owned<CFStringRef>::Retain(stock.customColor());
-    return PrinterText(CFSTR("MediaColor"), stock.color());
 }
 
 Owned<CFStringRef> UncountedTypeText(CFBundleRef bundle, const Stock& stock, Words words) {
@@ -73,21 +62,8 @@ Owned<CFStringRef> UncountedTypeText(CFBundleRef bundle, const Stock& stock, Wor
         case Words::printer:
             break;
     }
-    return PrinterText(CFSTR("MediaType"), stock.type());
+    return CopyPrinterText(CFSTR("MediaType"), stock.type());
 }
-
-Owned<CFStringRef> TypeText(CFBundleRef bundle, const Stock& stock) {
-    const TypeWordsRow row = WordsOf(stock.type());
-    auto text = UncountedTypeText(bundle, stock, row.words);
-    const SInt32 modulus = stock.modulus();
-    if (!row.isCounted || modulus <= 0 || CFStringGetLength(text) == 0) return text;
-    const auto number = CreateNumber(modulus);
-    return Owned<CFStringRef>::Adopt(
-        CFStringCreateWithFormat(kCFAllocatorDefault, CFSTR("%@ (%d)"), text.get(), number.get()));
-}
-
-/// A ticket may hold any text; the summary stays one.
-constexpr CFIndex kLongestLine = 120;
 
 /// Collects what is said, line by line.
 class Lines final {
@@ -97,21 +73,20 @@ public:
     /// Nothing without a text; without a label the text alone.
     void add(CFStringRef labelKey, CFStringRef text) {
         if (CFStringGetLength(text) == 0) return;
-        const auto shown = CopyShortened(text, kLongestLine);
-        if (!labelKey) return CFArrayAppendValue(lines_, shown);
+        const auto shown = CopyShortened(text, kLongestStockText);
+        if (!labelKey) return lines_.add(shown);
         const auto label = CopyText(bundle_, labelKey);
         const auto line = Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
             kCFAllocatorDefault, CFSTR("%@: %@"), label.get(), shown.get()));
-        CFArrayAppendValue(lines_, line.get());
+        lines_.add(line);
     }
     [[nodiscard]] CFStringRef joined(CFStringRef separator) const {
-        return CFStringCreateByCombiningStrings(kCFAllocatorDefault, lines_, separator);
+        return lines_.joined(separator);
     }
 
 private:
     CFBundleRef bundle_;
-    Owned<CFMutableArrayRef> lines_ = Owned<CFMutableArrayRef>::Adopt(
-        CFArrayCreateMutable(kCFAllocatorDefault, 0, &kCFTypeArrayCallBacks));
+    TextParts lines_;
 };
 
 struct NameRow {
@@ -159,6 +134,28 @@ Owned<CFStringRef> CopyInserterName(CFBundleRef bundle) {
     return name ? name : CopyText(bundle, kInserterFeature);
 }
 
+Owned<CFStringRef> CopyPrinterText(CFStringRef keyword, SInt32 value) {
+    const CFStringRef choice = PPDChoiceForTicketValue(keyword, value);
+    return Owned<CFStringRef>::Adopt(PPDCopyChoiceText(PPDGetCurrent(), keyword, choice));
+}
+
+Owned<CFStringRef> CopyStockColorText(const Stock& stock) {
+    if (stock.color() == kStockColorCustom) return Owned<CFStringRef>::Retain(stock.customColor());
+    return CopyPrinterText(CFSTR("MediaColor"), stock.color());
+}
+
+Owned<CFStringRef> CopyStockTypeText(CFBundleRef bundle, const Stock& stock, MissingCount missing) {
+    const TypeWordsRow row = WordsOf(stock.type());
+    auto text = UncountedTypeText(bundle, stock, row.words);
+    const SInt32 modulus = stock.modulus();
+    const bool isShown =
+        modulus > 0 || (missing == MissingCount::shown && row.words != Words::printer);
+    if (!row.isCounted || !isShown || CFStringGetLength(text) == 0) return text;
+    const auto number = CreateNumber(modulus);
+    return Owned<CFStringRef>::Adopt(
+        CFStringCreateWithFormat(kCFAllocatorDefault, CFSTR("%@ (%d)"), text.get(), number.get()));
+}
+
 CFStringRef GenerateStockSummary(CFBundleRef bundle, JobContext context, const Stock& stock,
                                  CFStringRef separator) {
     const bool isJob = context == JobContext::job;
@@ -166,8 +163,10 @@ CFStringRef GenerateStockSummary(CFBundleRef bundle, JobContext context, const S
     Lines lines(bundle);
     lines.add(CFSTR("StockName"), stock.customName());
     lines.add(nullptr, SizeText(bundle, stock));
-    if (!isInserted) lines.add(isJob ? CFSTR("MediaColor") : CFSTR("StockColor"), ColorText(stock));
-    lines.add(isJob ? CFSTR("MediaType") : CFSTR("StockType"), TypeText(bundle, stock));
+    if (!isInserted)
+        lines.add(isJob ? CFSTR("MediaColor") : CFSTR("StockColor"), CopyStockColorText(stock));
+    lines.add(isJob ? CFSTR("MediaType") : CFSTR("StockType"),
+              CopyStockTypeText(bundle, stock, MissingCount::leftOut));
     if (isInserted) lines.add(nullptr, CopyInserterName(bundle));
     return lines.joined(separator);
 }

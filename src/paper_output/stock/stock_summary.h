@@ -15,6 +15,17 @@ namespace kalmo {
 
 /// The inserter's name on this printer, else the general one. Never null.
 [[nodiscard]] Owned<CFStringRef> CopyInserterName(CFBundleRef bundle);
+/// The printer's words for a value of that keyword; null for a choice that it does not have.
+[[nodiscard]] Owned<CFStringRef> CopyPrinterText(CFStringRef keyword, SInt32 value);
+/// Null or empty when none is set.
+[[nodiscard]] Owned<CFStringRef> CopyStockColorText(const Stock& stock);
+/// What becomes of the number of tabs when a tab stock with words of its own has none.
+enum class MissingCount { leftOut, shown };
+/// Null or empty when none is set.
+[[nodiscard]] Owned<CFStringRef> CopyStockTypeText(CFBundleRef bundle, const Stock& stock,
+                                                   MissingCount missing);
+/// A ticket may hold any text; a summary cuts each of them here.
+inline constexpr CFIndex kLongestStockText = 120;
 /// Lines joined by `separator`; empty when nothing is set. The caller releases it.
 [[nodiscard]] CFStringRef GenerateStockSummary(CFBundleRef bundle, JobContext context,
                                                const Stock& stock, CFStringRef separator);

@@ -1,5 +1,6 @@
 #include "foundation/character_set.h"
 
+#include <unicode/uchar.h>
 #include <unicode/uniset.h>
 
 #include "foundation/string_private.h"
@@ -70,6 +71,8 @@ CFCharacterSetRef CFCharacterSetCreateWithCharactersInString(CFAllocatorRef,
 Boolean CFCharacterSetIsCharacterMember(CFCharacterSetRef set, UniChar character) {
     return set && set->set.contains(UChar32{character});
 }
+
+SInt32 CFCharacterGetDigitValue(UniChar character) { return u_charDigitValue(UChar32{character}); }
 
 Boolean CFCharacterSetContainsText(CFCharacterSetRef set, CFStringRef text) {
     return set && text && set->set.containsAll(Shared(text));

@@ -20,6 +20,8 @@ enum CFCharacterSetPredefinedSet : CFIndex {
                                                                            CFStringRef characters);
 /// False for null.
 [[nodiscard]] Boolean CFCharacterSetIsCharacterMember(CFCharacterSetRef set, UniChar character);
+/// 0 to 9 for a decimal digit of any script, else -1.
+[[nodiscard]] SInt32 CFCharacterGetDigitValue(UniChar character);
 /// Whether every character of the text lies in the set; true for an empty text.
 [[nodiscard]] Boolean CFCharacterSetContainsText(CFCharacterSetRef set, CFStringRef text);
 

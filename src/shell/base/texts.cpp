@@ -51,4 +51,12 @@ Owned<CFStringRef> CopyShortened(CFStringRef text, CFIndex most) {
         kCFAllocatorDefault, line.data(), static_cast<CFIndex>(line.size())));
 }
 
+void TextParts::add(CFStringRef text) {
+    if (text && CFStringGetLength(text) > 0) CFArrayAppendValue(parts_, text);
+}
+
+CFStringRef TextParts::joined(CFStringRef separator) const {
+    return CFStringCreateByCombiningStrings(kCFAllocatorDefault, parts_, separator);
+}
+
 }  // namespace kalmo

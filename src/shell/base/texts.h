@@ -20,4 +20,16 @@ inline constexpr char kStringNotFound[] = "STRING NOT FOUND";
 /// blanks for control characters and for marks that turn the direction of writing. Never null.
 [[nodiscard]] Owned<CFStringRef> CopyShortened(CFStringRef text, CFIndex most);
 
+/// Texts that are said one after another; those that are empty or null are left out.
+class TextParts final {
+public:
+    void add(CFStringRef text);
+    /// The caller releases it.
+    [[nodiscard]] CFStringRef joined(CFStringRef separator) const;
+
+private:
+    Owned<CFMutableArrayRef> parts_ = Owned<CFMutableArrayRef>::Adopt(
+        CFArrayCreateMutable(kCFAllocatorDefault, 0, &kCFTypeArrayCallBacks));
+};
+
 }  // namespace kalmo

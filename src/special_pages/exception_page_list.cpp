@@ -1,0 +1,103 @@
+#include <algorithm>
+
+#include "special_pages/added_pages.h"
+
+namespace kalmo {
+namespace {
+
+bool HasPages(const ExceptionPage& range) { return range.startPage() <= range.endPage(); }
+
+SInt32 EndOf(const std::unique_ptr<SpecialPage>& page) {
+    return static_cast<const ExceptionPage&>(*page).endPage();
+}
+
+/// Whether nothing is left of `old`.
+bool Covers(const ExceptionPage& added, const ExceptionPage& old) {
+    return added.startPage() <= std::min(old.startPage(), old.endPage()) &&
+           added.endPage() >= std::max(old.startPage(), old.endPage());
+}
+
+}  // namespace
+
+ExceptionPageList::ExceptionPageList(const ExceptionPageList& other) : SpecialPageList() {
+    add(PagesOf(other));
+}
+
+ExceptionPage* ExceptionPageList::pageAtIndex(CFIndex index) const {
+    return dynamic_cast<ExceptionPage*>(SpecialPageList::pageAtIndex(index));
+}
+
+OSStatus ExceptionPageList::add(CFArrayRef pages) {
+    if (!isOrdered_) isOrdered_ = isSortedAndDisjoint();
+    for (auto& exception : ClonesOf<ExceptionPage>(pages)) place(std::move(exception));
+    return noErr;
+}
+
+ExceptionPageList* ExceptionPageList::clone() const { return new ExceptionPageList(*this); }
+
+ExceptionPage& ExceptionPageList::at(std::size_t index) const {
+    return static_cast<ExceptionPage&>(*pages_[index]);  // add lets no others in
+}
+
+bool ExceptionPageList::isSortedAndDisjoint() const {
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        if (!HasPages(at(i))) return false;
+        if (i > 0 && at(i).startPage() <= at(i - 1).endPage()) return false;
+    }
+    return true;
+}
+
+/// In an ordered list.
+std::size_t ExceptionPageList::firstThatEndsAtOrBehind(SInt32 page) const {
+    const auto found = std::ranges::lower_bound(pages_, page, {}, EndOf);
+    return static_cast<std::size_t>(found - pages_.begin());
+}
+
+std::size_t ExceptionPageList::endOfCovered(const ExceptionPage& added, std::size_t first) const {
+    while (first < pages_.size() && Covers(added, at(first))) ++first;
+    return first;
+}
+
+/// From a range that starts before `added`: what lies behind `added` becomes a range of its own.
+void ExceptionPageList::cutOut(std::size_t index, const ExceptionPage& added) {
+    ExceptionPage& old = at(index);
+    if (added.endPage() < old.endPage()) {
+        auto rest = std::unique_ptr<ExceptionPage>(old.clone());
+        rest->setStartPage(added.endPage() + 1);
+        insertAt(index + 1, std::move(rest));
+    }
+    old.setEndPage(added.startPage() - 1);
+}
+
+/// Takes the pages of `added` from the others; where it belongs.
+std::size_t ExceptionPageList::makeRoom(const ExceptionPage& added) {
+    std::size_t i = isOrdered_ ? firstThatEndsAtOrBehind(added.startPage()) : 0;
+    while (i < pages_.size()) {
+        ExceptionPage& old = at(i);
+        if (added.startPage() > old.endPage()) {
+            ++i;
+        } else if (added.startPage() > old.startPage()) {
+            if (HasPages(added)) cutOut(i, added);
+            ++i;
+        } else if (added.endPage() < old.startPage()) {
+            break;
+        } else if (added.endPage() < old.endPage()) {
+            old.setStartPage(added.endPage() + 1);
+            break;
+        } else {
+            const auto begin = pages_.begin();
+            const auto covered = endOfCovered(added, i);
+            pages_.erase(begin + static_cast<CFIndex>(i), begin + static_cast<CFIndex>(covered));
+        }
+    }
+    return i;
+}
+
+void ExceptionPageList::place(std::unique_ptr<ExceptionPage> added) {
+    const bool staysOrdered = isOrdered_ && HasPages(*added);
+    const std::size_t position = makeRoom(*added);
+    insertAt(position, std::move(added));
+    isOrdered_ = staysOrdered;
+}
+
+}  // namespace kalmo
