@@ -10,8 +10,9 @@
 namespace kalmo {
 namespace {
 
-/// Far beyond what a user types: a few thousand characters can name every page thousands of times.
-constexpr std::size_t kMostRecords = 10'000'000;
+/// Every page ten times over. A pasted text could name each of them thousands of times, and more
+/// than any memory holds.
+constexpr std::size_t kMostRecords = 1'000'000;
 
 /// What was read of the item that is being read.
 enum class Phase {

@@ -21,7 +21,7 @@ struct PageRange {
 
 /// "1, 3-5, 8-" in the order of the text, nothing sorted or joined: with `byRange` one record for
 /// each range, else one for each page. 0, one of the first three codes, or paramErr; `*ranges` is
-/// left alone but for 0.
+/// left alone but for 0. More than a million records are kInvalidPages.
 OSStatus CreatePageRangesBySeparatingString(CFStringRef text, bool byRange,
                                             std::vector<PageRange>* ranges);
 /// Shows the alert for a code; nothing for others.
