@@ -192,7 +192,7 @@ TEST(WatermarkDrawing, JobGetsOnlyWhatLiesOnItsPageAtMostAsFineAsPrinted) {
         const auto* const bytes = reinterpret_cast<const char*>(CFDataGetBytePtr(pdf));
         const std::string text(bytes, static_cast<std::size_t>(CFDataGetLength(pdf)));
         const int width = std::atoi(text.c_str() + text.find("/Width ") + 7);
-        EXPECT_NEAR(width, scale == 1 ? 167 : 20000 / scale, 4);
+        EXPECT_NEAR(width, scale == 1 ? 84 : 20000 / scale, 4);
     }
     SetText(*record, " \n");
     EXPECT_FALSE(CopyWatermarkDrawing(record.get(), kDefaultWatermarkPage));
