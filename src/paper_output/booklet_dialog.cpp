@@ -151,16 +151,9 @@ private:
 
     /// A number out of its range is put right where the user sees it.
     bool numbersAreRight() {
-        for (const SpinControlSetup& setup : kSpins) {
-            const ControlRef arrows = control(setup.arrows), field = control(setup.field);
-            SpinControlValidate(field);
-            if (SpinControlIsInputValid(arrows)) continue;
-            SysBeep();
-            SetSpinControlValue(arrows, GetControl32BitValue(arrows));
-            SetKeyboardFocus(field);
-            return false;
-        }
-        return true;
+        return std::ranges::all_of(kSpins, [this](const SpinControlSetup& setup) {
+            return SettleSpinControl(control(setup.arrows));
+        });
     }
 
     [[nodiscard]] SInt32 chosenFold() const { return GetPopupButtonTicketValue(control(kFoldID)); }
