@@ -101,10 +101,8 @@ private:
     }
 
     [[nodiscard]] Illustration illustration() const override {
-        const bool layout = isOn(kLayoutID);
-        const FoldRow& row = RowOf(chosenFold());
-        return {FinishingPicture(Finishing{.fold = row.fold, .punch = kNoFinishing}, layout),
-                layout ? row.layoutDescriptionKey : row.plainDescriptionKey};
+        const BookletState shown = BookletStateOf(chosenFold(), isOn(kLayoutID));
+        return {shown.picture, shown.descriptionKey};
     }
 
     /// What a ticket puts out of the range is held at its end.
@@ -166,6 +164,12 @@ private:
 
 SInt32 RunModalBookletDialog(CFBundleRef bundle, PPDRef ppd, BookletChoice* choice) {
     return BookletDialog(bundle, ppd, choice).run();
+}
+
+BookletState BookletStateOf(SInt32 fold, bool layout) {
+    const FoldRow& row = RowOf(fold);
+    return {FinishingPicture(Finishing{.fold = row.fold, .punch = kNoFinishing}, layout),
+            layout ? row.layoutDescriptionKey : row.plainDescriptionKey};
 }
 
 }  // namespace kalmo
