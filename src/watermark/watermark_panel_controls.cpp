@@ -67,6 +67,8 @@ Owned<CFStringRef> ChosenText(const Context& context) {
                 : CopyText(context.bundle, CFSTR("NoWatermark"));
 }
 
+Owned<CFStringRef> Nothing() { return Owned<CFStringRef>::Retain(CFSTR("")); }
+
 Owned<CFStringRef> OptionText(const Context& context, SInt32 value) {
     return CopyText(context.bundle, LocalizedKeyForTicketValue(WatermarkOptionsMap, value));
 }
@@ -82,8 +84,8 @@ Owned<CFStringRef> OptionsText(const Context& context) {
 }
 
 void Warn(const Context& context, OSStatus status) {
-    const auto text = status == noErr ? Owned<CFStringRef>::Retain(CFSTR(""))
-                                      : CopyText(context.bundle, CFSTR("WatermarkPictureMissing"));
+    const auto text =
+        status == noErr ? Nothing() : CopyText(context.bundle, CFSTR("WatermarkPictureMissing"));
     SetControlTitleWithCFString(context.controls.warning, text);
 }
 
@@ -95,6 +97,11 @@ void KeepDrawn(Context& context, const _WatermarkData& drawn, OSStatus status) {
     if (status != noErr || !drawn.textMode) return;
     context.choice.keepLayout(drawn);
     if (!context.isTheTickets) saveWatermarkData(kWatermarkStore, drawn, WatermarkSave::passing);
+}
+
+Owned<CFStringRef> BookletText(const Context& context, const BookletService& service) {
+    if (!service.state) return Nothing();
+    return CopyText(context.bundle, CFStringMakeConstant(service.state().descriptionKey));
 }
 
 void FindControls(Context& context) {
@@ -208,10 +215,7 @@ void ShowBooklet(Context& context) {
     const BookletService& service = InstalledBookletService();
     service.run ? EnableControl(context.controls.booklet)
                 : DisableControl(context.controls.booklet);
-    const auto words =
-        service.state
-            ? CopyText(context.bundle, CFStringMakeConstant(service.state().descriptionKey))
-            : Owned<CFStringRef>::Retain(CFSTR(""));
+    const auto words = BookletText(context, service);
     SetControlTitleWithCFString(context.controls.bookletState, words);
     SetControlAccessibleDescription(context.controls.bookletPicture, words);
     SetControlNeedsDisplay(context.controls.bookletPicture);

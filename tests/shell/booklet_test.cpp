@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QLabel>
 
-#include "settings/ticket_keys.h"
 #include "shell/product.h"
 #include "support/modal_driver.h"
 #include "system/presence.h"
@@ -16,7 +15,7 @@ namespace {
 
 bool BookletInTicket(const PaneDialog& dialog) {
     CFBooleanRef on = nullptr;
-    PMTicketGetCFBoolean(dialog.ticket, kBookletLayoutKey, &on);
+    PMTicketGetCFBoolean(dialog.ticket, CFSTR("com.kalmo.print.BookletLayout"), &on);
     return CFBooleanGetValue(on);
 }
 
