@@ -132,9 +132,9 @@ void DeleteWatermark(_BookletWatermarkContext& context) {
     if (context.choice.isNone()) return;
     const auto name = Owned<CFStringRef>::Retain(context.choice.name());
     const CFTypeRef arguments[] = {name.get()};
-    if (!AskWithKeys(context.bundle,
-                     {CFSTR("Delete Watermark Header"), CFSTR("Delete Watermark Message")},
-                     CFSTR("Delete Watermark Command"), CFSTR("Cancel Command"), arguments, 1))
+    const NoticeKeys keys{CFSTR("Delete Watermark Header"), CFSTR("Delete Watermark Message")};
+    if (!AskToDestroyWithKeys(context.bundle, keys, CFSTR("Cancel Command"),
+                              CFSTR("Delete Watermark Command"), arguments, 1))
         return;
     removeWatermarkData(kWatermarkStore, name);
     RemoveName(context.names, name);
