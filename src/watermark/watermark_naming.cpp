@@ -22,8 +22,8 @@ bool MayNameWatermark(CFBundleRef bundle, CFArrayRef taken, CFStringRef name) {
     }
     if (!taken || !CFArrayContainsValue(taken, {0, CFArrayGetCount(taken)}, name)) return true;
     const NoticeKeys keys{CFSTR("WatermarkTakenHeader"), CFSTR("WatermarkTakenMessage")};
-    // Escape, and where nobody answers, leave the other watermark alone.
-    return AskWithKeys(bundle, keys, CFSTR("Replace"), CFSTR("Cancel Command"), arguments, 1);
+    return AskToDestroyWithKeys(bundle, keys, CFSTR("Cancel Command"), CFSTR("Replace"), arguments,
+                                1);
 }
 
 Owned<CFStringRef> CopyShownName(CFStringRef name) {
