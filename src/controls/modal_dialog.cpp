@@ -5,6 +5,7 @@
 #include "controls/input_limits.h"
 #include "controls/panel_layout.h"
 #include "controls/pictures.h"
+#include "controls/spin_control.h"
 #include "shell/base/help.h"
 #include "shell/base/panel_interface.h"
 #include "shell/base/texts.h"
@@ -17,6 +18,8 @@ constexpr EventTypeSpec kEvents[] = {
     {kEventClassCommand, kEventCommandProcess},   {kEventClassControl, kEventControlHit},
     {kEventClassControl, kEventControlDraw},      {kEventClassInputCheck, kEventInputEmpty},
     {kEventClassInputCheck, kEventInputTooShort}, {kEventClassInputCheck, kEventInputLongEnough},
+    {kEventClassSpin, kEventSpinChanged},         {kEventClassMouse, kEventMouseDown},
+    {kEventClassMouse, kEventMouseDragged},       {kEventClassMouse, kEventMouseUp},
 };
 
 }  // namespace
@@ -33,6 +36,7 @@ OSStatus ModalDialog::open() {
     OSStatus status = OpenNib(bundle_, source_.file, &nib);
     if (status == noErr) status = OpenNibWindow(nib, source_.window, &window_);
     if (status != noErr) return status;
+    if (source_.titleKey) SetWindowTitleWithCFString(window(), CopyText(bundle_, source_.titleKey));
     return InstallWindowEventHandler(window(), HandleEvent, std::size(kEvents), kEvents, this,
                                      &handler_);
 }
@@ -58,15 +62,20 @@ OSStatus ModalDialog::HandleEvent(EventHandlerCallRef, EventRef event, void* dia
 }
 
 OSStatus ModalDialog::handle(EventRef event) {
-    if (GetEventClass(event) == kEventClassCommand) return obey(GetEventCommand(event));
     const SInt32 id = IDOfHit(event);
-    if (GetEventClass(event) == kEventClassInputCheck) {
-        inputWasChecked(id, GetEventKind(event));
-        return noErr;
+    switch (GetEventClass(event)) {
+        case kEventClassCommand:
+            return obey(GetEventCommand(event));
+        case kEventClassInputCheck:
+            return inputWasChecked(id, GetEventKind(event)), noErr;
+        case kEventClassSpin:
+            return numberWasChanged(id), noErr;
+        case kEventClassMouse:
+            return mouseWasUsed(id, event);
+        default:
+            if (GetEventKind(event) == kEventControlDraw) return draw(id, event);
+            return controlWasHit(id), eventNotHandledErr;
     }
-    if (GetEventKind(event) == kEventControlDraw) return draw(event);
-    controlWasHit(id);
-    return eventNotHandledErr;
 }
 
 /// The standard behaviour of OK and Cancel ends the loop.
@@ -78,9 +87,9 @@ OSStatus ModalDialog::obey(UInt32 command) {
     return command == kCommandOK && !accept() ? noErr : eventNotHandledErr;
 }
 
-OSStatus ModalDialog::draw(EventRef event) const {
+OSStatus ModalDialog::draw(SInt32 id, EventRef event) {
     const Illustration shown = illustration();
-    if (shown.file.empty() || IDOfHit(event) != source_.picture) return eventNotHandledErr;
+    if (shown.file.empty() || id != source_.picture) return eventNotHandledErr;
     return DrawImage(event, Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(shown.file)));
 }
 

@@ -25,10 +25,12 @@ public:
     [[nodiscard]] SInt32 run();
 
 protected:
-    /// Lent names: the interface file, the window in it, the help page; 0: no picture.
+    /// Lent names: the interface file, the window in it, the help page; 0: no picture; the key of
+    /// the window's title, null: the interface file's own.
     struct Source {
         CFStringRef file, window, helpPage;
         SInt32 picture = 0;
+        CFStringRef titleKey = nullptr;
     };
     /// A picture file of the bundle, and the key of the words that say the same.
     struct Illustration {
@@ -57,6 +59,12 @@ protected:
     virtual void controlWasHit(SInt32 /*id*/) {}
     /// The text of a field with input limits was changed; `state` is an event of input_limits.h.
     virtual void inputWasChecked(SInt32 /*id*/, UInt32 /*state*/) {}
+    /// The user has changed a spin control: the arrows' id.
+    virtual void numberWasChanged(SInt32 /*arrows*/) {}
+    /// A mouse event of a picture control; eventNotHandledErr: it is not wanted.
+    virtual OSStatus mouseWasUsed(SInt32 /*id*/, EventRef /*event*/) { return eventNotHandledErr; }
+    /// Draws a picture control: the illustration, unless a dialog draws its own.
+    virtual OSStatus draw(SInt32 id, EventRef event);
     /// What the picture shows now.
     [[nodiscard]] virtual Illustration illustration() const { return {}; }
 
@@ -64,7 +72,6 @@ private:
     [[nodiscard]] OSStatus open();
     OSStatus handle(EventRef event);
     OSStatus obey(UInt32 command);
-    OSStatus draw(EventRef event) const;
     static OSStatus HandleEvent(EventHandlerCallRef next, EventRef event, void* dialog);
 
     CFBundleRef bundle_;  // lent

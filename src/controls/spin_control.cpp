@@ -101,6 +101,10 @@ void ShowInSlider(ControlRef arrows, SInt32 value) {
     SetControlNeedsDisplay(slider);
 }
 
+void TellChange(ControlRef arrows) {
+    SendEventToControl(arrows, kEventClassSpin, kEventSpinChanged);
+}
+
 void WriteBack(ControlRef arrows) { SetSpinControlValue(arrows, GetControl32BitValue(arrows)); }
 
 /// One step up (1) or down (-1), no further than the bounds; at the bound the text is shown anew.
@@ -112,6 +116,7 @@ void Step(ControlRef arrows, int direction) {
     if (direction > 0 ? value >= most : value <= least) SysBeep();
     const SInt64 next = std::clamp(value + SInt64{direction} * increment, least, most);
     SetSpinControlValue(arrows, static_cast<SInt32>(next));
+    TellChange(arrows);
 }
 
 /// The part of the arrows that a key stands for; 0 for any other text.
@@ -150,6 +155,7 @@ OSStatus TakeInput(EventHandlerCallRef next, EventRef event) {
     }
     const OSStatus status = CallNextEventHandler(next, event);
     SpinControlValidate(field);
+    TellChange(SpinControlGetRelatedArrows(field));
     return status;
 }
 
@@ -262,6 +268,22 @@ bool SpinControlIsInputValid(ControlRef arrows) {
     return valid;
 }
 
+bool SettleSpinControl(ControlRef arrows) {
+    const ControlRef field = RelatedControl(arrows, kSpinEditField);
+    SpinControlValidate(field);
+    if (SpinControlIsInputValid(arrows)) return true;
+    SysBeep();
+    WriteBack(arrows);
+    SetKeyboardFocus(field);
+    return false;
+}
+
+void SetSpinControlRange(ControlRef arrows, SInt32 minimum, SInt32 maximum, SInt32 decimals) {
+    SetControl32BitMinimum(arrows, minimum);
+    SetControl32BitMaximum(arrows, maximum);
+    SetNumberProperty(arrows, kSpinDecimals, decimals);
+}
+
 ControlRef SpinControlGetRelatedArrows(ControlRef control) {
     return RelatedControl(control, kSpinArrows);
 }
@@ -272,7 +294,9 @@ void SpinControlArrowsActionProc(ControlRef arrows, SInt16 part) {
 }
 
 void SpinSliderActionProc(ControlRef slider, SInt16) {
-    SetSpinControlValue(SpinControlGetRelatedArrows(slider), GetControl32BitValue(slider));
+    const ControlRef arrows = SpinControlGetRelatedArrows(slider);
+    SetSpinControlValue(arrows, GetControl32BitValue(slider));
+    TellChange(arrows);
 }
 
 OSStatus SpinControlEventHandler(EventHandlerCallRef next, EventRef event, void* arrows) {

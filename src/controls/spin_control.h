@@ -21,6 +21,11 @@ inline constexpr OSType kSpinRedraw = 'xdrw';        // id of a control drawn an
 inline constexpr OSType kSpinValid = 'vald';         // one byte: the text last typed was in range
 inline constexpr OSType kSpinArrows = 'arro';        // of field and slider: id of their arrows
 
+/// Sent to the arrows after the user typed in the field, pressed the arrows or moved the slider;
+/// the value may be what it was.
+inline constexpr UInt32 kEventClassSpin = kSpinCreator;
+inline constexpr UInt32 kEventSpinChanged = 'chng';
+
 /// What a dialog says about a spin control. Ids of one signature; 0: there is none.
 struct SpinControlSetup {
     SInt32 arrows = 0, field = 0, slider = 0, redraw = 0;
@@ -41,6 +46,12 @@ void SpinControlValidate(ControlRef field);
 /// Whether typed characters may enter: control characters only, or digits, separator and "-".
 [[nodiscard]] bool SpinControlValidateInput(const UniChar* characters, UInt32 byteSize);
 [[nodiscard]] bool SpinControlIsInputValid(ControlRef arrows);
+/// For a dialog that is about to close: whether the field's text is in range. If not, it beeps,
+/// puts the text right and moves the focus there, so that the user sees it.
+[[nodiscard]] bool SettleSpinControl(ControlRef arrows);
+/// The range of the arrows and how many of their digits are fraction; a value outside follows. The
+/// texts are those before until a value is set.
+void SetSpinControlRange(ControlRef arrows, SInt32 minimum, SInt32 maximum, SInt32 decimals);
 /// The arrows of a field or slider; null when it has none.
 [[nodiscard]] ControlRef SpinControlGetRelatedArrows(ControlRef control);
 

@@ -101,10 +101,8 @@ private:
     }
 
     [[nodiscard]] Illustration illustration() const override {
-        const bool layout = isOn(kLayoutID);
-        const FoldRow& row = RowOf(chosenFold());
-        return {FinishingPicture(Finishing{.fold = row.fold, .punch = kNoFinishing}, layout),
-                layout ? row.layoutDescriptionKey : row.plainDescriptionKey};
+        const BookletState shown = BookletStateOf(chosenFold(), isOn(kLayoutID));
+        return {shown.picture, shown.descriptionKey};
     }
 
     /// What a ticket puts out of the range is held at its end.
@@ -151,16 +149,9 @@ private:
 
     /// A number out of its range is put right where the user sees it.
     bool numbersAreRight() {
-        for (const SpinControlSetup& setup : kSpins) {
-            const ControlRef arrows = control(setup.arrows), field = control(setup.field);
-            SpinControlValidate(field);
-            if (SpinControlIsInputValid(arrows)) continue;
-            SysBeep();
-            SetSpinControlValue(arrows, GetControl32BitValue(arrows));
-            SetKeyboardFocus(field);
-            return false;
-        }
-        return true;
+        return std::ranges::all_of(kSpins, [this](const SpinControlSetup& setup) {
+            return SettleSpinControl(control(setup.arrows));
+        });
     }
 
     [[nodiscard]] SInt32 chosenFold() const { return GetPopupButtonTicketValue(control(kFoldID)); }
@@ -173,6 +164,12 @@ private:
 
 SInt32 RunModalBookletDialog(CFBundleRef bundle, PPDRef ppd, BookletChoice* choice) {
     return BookletDialog(bundle, ppd, choice).run();
+}
+
+BookletState BookletStateOf(SInt32 fold, bool layout) {
+    const FoldRow& row = RowOf(fold);
+    return {FinishingPicture(Finishing{.fold = row.fold, .punch = kNoFinishing}, layout),
+            layout ? row.layoutDescriptionKey : row.plainDescriptionKey};
 }
 
 }  // namespace kalmo

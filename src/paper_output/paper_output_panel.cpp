@@ -1,9 +1,11 @@
 #include "paper_output/paper_output_panel.h"
 
 #include "controls/panel_operations.h"
+#include "paper_output/booklet_dialog.h"
 #include "paper_output/job_setup.h"
 #include "paper_output/print_check.h"
 #include "shell/base/texts.h"
+#include "watermark/booklet_service.h"
 
 namespace kalmo {
 namespace {
@@ -63,11 +65,26 @@ void InstallCheck(_PaperOutputContext& context) {
     });
 }
 
+/// What the dialog changed is written at once, as above.
+void InstallBooklet(_PaperOutputContext& context) {
+    InstallBookletService({.run =
+                               [&context] {
+                                   RunBookletCommand(context);
+                                   WriteTicket(context, PrintSettingsOf(context));
+                               },
+                           .state =
+                               [&context] {
+                                   return BookletStateOf(context.record.finishing.fold,
+                                                         context.record.bookletIsOn());
+                               }});
+}
+
 void Initialize(_PaperOutputContext& context) {
     context.record.job.savedJobName = DocumentName(context);
     // Every dialog starts without a booklet, whatever the ticket says.
     WriteBookletLayout(PrintSettingsOf(context), false);
     InstallCheck(context);
+    InstallBooklet(context);
 }
 
 /// What Close took away is made again.
@@ -78,6 +95,7 @@ void OpenAgain(_PaperOutputContext& context) {
 
 void Finish(_PaperOutputContext& context) {
     InstallPrintCheckSource({});
+    InstallBookletService({});
     FinalizeStockMenuButton(context.controls.stockMenu, &context.stockMenu);
     RemoveEventHandler(context.handler);
     RemoveEventHandler(context.drawHandler);

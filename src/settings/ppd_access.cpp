@@ -159,6 +159,14 @@ std::optional<PPDCustomSizes> PPDGetCustomSizes(PPDRef ppd) {
     return sizes;
 }
 
+std::optional<PPDPaperSize> PPDGetPaperSize(PPDRef ppd, CFStringRef choice) {
+    if (!ppd || !choice) return std::nullopt;
+    const std::string name = InEncodingOf(ppd, choice);
+    for (const ppd_size_t& size : std::span(ppd->sizes, static_cast<std::size_t>(ppd->num_sizes)))
+        if (name == size.name) return PPDPaperSize{size.width, size.length};
+    return std::nullopt;
+}
+
 std::string PPDManufacturer(PPDRef ppd) {
     return ppd && ppd->manufacturer ? ppd->manufacturer : "";
 }

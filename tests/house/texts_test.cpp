@@ -31,7 +31,7 @@ std::string WithoutEntities(std::string text) {
 /// Key to the file that uses it.
 std::map<std::string, std::string> UsedKeys() {
     std::map<std::string, std::string> used;
-    const std::regex calls(R"((?:CopyText|CopyTextIfPresent|NoticeKeys)\b([^;]*);)");
+    const std::regex calls(R"((?:CopyText|CopyTextIfPresent|NoticeKeys|\w+WithKeys)\b([^;]*);)");
     const std::regex constants(R"re(CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
     const std::regex rows(R"re(\{\s*CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
     // Tables of pictures name what each of them says.

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "shell/product.h"
+#include "support/worker_wait.h"
 #include "system/presence.h"
 
 namespace kalmo::test {
@@ -101,6 +102,7 @@ TEST(Pane, ALaterDialogReadsItsOwnTicketAndNothingIsLeft) {
             FindControl(dialog.window, 'KPpo', 102) && FindControl(dialog.window, 'KPDE', 1301);
         EXPECT_TRUE(both) << "a panel did not open";
         dialog.terminate();
+        WaitForWorkers();
         EXPECT_TRUE(dialog.embedder->findChildren<QWidget*>().isEmpty());
         EXPECT_EQ(dialog.send('help'), eventNotHandledErr) << "a handler was left behind";
     };

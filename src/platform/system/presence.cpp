@@ -31,7 +31,7 @@ void WriteLine(CFStringRef header, CFStringRef message) {
 
 bool RefuseAlert(const AlertTexts& texts) {
     WriteLine(texts.header, texts.message);
-    return false;
+    return texts.alternateDestroys;
 }
 
 OSStatus NoHelpPage(CFStringRef, CFStringRef) { return fnfErr; }

@@ -11,6 +11,9 @@
 struct AlertTexts {
     CFStringRef header = nullptr, message = nullptr;
     CFStringRef defaultButton = nullptr, alternateButton = nullptr;
+    /// The alternate button does what cannot be undone: Escape, the close box and an unattended run
+    /// answer the default one then, and the alternate one otherwise.
+    bool alternateDestroys = false;
 };
 
 struct Presence {

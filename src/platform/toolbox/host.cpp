@@ -48,8 +48,9 @@ bool Alert(const AlertTexts& texts) {
                             : box.addButton(QMessageBox::Ok);
     box.setDefaultButton(accept);
     if (texts.alternateButton) {
-        box.setEscapeButton(
-            box.addButton(ToQString(texts.alternateButton), QMessageBox::RejectRole));
+        QPushButton* const alternate =
+            box.addButton(ToQString(texts.alternateButton), QMessageBox::RejectRole);
+        box.setEscapeButton(texts.alternateDestroys ? accept : alternate);
     }
     box.exec();
     return box.clickedButton() == accept;

@@ -123,9 +123,12 @@ TEST_F(ModalLoops, NoticesAndAlertsShowTheirTextsAsWritten) {
         QTest::keyClick(&box, Qt::Key_Return);
     });
     ShowNotice(CFSTR("<Head>"), CFSTR("a <b>b</b>"));
-    const AlertTexts texts{CFSTR("Delete?"), CFSTR("All"), CFSTR("Yes"), CFSTR("No")};
-    driver.expect([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
-    EXPECT_FALSE(CurrentPresence().alert(texts));
+    AlertTexts texts{CFSTR("Print?"), CFSTR("All"), CFSTR("Yes"), CFSTR("No")};
+    for (const bool destroys : {false, true}) {
+        texts.alternateDestroys = destroys;
+        driver.expect([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+        EXPECT_EQ(CurrentPresence().alert(texts), destroys) << "Escape does no harm";
+    }
     EXPECT_TRUE(driver.done());
 }
 

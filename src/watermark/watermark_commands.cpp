@@ -1,0 +1,144 @@
+// What the user does with watermarks: the job's, and those in the user's store.
+#include "shell/base/notices.h"
+#include "toolbox/windows.h"
+#include "watermark/watermark_editor.h"
+#include "watermark/watermark_panel.h"
+#include "watermark/watermark_store.h"
+
+namespace kalmo {
+namespace {
+
+constexpr CFIndex kNotInList = -1;
+
+CFRange WholeOf(CFArrayRef names) { return {0, CFArrayGetCount(names)}; }
+
+CFIndex IndexOf(CFArrayRef names, CFStringRef name) {
+    return name ? CFArrayGetFirstIndexOfValue(names, WholeOf(names), name) : kNotInList;
+}
+
+Owned<CFMutableArrayRef> CopyOf(CFArrayRef names) {
+    return Owned<CFMutableArrayRef>::Adopt(CFArrayCreateMutableCopy(kCFAllocatorDefault, 0, names));
+}
+
+void RemoveName(CFMutableArrayRef names, CFStringRef name) {
+    const CFIndex index = IndexOf(names, name);
+    if (index != kNotInList) CFArrayRemoveValueAtIndex(names, index);
+}
+
+void Choose(_BookletWatermarkContext& context, CFStringRef name, const _WatermarkData& record) {
+    context.choice.choose(name, record);
+    context.isTheTickets = false;
+    WatermarkChanged(context);
+}
+
+void TellNotSaved(const _BookletWatermarkContext& context, CFStringRef name) {
+    const CFTypeRef arguments[] = {name};
+    ShowNoticeWithKeys(context.bundle,
+                       {CFSTR("Watermark Not Saved Header"), CFSTR("Watermark Not Saved Message")},
+                       arguments, 1);
+}
+
+/// The entry first: a list never names a watermark that was not saved.
+bool Save(const _WatermarkData& record, CFArrayRef names) {
+    return saveWatermarkData(kWatermarkStore, record) && saveWatermarkList(kWatermarkStore, names);
+}
+
+/// In the place of `before`, or at the end; a name stands once.
+Owned<CFMutableArrayRef> NamesWith(CFArrayRef names, CFStringRef name, CFStringRef before) {
+    auto changed = CopyOf(names);
+    const CFIndex place = IndexOf(changed, before);
+    const bool renames = place != kNotInList && !CFEqual(name, before);
+    if (renames && IndexOf(changed, name) == kNotInList) {
+        CFArraySetValueAtIndex(changed, place, name);
+    } else if (renames) {
+        CFArrayRemoveValueAtIndex(changed, place);
+    } else if (IndexOf(changed, name) == kNotInList) {
+        CFArrayAppendValue(changed, name);
+    }
+    return changed;
+}
+
+/// `before`: the name it had, null for a new one. It is the job's watermark also when it could not
+/// be saved.
+void Keep(_BookletWatermarkContext& context, const _WatermarkData& record, CFStringRef before) {
+    const auto name = CopyWatermarkName(record);
+    const auto names = NamesWith(context.names, name, before);
+    if (Save(record, names)) {
+        context.names = names;
+        if (before && !CFEqual(name, before)) removeWatermarkData(kWatermarkStore, before);
+    } else {
+        TellNotSaved(context, name);
+    }
+    Choose(context, name, record);
+}
+
+/// Offsets are shown in inches for the papers of the countries that measure so: their sides are
+/// whole half inches.
+SInt32 UnitsFor(const CGSize& page) {
+    constexpr int kHalfInch = 36;
+    const auto isInches = [](double side) {
+        return side == static_cast<int>(side) && static_cast<int>(side) % kHalfInch == 0;
+    };
+    return isInches(page.width) && isInches(page.height) ? 0 : 1;
+}
+
+bool Edit(_BookletWatermarkContext& context, CFStringRef titleKey, CFArrayRef takenNames,
+          _WatermarkData* record) {
+    record->pageWidth = context.page.width;
+    record->pageHeight = context.page.height;
+    return RunModalWatermarkEditor(context.bundle, titleKey, takenNames, record) == kModalOK;
+}
+
+}  // namespace
+
+void ChooseWatermark(_BookletWatermarkContext& context, CFIndex index) {
+    const auto name = static_cast<CFStringRef>(CFArrayGetValueAtIndex(context.names, index));
+    if (!name) return;
+    WatermarkHolder record;
+    loadWatermarkData(kWatermarkStore, name, *record);
+    Choose(context, name, *record);
+}
+
+void ChooseNoWatermark(_BookletWatermarkContext& context) {
+    context.choice.clear();
+    WatermarkChanged(context);
+}
+
+void ChooseWatermarkOption(_BookletWatermarkContext& context, SInt32 value) {
+    context.choice.setOption(value);
+    ShowBookletWatermark(context);
+}
+
+void NewWatermark(_BookletWatermarkContext& context) {
+    WatermarkHolder record;
+    setDefaultValues(*record, UnitsFor(context.page));
+    record->textMode = 1;
+    if (Edit(context, CFSTR("New Watermark Title"), context.names, record.get()))
+        Keep(context, *record, nullptr);
+}
+
+void EditWatermark(_BookletWatermarkContext& context) {
+    if (context.choice.isNone()) return;
+    WatermarkHolder record;
+    context.choice.load(record.get());
+    const auto before = Owned<CFStringRef>::Retain(context.choice.name());
+    const auto others = CopyOf(context.names);
+    RemoveName(others, before);
+    if (Edit(context, CFSTR("Edit Watermark Title"), others, record.get()))
+        Keep(context, *record, before);
+}
+
+void DeleteWatermark(_BookletWatermarkContext& context) {
+    if (context.choice.isNone()) return;
+    const auto name = Owned<CFStringRef>::Retain(context.choice.name());
+    const CFTypeRef arguments[] = {name.get()};
+    const NoticeKeys keys{CFSTR("Delete Watermark Header"), CFSTR("Delete Watermark Message")};
+    if (!AskToDestroyWithKeys(context.bundle, keys, CFSTR("Cancel Command"),
+                              CFSTR("Delete Watermark Command"), arguments, 1))
+        return;
+    removeWatermarkData(kWatermarkStore, name);
+    RemoveName(context.names, name);
+    ChooseNoWatermark(context);
+}
+
+}  // namespace kalmo

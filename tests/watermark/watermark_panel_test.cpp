@@ -1,0 +1,295 @@
+// The Booklet/Watermark panel between ticket, store, controls and the drawing for the job.
+#include "watermark/watermark_panel.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <filesystem>
+
+#include "foundation/property_list.h"
+#include "settings/ticket_keys.h"
+#include "support/dictionaries.h"
+#include "support/drawn_page.h"
+#include "support/modal_driver.h"
+#include "support/panel_rig.h"
+#include "support/private_home.h"
+#include "support/worker_wait.h"
+#include "system/presence.h"
+#include "toolbox/menus.h"
+#include "watermark/booklet_service.h"
+#include "watermark/watermark_store.h"
+
+namespace kalmo::test {
+namespace {
+
+#define kWatermarkKey CFSTR("com.kalmo.print.Watermark")
+constexpr SInt32 kMenu = 1702, kOptions = 1703, kWarning = 1704, kPage = 1705, kBooklet = 1707,
+                 kBookletState = 1708;
+
+class WatermarkPanel : public testing::Test, public PanelRig {
+protected:
+    WatermarkPanel() : PanelRig(GetBookletWatermarkPanelInterface) {
+        const auto home = MakeFolder("home");
+        setenv("XDG_CONFIG_HOME", home.c_str(), 1);
+        store = home / "kalmo-print/Kalmo/com.kalmo.printing.watermarks.plist";
+        choose(CFSTR("PageSize"), CFSTR("Letter"));
+        InstallPresence(WindowPresence());
+    }
+    ~WatermarkPanel() override {
+        EXPECT_TRUE(driver.done()) << driver.faults().join("; ").toStdString();
+        InstallBookletService({});
+        InstallPresence(UnattendedPresence());
+    }
+
+    void show() {
+        ASSERT_EQ(initialize(), noErr);
+        ASSERT_EQ(open(), noErr);
+    }
+    template <typename Widget = QLabel>
+    Widget* control(SInt32 id) {
+        return FindControl<Widget>(window, 'KPDE', id);
+    }
+    ControlRef button() { return ControlFromWidget(control<QPushButton>(kMenu)); }
+    MenuRef menu() { return GetControlPopupMenu(button()); }
+    /// "*" marks what is chosen, "(...)" what cannot be.
+    std::string items(int first = 0, int count = -1) {
+        QStringList texts;
+        for (UInt16 item = 1; item <= CountMenuItems(menu()); ++item) {
+            QString text =
+                QString::fromStdString(TakeText(CopyMenuItemTextAsCFString(menu(), item)));
+            if (IsMenuItemSeparator(menu(), item))
+                text = "-";
+            else if (!IsMenuItemEnabled(menu(), item))
+                text = "(" + text + ")";
+            texts << (IsMenuItemChecked(menu(), item) ? "*" : "") + text;
+        }
+        return texts.mid(first, count).join(", ").toStdString();
+    }
+    static UInt16 itemOf(MenuRef menu, const char* text) {
+        for (UInt16 item = CountMenuItems(menu); item > 0; --item)
+            if (TakeText(CopyMenuItemTextAsCFString(menu, item)) == text) return item;
+        return 0;
+    }
+    using PanelRig::choose;
+    void choose(const char* text) {
+        ASSERT_NE(itemOf(menu(), text), 0) << text;
+        SimulateMenuChoice(button(), menu(), itemOf(menu(), text));
+        WaitForWorkers();
+    }
+    void chooseOption(const char* text) {
+        const MenuRef options = GetMenuItemHierarchicalMenu(menu(), itemOf(menu(), "Options"));
+        SimulateMenuChoice(button(), options, itemOf(options, text));
+    }
+    void expectAnswer(const QString& buttonText) {
+        driver.expect([buttonText](QWidget& alert) {
+            for (auto* each : alert.findChildren<QPushButton*>())
+                if (each->text().remove('&') == buttonText) return each->click();
+        });
+    }
+
+    /// What the ticket has after a Sync towards it; null without a watermark.
+    CFDictionaryRef written() {
+        EXPECT_EQ(sync(kSyncToTicket), noErr);
+        CFDictionaryRef settings = nullptr;
+        PMTicketGetCFDictionary(printer.ticket, kWatermarkKey, &settings);
+        return settings;
+    }
+    template <typename Ref = CFStringRef>
+    static Ref value(CFDictionaryRef settings, CFStringRef key) {
+        return static_cast<Ref>(CFDictionaryGetValue(settings, key));
+    }
+    static SInt32 number(CFDictionaryRef settings, CFStringRef key) {
+        SInt32 found = -1;
+        CFNumberGetValue(value<CFNumberRef>(settings, key), kCFNumberSInt32Type, &found);
+        return found;
+    }
+    /// The drawing that goes with the job, one pixel to the point.
+    static QImage drawing(CFDictionaryRef settings) {
+        const auto data = value<CFDataRef>(settings, CFSTR("Drawing"));
+        const auto document = Reopened({reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
+                                        static_cast<std::size_t>(CFDataGetLength(data))});
+        const CGRect box = CGPDFDocumentGetMediaBox(document, 1);
+        return PictureOf(Owned<CGImageRef>::Adopt(CGPDFDocumentCreatePageImage(
+                             document, 1, static_cast<std::size_t>(box.size.width),
+                             static_cast<std::size_t>(box.size.height))))
+            .copy();
+    }
+    QImage preview() {
+        WaitForWorkers();
+        return control<QWidget>(kPage)->grab().toImage();
+    }
+    static Owned<CFMutableArrayRef> storedNames() {
+        Owned<CFMutableArrayRef> names;
+        loadWatermarkList(kWatermarkStore, nullptr, names.adopt());
+        return names;
+    }
+    static bool isStored(const char* name, _WatermarkData* record = nullptr) {
+        WatermarkHolder found;
+        const bool stored = loadWatermarkData(kWatermarkStore, CFStringMakeConstant(name), *found);
+        if (record) *record = *found, record->glyphs = nullptr;
+        return stored;
+    }
+
+    std::filesystem::path store;
+    ModalDriver driver;
+};
+
+/// Pixels that are not grey.
+int Coloured(const QImage& picture) {
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            count += picture.pixelColor(x, y).saturation() > 8;
+    return count;
+}
+
+TEST_F(WatermarkPanel, ADefaultWatermarkIsChosenShownAndTakenAlong) {
+    show();
+    EXPECT_EQ(items(), "*None, Draft, Confidential, Copy, -, (Options), New…, (Edit…), (Delete)");
+    EXPECT_FALSE(written());
+    EXPECT_EQ(Coloured(preview()), 0);
+    choose("Confidential");
+    EXPECT_EQ(items(), "None, Draft, *Confidential, Copy, -, Options, New…, Edit…, Delete");
+    EXPECT_EQ(control<QPushButton>(kMenu)->text(), "Confidential");
+    EXPECT_GT(Coloured(preview()), 200);
+    chooseOption("In the foreground");
+    chooseOption("On page 1 only");
+    EXPECT_EQ(control(kOptions)->text(), "In the foreground\nOn page 1 only");
+    const CFDictionaryRef settings = written();
+    ASSERT_TRUE(settings);
+    EXPECT_EQ(CFStringToUTF8(value(settings, CFSTR("Name"))), "Confidential");
+    EXPECT_EQ(std::pair(number(settings, CFSTR("Layer")), number(settings, CFSTR("Pages"))),
+              std::pair(3, 5));
+    const auto record = value<CFDictionaryRef>(settings, CFSTR("Record"));
+    EXPECT_EQ(number(record, CFSTR("glyphCount")), 12);
+    const CGRect ink = InkOf(drawing(settings));
+    EXPECT_NEAR(CGRectGetMidX(ink), 612 / 2.0, 1);
+    EXPECT_NEAR(CGRectGetMidY(ink), 792 / 2.0, 1);
+    _WatermarkData kept{};
+    EXPECT_TRUE(isStored("Confidential", &kept));
+    EXPECT_EQ(kept.glyphCount, 12) << "the preview's drawing lays it out for printing";
+    choose("None");
+    EXPECT_FALSE(written());
+    EXPECT_EQ(Coloured(preview()), 0);
+}
+
+TEST_F(WatermarkPanel, ATicketsWatermarkPrintsAsItIsThereAndIsNotSavedHere) {
+    auto watermark = Dictionary("Name=Draft Layer=9 Pages=5 Unknown=7");
+    WatermarkHolder record;
+    setDefaultValues(*record, 0);
+    SetWatermarkText(record->textString, CFSTR("Draft"));
+    record->angle = 90;
+    CFDictionarySetValue(watermark, CFSTR("Record"),
+                         Owned<CFMutableDictionaryRef>::Adopt(CreateWatermarkEntry(*record)));
+    PMTicketSetCFDictionary(printer.ticket, CFSTR("K"), kWatermarkKey, watermark, false);
+    PMTicketSetSInt32(PMSessionGetTicket(printer.session, kPMPageFormatTicket), CFSTR("K"),
+                      kOrientationKey, 2, false);
+    ASSERT_EQ(initialize(), noErr);
+    const CFDictionaryRef unattended = written();
+    EXPECT_EQ(number(unattended, CFSTR("Unknown")), 7);
+    const QImage page = drawing(unattended);
+    EXPECT_EQ(page.size(), QSize(792, 612)) << "landscape";
+    EXPECT_GT(InkOf(page).size.height, 2 * InkOf(page).size.width);
+    ASSERT_EQ(open(), noErr);
+    EXPECT_GT(Coloured(preview()), 100);
+    EXPECT_EQ(control(kOptions)->text(), "In the background\nOn page 1 only");
+    _WatermarkData stored{};
+    EXPECT_TRUE(isStored("Draft", &stored));
+    EXPECT_EQ(stored.angle, 45);
+    sync(kSyncToUI);
+    choose("Draft");
+    EXPECT_EQ(number(value<CFDictionaryRef>(written(), CFSTR("Record")), CFSTR("angle")), 45)
+        << "chosen here it is the user's own";
+}
+
+TEST_F(WatermarkPanel, WhatIsNoWatermarkInATicketIsNone) {
+    for (const char* entries : {"Name=5 Record=6", "Name=Draft", "Record=true", ""}) {
+        PMTicketSetCFDictionary(printer.ticket, CFSTR("K"), kWatermarkKey, Dictionary(entries),
+                                false);
+        if (context && !window.findChild<QLabel*>()) show();
+        sync(kSyncToUI);
+        EXPECT_EQ(items(0, 1), "*None") << entries;
+        EXPECT_FALSE(written()) << entries;
+    }
+}
+
+TEST_F(WatermarkPanel, DeletingAsksAndNothingBringsTheWatermarkBack) {
+    show();
+    choose("Draft");
+    expectAnswer("Cancel");
+    choose("Delete");
+    EXPECT_TRUE(isStored("Draft"));
+    expectAnswer("Delete");
+    renderWatermark(static_cast<_BookletWatermarkContext*>(context));
+    choose("Delete");
+    EXPECT_FALSE(isStored("Draft")) << "a drawing under way saved it again";
+    EXPECT_EQ(CFArrayGetCount(storedNames()), 2);
+    EXPECT_EQ(items(0, 3), "*None, Confidential, Copy");
+}
+
+TEST_F(WatermarkPanel, NewAndEditedWatermarksStandInTheListOnceAndAFailureIsTold) {
+    show();
+    const auto type = [this](const QString& text) {
+        driver.expect([text](QWidget& editor) {
+            auto* const field = editor.findChild<QLineEdit*>("text");
+            field->selectAll();
+            QTest::keyClicks(field, text);
+            for (auto* each : editor.findChildren<QPushButton*>())
+                if (each->isDefault()) return each->click();
+        });
+    };
+    type("R&D <only>");
+    choose("New…");
+    EXPECT_TRUE(isStored("R&D <only>"));
+    EXPECT_EQ(items(0, 5), "None, Draft, Confidential, Copy, *R&D <only>");
+    EXPECT_EQ(control<QPushButton>(kMenu)->text(), "R&&D <only>");
+    type("Secret");
+    choose("Edit…");
+    EXPECT_FALSE(isStored("R&D <only>"));
+    EXPECT_EQ(items(3, 2), "Copy, *Secret");
+    WriteFile(store, "damaged");
+    type("Lost");
+    expectAnswer("OK");
+    choose("New…");
+    EXPECT_EQ(ReadFile(store), "damaged");
+    EXPECT_EQ(CFStringToUTF8(value(written(), CFSTR("Name"))), "Lost") << "printed all the same";
+}
+
+TEST_F(WatermarkPanel, AMissingPictureIsSaidAndTakesNothingAlong) {
+    WatermarkHolder record;
+    setDefaultValues(*record, 0);
+    SetWatermarkText(record->filename, CFSTR("logo.png"));
+    SetWatermarkText(record->filePath, CFSTR("/nowhere/logo.png"));
+    saveWatermarkData(kWatermarkStore, *record);
+    const void* names[] = {CFSTR("logo.png")};
+    saveWatermarkList(kWatermarkStore, Owned<CFArrayRef>::Adopt(CFArrayCreate(
+                                           nullptr, names, 1, &kCFTypeArrayCallBacks)));
+    show();
+    EXPECT_EQ(control(kWarning)->text(), "");
+    choose("logo.png");
+    EXPECT_TRUE(control(kWarning)->text().contains("cannot be read"));
+    EXPECT_FALSE(CFDictionaryContainsKey(written(), CFSTR("Drawing")));
+}
+
+TEST_F(WatermarkPanel, TheBookletButtonRunsWhatIsInstalled) {
+    show();
+    EXPECT_FALSE(control<QPushButton>(kBooklet)->isEnabled()) << "nobody owns booklets here";
+    bool on = false;
+    InstallBookletService({.run = [&] { on = true; },
+                           .state =
+                               [&] {
+                                   return BookletState{"OfficeFinishing_Bklt_Layout.gif",
+                                                       on ? "BookletLayoutDescription"
+                                                          : "BookletNothingDescription"};
+                               }});
+    sync(kSyncToUI);
+    EXPECT_EQ(control(kBookletState)->text(), "No booklet");
+    control<QPushButton>(kBooklet)->click();
+    EXPECT_EQ(control(kBookletState)->text(), "Pages laid out as a booklet");
+}
+
+}  // namespace
+}  // namespace kalmo::test
