@@ -31,6 +31,11 @@ void WriteOptionalNumber(CFMutableDictionaryRef ticket, CFStringRef key, SInt32 
 
 }  // namespace
 
+SpecialPage::Serial::Serial() {
+    static SInt64 last = 0;  // pages belong to the UI thread
+    number = ++last;
+}
+
 SpecialPage::SpecialPage(CFDictionaryRef dictionary)
     : startPage_(SInt32InDictionary(dictionary, CFSTR("StartPage")).value_or(0)),
       stock_(StockOf(dictionary)) {}

@@ -51,6 +51,9 @@ public:
     }
     [[nodiscard]] Stock& stock() { return stock_; }
     [[nodiscard]] const Stock& stock() const { return stock_; }
+    /// A number that no other page has or had, copies included: an address may be another page's
+    /// later.
+    [[nodiscard]] SInt64 serial() const { return serial_.number; }
 
 protected:
     PlaceMark mark_;
@@ -58,8 +61,16 @@ protected:
 private:
     friend class SpecialPageList;
 
+    struct Serial {
+        Serial();
+        Serial(const Serial&) : Serial() {}
+        Serial& operator=(const Serial&) { return *this; }
+        SInt64 number;
+    };
+
     SInt32 startPage_ = 0;
     Stock stock_;
+    Serial serial_;
 };
 
 /// A front or back cover; it stands before or after all pages, so its start page stays 0.

@@ -2,7 +2,6 @@
 #include "toolbox/controls.h"
 
 #include <QAbstractButton>
-#include <QLineEdit>
 
 #include "toolbox/control_index.h"
 #include "toolbox/control_state.h"
@@ -165,7 +164,7 @@ void SetKeyboardFocus(ControlRef control) {
     if (!widget) return;
     widget->setFocus(Qt::OtherFocusReason);
     // Mostly because of what stands there: the next key replaces it.
-    if (QLineEdit* const line = LineOf(*widget)) line->selectAll();
+    if (auto* const field = qobject_cast<QLineEdit*>(widget)) field->selectAll();
 }
 
 void SetControlNeedsDisplay(ControlRef control) {

@@ -25,8 +25,7 @@ Menu* MenuOf(const QWidget& widget) {
 
 QModelIndex ChosenItem(const QWidget& widget) {
     const auto* popup = qobject_cast<const QComboBox*>(&widget);
-    return popup && MenuOf(widget) ? popup->model()->index(popup->currentIndex(), 0)
-                                   : QModelIndex();
+    return popup ? popup->model()->index(popup->currentIndex(), 0) : QModelIndex();
 }
 
 bool IsSeparator(const Menu& menu, int row) {
