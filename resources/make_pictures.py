@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the pictures of the Paper/Output panel, its dialogs and the About box from the shapes and
-tables below.
+"""Writes the pictures of the Paper/Output and Special Pages panels, their dialogs and the About box
+from the shapes and tables below.
 
 Usage: resources/make_pictures.py        (Python 3, nothing else; writes into the source tree)
 
@@ -400,12 +400,47 @@ BRAND = {
                             for x, fill in zip((23, 32, 41), (ORANGE, "#5cb56a", "#e0689a")))),
 }
 
+# Buttons of the Special Pages panel. Their strokes are wide: they are shown small.
+
+
+def plus(x, y):
+    return disc(x, y, 13, BLUE) + line(f"M{x - 6} {y}h12m-6 -6v12", PAPER, 4)
+
+
+def bin_with(content):
+    return (line("M10 16h44M24 16v-6h16v6", INK, 4) +
+            path("M15 22h34l-3 36h-28z", PAPER) + content)
+
+
+def move(d):
+    return line("M32 54V14m-16 16l16 -16l16 16" if d < 0 else "M32 10v40m-16 -16l16 16l16 -16",
+                BLUE, 8)
+
+
+BUTTONS = {
+    "AddCovers": ("Add covers", path("M6 8h20v48h-20z", ORANGE) + sheet(14, 8, 34, 48) +
+                  text_lines(21, 24, (12, 20)) + plus(49, 47)),
+    "AddInserts": ("Add inserts", sheet(4, 4, 30, 42) + text_lines(10, 18, (14, 18)) +
+                   box(14, 18, 32, 42, ORANGE, 1) + plus(49, 45)),
+    "AddExceptions": ("Add exceptions", sheet(4, 6, 34, 46) +
+                      box(4, 24, 34, 15, ORANGE, 0) + text_lines(11, 17, (14,)) +
+                      text_lines(11, 45, (20,)) + plus(47, 47)),
+    "Edit": ("Edit", path("M12 52l4 -14l28 -28l10 10l-28 28z", ORANGE) +
+             path("M12 52l4 -14l10 10z", PAPER) + line("M38 16l10 10", INK)),
+    "Delete": ("Delete", bin_with(line("M26 30v20M38 30v20", INK, 4))),
+    "DeleteAll": ("Delete all", bin_with(line("M25 33l14 14m0 -14l-14 14", ORANGE, 6))),
+    "Undo": ("Undo", line("M16 24h22a14 14 0 0 1 0 28h-14M28 10L14 24l14 14", BLUE, 7)),
+    "Move_Up": ("Move up", move(-1)),
+    "Move_Down": ("Move down", move(1)),
+}
+
 
 def pictures():
     """Name, title and shapes of each."""
     for prefix, table in (("JobType_", JOB_TYPES), ("JobType_JobFormat_", JOB_FORMATS),
                           ("2SidedPrinting_", SIDES), ("OutputColor_", OUTPUT_COLORS),
-                          ("", FINISHINGS), ("OutputTray_", OUTPUT_TRAYS), ("", BRAND)):
+                          ("", FINISHINGS), ("OutputTray_", OUTPUT_TRAYS), ("", BRAND),
+                          ("ButtonGraphic_", BUTTONS)):
         for name, (title, shapes) in table.items():
             yield prefix + name, title, shapes
     for name, title, shapes in staples_and_holes():
