@@ -7,6 +7,7 @@
 #include "print_dialog/window_texts.h"
 #include "printing/ticket_file.h"
 #include "toolbox/events.h"
+#include "toolbox/menus.h"
 #include "toolbox/windows.h"
 
 namespace kalmo {
@@ -14,6 +15,8 @@ namespace {
 
 /// What the Print button sends, as the pane knows it.
 constexpr UInt32 kPrintCommand = 'ok  ';
+/// The popup whose items are the titles of the pane's panels.
+constexpr ControlID kPanelSelector = {'Kshl', 16};
 
 Owned<PMPrinter> MakePrinter(const HostPrinter& printer) {
     const auto name = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(printer.name));
@@ -24,6 +27,12 @@ Owned<PMPrinter> MakePrinter(const HostPrinter& printer) {
             Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, false));
     }
     return Owned<PMPrinter>::Adopt(PMPrinterCreate(name, ppd));
+}
+
+std::string ItemText(ControlRef popup, SInt32 item) {
+    const auto text = Owned<CFStringRef>::Adopt(
+        CopyMenuItemTextAsCFString(GetControlPopupMenu(popup), static_cast<UInt16>(item)));
+    return text ? CFStringToUTF8(text) : std::string();
 }
 
 }  // namespace
@@ -52,6 +61,8 @@ Outcome PrintJobHost::setPrinter(const HostPrinter& printer) {
     PMSessionSetCurrentPrinter(session_, MakePrinter(printer));
     return {};
 }
+
+void PrintJobHost::setPanels(std::vector<std::string> panels) { panels_ = std::move(panels); }
 
 void PrintJobHost::setJobName(const std::string& name) { jobName_ = name; }
 
@@ -199,6 +210,30 @@ bool PrintJobHost::printCheck() {
     const OSStatus answer = button ? SendCommandFromControl(button, kPrintCommand)
                                    : SendCommandToWindow(window, kPrintCommand);
     return answer == eventNotHandledErr;
+}
+
+ControlRef PrintJobHost::panelSelector() const {
+    ControlRef selector = nullptr;
+    if (state_ == State::open) {
+        GetControlByID(GetControlOwner(parent_), kPanelSelector, &selector);
+    }
+    return selector;
+}
+
+std::string PrintJobHost::shownPanel() const {
+    const ControlRef selector = panelSelector();
+    return selector ? ItemText(selector, GetControl32BitValue(selector)) : std::string();
+}
+
+void PrintJobHost::showPanel(const std::string& title) {
+    const ControlRef selector = panelSelector();
+    const SInt32 count = selector ? CountMenuItems(GetControlPopupMenu(selector)) : 0;
+    for (SInt32 item = 1; item <= count; ++item) {
+        if (ItemText(selector, item) != title) continue;
+        SetControl32BitValue(selector, item);
+        SendEventToControl(selector, kEventClassControl, kEventControlHit);
+        return;
+    }
 }
 
 PPDPaper PrintJobHost::paper() const {

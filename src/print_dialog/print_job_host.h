@@ -36,7 +36,7 @@ public:
         open,         // the pane is shown
     };
 
-    /// `panels` are names of --panels, each known to PanelInterfaceName.
+    /// `panels`: as for setPanels.
     explicit PrintJobHost(std::vector<std::string> panels = {});
     /// Ends what still lives.
     ~PrintJobHost();
@@ -52,6 +52,8 @@ public:
     /// go with it. Fails, changing nothing, when the file is no PPD file (no file name in the
     /// error).
     Outcome setPrinter(const HostPrinter& printer);
+    /// Further panels of the next pane, as names of --panels, each known to PanelInterfaceName.
+    void setPanels(std::vector<std::string> panels);
     /// The job's name, known to the panels. Empty: none, and a ticket's own name stays.
     void setJobName(const std::string& name);
 
@@ -75,6 +77,11 @@ public:
     /// page a sheet) is written between a Sync towards the ticket and one towards the pane, and
     /// only when it changes.
     void apply(const JobSettings& settings);
+
+    /// The title of the panel that the open pane shows; empty without an open pane.
+    [[nodiscard]] std::string shownPanel() const;
+    /// Shows the panel of that title, where the open pane has one.
+    void showPanel(const std::string& title);
 
     /// Asks the pane whether the job may be printed, as its Print button would. False: refused, the
     /// pane has told the user why. True without a pane.
@@ -112,6 +119,8 @@ private:
     void fillSession();
     void takeSettingsFromTickets();
     void write(const JobSettings& settings);
+    /// The popup of the open pane's panels; null without one.
+    [[nodiscard]] ControlRef panelSelector() const;
     /// The paper that prints: the chosen one, else the printer's own; empty when nobody knows.
     [[nodiscard]] std::string effectivePaper(const JobSettings& settings) const;
     [[nodiscard]] bool colorChanges(const JobSettings& settings) const;

@@ -11,6 +11,7 @@
 
 #include "print_dialog/color_options.h"
 #include "print_dialog/extension.h"
+#include "print_dialog/remembered_panels.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
@@ -53,12 +54,13 @@ std::filesystem::path DroppedDocument(const QMimeData& dropped) {
 
 }  // namespace
 
-PrintWindow::PrintWindow(const CommandLine& commandLine)
-    : commandLine_(commandLine), host_(commandLine.panels) {
+PrintWindow::PrintWindow(const CommandLine& commandLine) : commandLine_(commandLine) {
     setWindowTitle(WindowText("Print title"));
     setAcceptDrops(true);
     createWidgets();
     connectWidgets();
+    panels_->setPanels(commandLine.panels.empty() ? RememberedPanels() : commandLine.panels);
+    host_.setPanels(panels_->panels());
     documentChanged();
 }
 
@@ -96,12 +98,14 @@ QLayout* PrintWindow::createButtons() {
     help_ = new QPushButton(WindowText("Help"), this);
     cancel_ = new QPushButton(WindowText("Cancel"), this);
     print_ = new QPushButton(WindowText("Print"), this);
+    panels_ = new PanelsButton(this);
     help_->setAutoDefault(false);
     cancel_->setAutoDefault(false);
     print_->setDefault(true);
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(help_);
+    row->addWidget(panels_);
     row->addStretch();
     row->addWidget(cancel_);
     row->addWidget(print_);
@@ -122,6 +126,8 @@ void PrintWindow::connectWidgets() {
             &PrintWindow::showHelp);
     connect(&document_, &Document::changed, this, &PrintWindow::documentChanged);
     connect(help_, &QPushButton::clicked, this, &PrintWindow::showHelp);
+    connect(panels_, &PanelsButton::chosen, this,
+            [this] { whenPaneIsFree([this] { changePanels(); }); });
     connect(cancel_, &QPushButton::clicked, this, &PrintWindow::reject);
     connect(print_, &QPushButton::clicked, this, &PrintWindow::print);
 }
@@ -187,18 +193,15 @@ void PrintWindow::chooseDestination() {
 void PrintWindow::openQueue(const std::string& queue) {
     openingQueue_ = queue;
     form_->destination()->setStatus(WindowText("Opening printer"));
-    printers_.describe(queue, [this](const PrinterDescription& found) { usePrinter(found); });
+    printers_.describe(queue, [this, queue](const PrinterDescription& found) {
+        whenPaneIsFree([=, this] {
+            if (queue == openingQueue_) usePrinter(found);
+        });
+    });
     updatePrint();
 }
 
 void PrintWindow::usePrinter(const PrinterDescription& found) {
-    // A dialog of the pane works on what the pane holds: the pane stays until it is answered.
-    if (QApplication::activeModalWidget()) {
-        QTimer::singleShot(kAskAgainMs, this, [this, found, queue = openingQueue_] {
-            if (queue == openingQueue_) usePrinter(found);
-        });
-        return;
-    }
     DestinationChoice* destination = form_->destination();
     destination->setStatus(QString::fromStdString(found.error));
     if (found.error.empty()) {
@@ -212,8 +215,31 @@ void PrintWindow::usePrinter(const PrinterDescription& found) {
     updatePrint();
 }
 
+void PrintWindow::whenPaneIsFree(const std::function<void()>& act) {
+    // A dialog of the pane works on what the pane holds: the pane stays until it is answered, and
+    // until a job on its way has come to its end.
+    if (!QApplication::activeModalWidget() && !job_) return act();
+    QTimer::singleShot(kAskAgainMs, this, [this, act] { whenPaneIsFree(act); });
+}
+
+void PrintWindow::changePanels() {
+    changePane([this] { host_.setPanels(panels_->panels()); });
+    bar_->showFault(QString::fromStdString(RememberPanels(panels_->panels()).error));
+    panels_->setFocus();
+}
+
+void PrintWindow::changePane(const std::function<void()>& change) {
+    const bool hadPane = host_.hasPane();
+    if (hadPane) closePane();
+    change();
+    if (hadPane) openPane();
+}
+
 void PrintWindow::closePane() {
-    if (host_.hasPane()) host_.sync(kSyncToTicket);
+    if (host_.hasPane()) {
+        shownPanel_ = host_.shownPanel();
+        host_.sync(kSyncToTicket);
+    }
     host_.end(kNotPrinted);
 }
 
@@ -240,6 +266,7 @@ void PrintWindow::openPane() {
     }
     host_.open();
     host_.apply(form_->settings());
+    host_.showPanel(shownPanel_);
     pane_->showPane(host_.paneWidth(), host_.paneHeight());
 }
 
@@ -248,10 +275,7 @@ void PrintWindow::openDocument(const std::filesystem::path& file) {
     bar_->clear();
     document_.open(file);
     if (!commandLine_.title.empty()) return;
-    const bool hadPane = host_.hasPane();
-    if (hadPane) closePane();
-    host_.setJobName(file.filename().string());
-    if (hadPane) openPane();
+    changePane([&] { host_.setJobName(file.filename().string()); });
 }
 
 void PrintWindow::askForDocument() {
@@ -320,6 +344,7 @@ void PrintWindow::setSending(bool sending) {
     if (sending) focusBefore_ = focusWidget();
     body_->setEnabled(!sending);
     help_->setEnabled(!sending);
+    panels_->setEnabled(!sending);
     updatePrint();
     if (sending) {
         cancel_->setFocus();

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QPointer>
 #include <QPushButton>
+#include <functional>
 #include <memory>
 
 #include "print_dialog/command_line.h"
@@ -12,6 +13,7 @@
 #include "print_dialog/job.h"
 #include "print_dialog/job_input.h"
 #include "print_dialog/pane_view.h"
+#include "print_dialog/panels_button.h"
 #include "print_dialog/preview.h"
 #include "print_dialog/print_job_host.h"
 #include "print_dialog/printers.h"
@@ -67,6 +69,9 @@ private:
     void usePrinter(const PrinterDescription& found);
     void openPane();
     void closePane();
+    void changePane(const std::function<void()>& change);
+    void whenPaneIsFree(const std::function<void()>& act);
+    void changePanels();
 
     void askForDocument();
     void documentChanged();
@@ -93,6 +98,7 @@ private:
     PaneView* pane_ = nullptr;
     SendingBar* bar_ = nullptr;
     QPushButton* help_ = nullptr;
+    PanelsButton* panels_ = nullptr;
     QPushButton* cancel_ = nullptr;
     QPushButton* print_ = nullptr;
 
@@ -100,6 +106,7 @@ private:
     bool painted_ = false;
     bool stopping_ = false;
     std::string openingQueue_;  // asked for, not yet answered
+    std::string shownPanel_;    // of the pane before
     QPointer<QWidget> focusBefore_;
     /// The bytes being printed outlive the job's worker.
     std::shared_ptr<const PrivateCopy> printed_;

@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QMenu>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <set>
 
+#include "print_dialog/remembered_panels.h"
 #include "print_dialog/sample_documents.h"
 #include "support/dead_servers.h"
 #include "support/modal_driver.h"
@@ -63,6 +65,17 @@ protected:
             names.insert(entry.path().filename().string());
         }
         return names;
+    }
+    PanelsButton* panels() const { return window_->findChild<PanelsButton*>(); }
+    void choosePanel(int item) { panels()->menu()->actions()[item]->trigger(); }
+    /// What the living pane was asked for beside its own four panels.
+    static std::string offered() {
+        static const auto bundle = OpenExtensionBundle();
+        void* names = CFBundleGetDataPointerForName(bundle, CFSTR("PanelInterfaces"));
+        std::string all;
+        for (auto** name = static_cast<CFStringRef*>(names) + 4; *name; ++name)
+            all += CFStringToUTF8(*name) + " ";
+        return all;
     }
     /// A queue of the printer that is open, on the server that CUPS_SERVER names.
     void addQueue() {
@@ -206,6 +219,38 @@ TEST_F(PrintWindowTest, AnotherMakersPrinterPrintsWithoutPane) {
     button("&Print")->click();
     ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
     EXPECT_EQ(files(), (std::set<std::string>{"report.pdf"})) << "no ticket for that printer";
+}
+
+TEST_F(PrintWindowTest, ChosenPanelsJoinThePaneAtOnceAndAtTheNextStart) {
+    auto* selector = open().findChild<QComboBox*>("panelSelector");
+    selector->setCurrentText("Advanced");
+    Q_EMIT selector->activated(selector->currentIndex());
+    choosePanel(1);
+    EXPECT_EQ(offered(), "GetJobNotesPanelInterface ");
+    selector = window_->findChild<QComboBox*>("panelSelector");
+    EXPECT_EQ(selector->currentText(), "Advanced") << "the shown panel stays";
+    QDialog dialog;
+    dialog.open();
+    choosePanel(0);  // as assistive technology can
+    EXPECT_EQ(offered(), "GetJobNotesPanelInterface ") << "not under an open dialog";
+    dialog.accept();
+    const auto both = "_GetSpecialPagesPanelInterface GetJobNotesPanelInterface ";
+    EXPECT_TRUE(Wait([&] { return offered() == both; }));
+    window_.reset();
+    open();
+    EXPECT_EQ(offered(), both);
+}
+
+TEST_F(PrintWindowTest, PanelsOfTheCommandLineAreForOneRun) {
+    const auto file = std::filesystem::path(getenv("XDG_CONFIG_HOME")) / "kalmo-print/window.conf";
+    WriteFile(file, "panels=colour, job-notes, @Variant(\\0\\0\n\xff");
+    commandLine_.panels = {"special-pages"};
+    open();
+    EXPECT_EQ(offered(), "_GetSpecialPagesPanelInterface ");
+    EXPECT_EQ(panels()->panels(), commandLine_.panels) << "shown as chosen";
+    EXPECT_EQ(RememberedPanels(), std::vector<std::string>{"job-notes"});
+    choosePanel(0);
+    EXPECT_EQ(RememberedPanels(), std::vector<std::string>()) << "now the user has chosen";
 }
 
 TEST_F(PrintWindowTest, EveryControlHasANameAndRoomForItsText) {
