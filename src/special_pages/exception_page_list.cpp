@@ -7,10 +7,6 @@ namespace {
 
 bool HasPages(const ExceptionPage& range) { return range.startPage() <= range.endPage(); }
 
-SInt32 EndOf(const std::unique_ptr<SpecialPage>& page) {
-    return static_cast<const ExceptionPage&>(*page).endPage();
-}
-
 /// Whether nothing is left of `old`.
 bool Covers(const ExceptionPage& added, const ExceptionPage& old) {
     return added.startPage() <= std::min(old.startPage(), old.endPage()) &&
@@ -36,7 +32,7 @@ OSStatus ExceptionPageList::add(CFArrayRef pages) {
 ExceptionPageList* ExceptionPageList::clone() const { return new ExceptionPageList(*this); }
 
 ExceptionPage& ExceptionPageList::at(std::size_t index) const {
-    return static_cast<ExceptionPage&>(*pages_[index]);  // add lets no others in
+    return static_cast<ExceptionPage&>(pages_[index]);  // add lets no others in
 }
 
 bool ExceptionPageList::isSortedAndDisjoint() const {
@@ -45,12 +41,6 @@ bool ExceptionPageList::isSortedAndDisjoint() const {
         if (i > 0 && at(i).startPage() <= at(i - 1).endPage()) return false;
     }
     return true;
-}
-
-/// In an ordered list.
-std::size_t ExceptionPageList::firstThatEndsAtOrBehind(SInt32 page) const {
-    const auto found = std::ranges::lower_bound(pages_, page, {}, EndOf);
-    return static_cast<std::size_t>(found - pages_.begin());
 }
 
 std::size_t ExceptionPageList::endOfCovered(const ExceptionPage& added, std::size_t first) const {
@@ -71,7 +61,10 @@ void ExceptionPageList::cutOut(std::size_t index, const ExceptionPage& added) {
 
 /// Takes the pages of `added` from the others; where it belongs.
 std::size_t ExceptionPageList::makeRoom(const ExceptionPage& added) {
-    std::size_t i = isOrdered_ ? firstThatEndsAtOrBehind(added.startPage()) : 0;
+    const auto endsBefore = [&](const SpecialPage& held) {
+        return static_cast<const ExceptionPage&>(held).endPage() < added.startPage();
+    };
+    std::size_t i = isOrdered_ ? pages_.partitionPoint(endsBefore) : 0;
     while (i < pages_.size()) {
         ExceptionPage& old = at(i);
         if (added.startPage() > old.endPage()) {
@@ -85,9 +78,7 @@ std::size_t ExceptionPageList::makeRoom(const ExceptionPage& added) {
             old.setStartPage(added.endPage() + 1);
             break;
         } else {
-            const auto begin = pages_.begin();
-            const auto covered = endOfCovered(added, i);
-            pages_.erase(begin + static_cast<CFIndex>(i), begin + static_cast<CFIndex>(covered));
+            pages_.erase(i, endOfCovered(added, i));
         }
     }
     return i;

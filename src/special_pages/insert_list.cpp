@@ -1,14 +1,6 @@
-#include <algorithm>
-
 #include "special_pages/added_pages.h"
 
 namespace kalmo {
-namespace {
-
-SInt32 StartOf(const std::unique_ptr<SpecialPage>& page) { return page->startPage(); }
-
-}  // namespace
-
 // A copy is put in order again, whatever the user has moved (kept as it is).
 InsertList::InsertList(const InsertList& other) : SpecialPageList() { add(PagesOf(other)); }
 
@@ -17,14 +9,10 @@ Insert* InsertList::pageAtIndex(CFIndex index) const {
 }
 
 OSStatus InsertList::add(CFArrayRef pages) {
-    if (!isOrdered_) isOrdered_ = std::ranges::is_sorted(pages_, {}, StartOf);
+    if (!isOrdered_) isOrdered_ = isSorted();
     for (auto& insert : ClonesOf<Insert>(pages)) {
-        const SInt32 start = insert->startPage();
-        const auto place = isOrdered_
-                               ? std::ranges::upper_bound(pages_, start, {}, StartOf)
-                               : std::ranges::find_if(
-                                     pages_, [&](SInt32 other) { return other > start; }, StartOf);
-        insertAt(static_cast<std::size_t>(place - pages_.begin()), std::move(insert));
+        const std::size_t place = firstBehind(insert->startPage());
+        insertAt(place, std::move(insert));
     }
     return noErr;
 }
@@ -51,8 +39,22 @@ void InsertList::demote(const Insert* insert) {
 }
 
 void InsertList::swapWithNext(CFIndex index) {
-    std::swap(pages_[static_cast<std::size_t>(index)], pages_[static_cast<std::size_t>(index) + 1]);
+    pages_.swap(static_cast<std::size_t>(index), static_cast<std::size_t>(index) + 1);
     isOrdered_ = false;
+}
+
+bool InsertList::isSorted() const {
+    for (std::size_t i = 1; i < pages_.size(); ++i)
+        if (pages_[i].startPage() < pages_[i - 1].startPage()) return false;
+    return true;
+}
+
+std::size_t InsertList::firstBehind(SInt32 page) const {
+    const auto isBefore = [&](const SpecialPage& held) { return held.startPage() <= page; };
+    if (isOrdered_) return pages_.partitionPoint(isBefore);
+    std::size_t i = 0;
+    while (i < pages_.size() && isBefore(pages_[i])) ++i;
+    return i;
 }
 
 }  // namespace kalmo

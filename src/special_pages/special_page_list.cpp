@@ -9,18 +9,17 @@ namespace kalmo {
 SpecialPageList::~SpecialPageList() = default;
 
 SpecialPage* SpecialPageList::pageAtIndex(CFIndex index) const {
-    return index < 0 || index >= count() ? nullptr : pages_[static_cast<std::size_t>(index)].get();
+    return index < 0 || index >= count() ? nullptr : &pages_[static_cast<std::size_t>(index)];
 }
 
 CFIndex SpecialPageList::indexOfPage(const SpecialPage* page) const {
-    const auto found =
-        std::ranges::find_if(pages_, [&](const auto& held) { return held.get() == page; });
-    return found == pages_.end() ? kCFNotFound : found - pages_.begin();
+    const std::size_t index = pages_.indexOf(page);
+    return index == pages_.size() ? kCFNotFound : static_cast<CFIndex>(index);
 }
 
 void SpecialPageList::remove(const SpecialPage* page) {
-    const CFIndex index = indexOfPage(page);
-    if (index != kCFNotFound) pages_.erase(pages_.begin() + index);
+    const std::size_t index = pages_.indexOf(page);
+    if (index < pages_.size()) pages_.take(index);
 }
 
 void SpecialPageList::clear() {
@@ -29,22 +28,20 @@ void SpecialPageList::clear() {
 }
 
 OSStatus SpecialPageList::update(const SpecialPage* old, CFArrayRef replacements) {
-    const CFIndex index = indexOfPage(old);
-    if (index == kCFNotFound) return noErr;
-    const auto position = pages_.begin() + index;
-    auto taken = std::move(*position);
-    pages_.erase(position);
+    const std::size_t index = pages_.indexOf(old);
+    if (index == pages_.size()) return noErr;
+    auto taken = pages_.take(index);
     const OSStatus status = add(replacements);
-    if (status != noErr) insertAt(std::min<std::size_t>(index, pages_.size()), std::move(taken));
+    if (status != noErr) insertAt(std::min(index, pages_.size()), std::move(taken));
     return status;
 }
 
 CFArrayRef SpecialPageList::asTicket() const {
-    if (pages_.empty()) return nullptr;
+    if (count() == 0) return nullptr;
     const CFMutableArrayRef ticket =
         CFArrayCreateMutable(kCFAllocatorDefault, count(), &kCFTypeArrayCallBacks);
-    for (const auto& page : pages_) {
-        const auto dictionary = Owned<CFMutableDictionaryRef>::Adopt(page->asTicket());
+    for (CFIndex i = 0; i < count(); ++i) {
+        const auto dictionary = Owned<CFMutableDictionaryRef>::Adopt(pageAtIndex(i)->asTicket());
         if (dictionary) CFArrayAppendValue(ticket, dictionary.get());
     }
     return ticket;
@@ -52,7 +49,7 @@ CFArrayRef SpecialPageList::asTicket() const {
 
 void SpecialPageList::insertAt(std::size_t position, std::unique_ptr<SpecialPage> page) {
     page->mark_.watch(&isOrdered_);
-    pages_.insert(pages_.begin() + static_cast<CFIndex>(position), std::move(page));
+    pages_.insert(position, std::move(page));
 }
 
 Owned<CFMutableArrayRef> ArrayOfPages(const std::vector<const SpecialPage*>& pages) {

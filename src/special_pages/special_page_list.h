@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "foundation/collections.h"
-#include "special_pages/special_page.h"
+#include "special_pages/page_sequence.h"
 
 namespace kalmo {
 
@@ -44,7 +44,7 @@ protected:
 
     void insertAt(std::size_t position, std::unique_ptr<SpecialPage> page);
 
-    std::vector<std::unique_ptr<SpecialPage>> pages_;
+    PageSequence pages_;
     /// Whether a place can be found by halving; each list says what that takes.
     bool isOrdered_ = true;
 };
@@ -67,6 +67,8 @@ public:
 
 private:
     void swapWithNext(CFIndex index);
+    [[nodiscard]] bool isSorted() const;
+    [[nodiscard]] std::size_t firstBehind(SInt32 page) const;
 };
 
 /// Sorted ranges without overlap: what is added takes its pages from those before. A range whose
@@ -83,7 +85,6 @@ public:
 private:
     [[nodiscard]] ExceptionPage& at(std::size_t index) const;
     [[nodiscard]] bool isSortedAndDisjoint() const;
-    [[nodiscard]] std::size_t firstThatEndsAtOrBehind(SInt32 page) const;
     [[nodiscard]] std::size_t endOfCovered(const ExceptionPage& added, std::size_t first) const;
     void cutOut(std::size_t index, const ExceptionPage& added);
     [[nodiscard]] std::size_t makeRoom(const ExceptionPage& added);

@@ -1,0 +1,66 @@
+#include "special_pages/page_sequence.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kalmo {
+namespace {
+
+constexpr std::size_t kLargestBlock = 512;
+
+}  // namespace
+
+std::size_t PageSequence::indexOf(const SpecialPage* page) const {
+    std::size_t before = 0;
+    for (const Block& block : blocks_) {
+        const auto found =
+            std::ranges::find_if(block, [&](const auto& held) { return held.get() == page; });
+        before += static_cast<std::size_t>(found - block.begin());
+        if (found != block.end()) break;
+    }
+    return before;
+}
+
+void PageSequence::insert(std::size_t index, std::unique_ptr<SpecialPage> page) {
+    seek(index);
+    Block& block = blocks_[block_];
+    block.insert(block.begin() + static_cast<std::ptrdiff_t>(index - before_), std::move(page));
+    ++size_;
+    if (block.size() > kLargestBlock) splitBlock();
+}
+
+std::unique_ptr<SpecialPage> PageSequence::take(std::size_t index) {
+    auto page = std::move(slot(index));
+    Block& block = blocks_[block_];
+    block.erase(block.begin() + static_cast<std::ptrdiff_t>(index - before_));
+    --size_;
+    if (block.empty() && blocks_.size() > 1) {
+        blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(block_));
+        block_ = before_ = 0;
+    }
+    return page;
+}
+
+void PageSequence::erase(std::size_t first, std::size_t end) {
+    // The last of a block goes without a move of others.
+    while (end > first) take(--end);
+}
+
+void PageSequence::clear() { *this = PageSequence(); }
+
+/// Makes the block of `index` the one looked at; that of the last page for one behind it.
+void PageSequence::seek(std::size_t index) const {
+    while (index < before_) before_ -= blocks_[--block_].size();
+    while (index >= before_ + blocks_[block_].size() && block_ + 1 < blocks_.size())
+        before_ += blocks_[block_++].size();
+}
+
+void PageSequence::splitBlock() {
+    Block& full = blocks_[block_];
+    const auto middle = full.begin() + static_cast<std::ptrdiff_t>(full.size() / 2);
+    Block behind(std::make_move_iterator(middle), std::make_move_iterator(full.end()));
+    full.erase(middle, full.end());
+    blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(block_) + 1, std::move(behind));
+}
+
+}  // namespace kalmo
