@@ -27,7 +27,7 @@ States& AllStates() {
 void ReportUserChanges(QWidget& widget) {
     const auto report = [control = &widget] { UserChanged(*control); };
     if (auto* popup = qobject_cast<QComboBox*>(&widget)) {
-        GiveMenu(*popup);
+        if (!popup->isEditable()) GiveMenu(*popup);
         QObject::connect(popup, &QComboBox::activated, popup, report);
     } else if (qobject_cast<MenuButton*>(&widget)) {
         return;  // its menu reports

@@ -52,7 +52,10 @@ void ChooseItem(QWidget& widget, SInt32 value) {
 }
 
 constexpr ValueKind kPopupKind = {
-    [](const QWidget& widget) { return qobject_cast<const QComboBox*>(&widget) != nullptr; },
+    [](const QWidget& widget) {
+        const auto* popup = qobject_cast<const QComboBox*>(&widget);
+        return popup && !popup->isEditable();
+    },
     [](const QWidget& widget) {
         return SInt32{static_cast<const QComboBox&>(widget).currentIndex() + 1};
     },

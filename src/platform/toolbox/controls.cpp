@@ -2,6 +2,7 @@
 #include "toolbox/controls.h"
 
 #include <QAbstractButton>
+#include <QLineEdit>
 
 #include "toolbox/control_index.h"
 #include "toolbox/control_state.h"
@@ -164,7 +165,7 @@ void SetKeyboardFocus(ControlRef control) {
     if (!widget) return;
     widget->setFocus(Qt::OtherFocusReason);
     // Mostly because of what stands there: the next key replaces it.
-    if (auto* const field = qobject_cast<QLineEdit*>(widget)) field->selectAll();
+    if (QLineEdit* const line = LineOf(*widget)) line->selectAll();
 }
 
 void SetControlNeedsDisplay(ControlRef control) {

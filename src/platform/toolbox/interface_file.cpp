@@ -13,6 +13,7 @@
 
 #include "toolbox/angle_dial.h"
 #include "toolbox/color_well.h"
+#include "toolbox/combo_field.h"
 #include "toolbox/control_state.h"
 #include "toolbox/date_time_field.h"
 #include "toolbox/list_widget.h"
@@ -21,6 +22,7 @@
 #include "toolbox/popup_button.h"
 #include "toolbox/qt_strings.h"
 #include "toolbox/spin_arrows.h"
+#include "toolbox/text_area.h"
 #include "toolbox/text_field.h"
 #include "toolbox/user_pane.h"
 #include "toolbox/widget_texts.h"
@@ -76,6 +78,8 @@ constexpr struct {
     {"QLabel", MakeLabel},
     {"QSpinBox", MakeSpinBox},
     {"QLineEdit", Make<TextField>},
+    {"TextArea", Make<TextArea>},
+    {"ComboField", Make<ComboField>},
     {"ListView", Make<ListView>},
     {"QDateTimeEdit", MakeDateTimeField<QDateTimeEdit>},
     {"QDateEdit", MakeDateTimeField<QDateEdit>},

@@ -11,6 +11,7 @@
 #include "toolbox/event_way.h"
 #include "toolbox/qt_strings.h"
 #include "toolbox/raw_keys.h"
+#include "toolbox/text_input.h"
 
 namespace toolbox {
 namespace {
@@ -216,7 +217,12 @@ bool ListView::withoutReports(const Handle& handle) {
 }
 
 bool ListView::event(QEvent* event) {
-    return withoutReports([this, event] { return QTreeView::event(event); });
+    const auto standard = [this, event] {
+        return withoutReports([this, event] { return QTreeView::event(event); });
+    };
+    if (event->type() != QEvent::KeyPress) return standard();
+    SendRawKey(*this, static_cast<QKeyEvent&>(*event), standard);
+    return true;
 }
 
 bool ListView::viewportEvent(QEvent* event) {
@@ -237,15 +243,10 @@ bool ListView::showWholeText(const QHelpEvent& event) {
     return !text.isEmpty();
 }
 
-void ListView::keyPressEvent(QKeyEvent* event) {
-    SendRawKey(*this, *event, [this, event] { pressKey(*event); });
-}
-
 /// Return that opens nothing goes on to the default button.
-void ListView::pressKey(QKeyEvent& event) {
-    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (isReturn && selected_.size() == 1 && open()) return;
-    QTreeView::keyPressEvent(&event);
+void ListView::keyPressEvent(QKeyEvent* event) {
+    if (IsReturn(*event) && selected_.size() == 1 && open()) return;
+    QTreeView::keyPressEvent(event);
 }
 
 void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -258,7 +259,7 @@ bool ListView::open() {
     const QPointer<ListView> self = this;
     sendNews();
     return self && SendEventToControl(ToControl(this), kEventClassList, kEventListItemOpened) !=
-           eventNotHandledErr;
+                       eventNotHandledErr;
 }
 
 }  // namespace toolbox

@@ -44,7 +44,6 @@ private:
     bool withoutReports(const Handle& handle);
     void report();
     void sendNews();
-    void pressKey(QKeyEvent& event);
     [[nodiscard]] bool open();
     [[nodiscard]] bool showWholeText(const QHelpEvent& event);
     void stretchLastColumn();

@@ -25,7 +25,8 @@ Menu* MenuOf(const QWidget& widget) {
 
 QModelIndex ChosenItem(const QWidget& widget) {
     const auto* popup = qobject_cast<const QComboBox*>(&widget);
-    return popup ? popup->model()->index(popup->currentIndex(), 0) : QModelIndex();
+    return popup && MenuOf(widget) ? popup->model()->index(popup->currentIndex(), 0)
+                                   : QModelIndex();
 }
 
 bool IsSeparator(const Menu& menu, int row) {

@@ -1,29 +1,25 @@
 // A field for one line of text that asks before the user changes it.
 #pragma once
 
-#include <QClipboard>
 #include <QLineEdit>
-#include <functional>
+
+#include "toolbox/text_input.h"
 
 namespace toolbox {
 
-/// Whatever the user does to change the text, or Return, first goes out as a text input; what a
-/// field of Qt does then is its standard behaviour. What comes from elsewhere than single keys
-/// holds no control characters: line breaks at its ends are left out, others become spaces.
-class TextField final : public QLineEdit {
+/// What comes from elsewhere than single keys holds no control characters: line breaks at its ends
+/// are left out, others become spaces.
+class TextField final : public QLineEdit, public TextInput {
     Q_OBJECT
 
 public:
-    explicit TextField(QWidget* parent = nullptr);
-
-    /// Sends the input; whether it reached its standard behaviour. The field may be gone then.
-    bool input(const QString& text, const std::function<void()>& standard);
-    /// Likewise; a field that is read only, or an empty clipboard, changes nothing.
-    bool pasteFrom(QClipboard::Mode clipboard);
+    explicit TextField(QWidget* parent = nullptr) : TextField(parent, *this) {}
+    /// The line of `control`, which sends its events.
+    TextField(QWidget* parent, QWidget& control);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void inputMethodEvent(QInputMethodEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override { compose(*event); }
     void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -31,15 +27,12 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    bool insertInput(const QString& text);
-    void pressKey(QKeyEvent& event);
-    void setFocused(bool focused);
-
-    bool focused_ = false;  // also while the window is not the active one
-    QObject focusWatch_;    // goes before the widget, whose end moves the focus
+    [[nodiscard]] State state() const override;
+    [[nodiscard]] QString cleaned(const QString& text) const override;
+    void insertText(const QString& text) override { insert(text); }
+    void standardKey(QKeyEvent& key) override;
+    void standardCompose(QInputMethodEvent& event) override;
+    void edit(Edit command) override;
 };
-
-/// Undo, cut, paste and the like at `place`, in global coordinates.
-void OpenEditMenu(TextField& field, const QPoint& place);
 
 }  // namespace toolbox

@@ -1,13 +1,14 @@
 #include "toolbox/widget_texts.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QRegularExpression>
 #include <cstdio>
 
 #include "toolbox/qt_strings.h"
+#include "toolbox/text_area.h"
 
 namespace toolbox {
 namespace {
@@ -47,8 +48,10 @@ void SetOwnText(QWidget& widget, const QString& text) {
         label->setText(text);
     } else if (auto* box = qobject_cast<QGroupBox*>(&widget)) {
         box->setTitle(text);
-    } else if (auto* field = qobject_cast<QLineEdit*>(&widget)) {
-        field->setText(text);
+    } else if (QLineEdit* line = LineOf(widget)) {
+        line->setText(text);
+    } else if (auto* area = qobject_cast<TextArea*>(&widget)) {
+        area->setPlainText(text);
     } else if (widget.isWindow()) {
         widget.setWindowTitle(text);
     }
@@ -58,8 +61,15 @@ QString OwnText(const QWidget& widget) {
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
     if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text();
     if (const auto* box = qobject_cast<const QGroupBox*>(&widget)) return box->title();
-    if (const auto* field = qobject_cast<const QLineEdit*>(&widget)) return field->text();
+    if (const QLineEdit* line = LineOf(widget)) return line->text();
+    if (const auto* area = qobject_cast<const TextArea*>(&widget)) return area->text();
     return widget.isWindow() ? widget.windowTitle() : QString();
+}
+
+QLineEdit* LineOf(const QWidget& widget) {
+    const auto* const combo = qobject_cast<const QComboBox*>(&widget);
+    if (combo) return combo->lineEdit();
+    return const_cast<QLineEdit*>(qobject_cast<const QLineEdit*>(&widget));
 }
 
 void ApplyTexts(QWidget& widget, CFBundleRef bundle) {

@@ -1,13 +1,21 @@
-// Text fields: what the user would change comes to the handlers first.
+// Fields: what the user would change comes to the handlers first.
 
 #include "interface.h"
 #include "support/modal_driver.h"
+#include "toolbox/combo_box.h"
+#include "toolbox/menus.h"
 #include "toolbox/qt_strings.h"
 
 namespace kalmo::test {
 namespace {
 
-void ChooseDelete(QLineEdit& field) {
+/// The widget of Qt's that the mouse meets.
+QWidget& Inner(QWidget& field) {
+    if (auto* const combo = qobject_cast<QComboBox*>(&field)) return *combo->lineEdit();
+    return field;
+}
+
+void ChooseDelete(QWidget& field) {
     QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(&field, &event);
     for (QAction* action : field.findChild<QMenu*>()->actions()) {
@@ -16,102 +24,200 @@ void ChooseDelete(QLineEdit& field) {
     delete field.findChild<QMenu*>();
 }
 
-void Drop(QLineEdit& field) {
+void Drop(QWidget& field) {
     QMimeData data;
-    data.setText("d\n");
+    data.setText("d\v");
     QDropEvent event({0, 0}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    static_cast<QObject&>(field).event(&event);  // no drag is running
+    struct Area final : QPlainTextEdit {
+        using QPlainTextEdit::dropEvent;
+    };
+    // No drag is running.
+    if (auto* const area = qobject_cast<QPlainTextEdit*>(&field)) {
+        (area->*&Area::dropEvent)(&event);
+    } else {
+        static_cast<QObject&>(Inner(field)).event(&event);
+    }
 }
 
-void Compose(QLineEdit& field) {
+void Compose(QWidget& field) {
     QInputMethodEvent event("k", {});
     event.setCommitString("ka");
     QApplication::sendEvent(&field, &event);
 }
 
+void Activate(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+struct FieldKind {
+    const char* name;
+    QString pasted;
+};
+
 /// A field and a default button; the field's handler calls the rest unless it refuses.
-class TextFields : public testing::Test {
+class Fields : public testing::TestWithParam<FieldKind> {
 protected:
     void SetUp() override {
         InstallPresence(WindowPresence());
         ASSERT_EQ(interface.open(), noErr);
-        InstallControlEventHandler(interface.control(1), Handle, 2, kTypes, this, nullptr);
-        field = interface.widget<QLineEdit>(1);
+        control = interface.control(1);
+        InstallControlEventHandler(control, Handle, 3, kTypes, this, nullptr);
+        field = interface.widget(1);
     }
     void TearDown() override { InstallPresence(UnattendedPresence()); }
 
     static OSStatus Handle(EventHandlerCallRef next, EventRef event, void* data) {
-        auto* const self = static_cast<TextFields*>(data);
+        auto* const self = static_cast<Fields*>(data);
         if (GetEventClass(event) == kEventClassControl) {
             self->record += GetEventHasFocus(event) ? "+" : "-";
             return eventNotHandledErr;
         }
+        if (GetEventClass(event) == kEventClassKeyboard) {
+            const QChar character(GetEventKeyCharacter(event));
+            if (character.isNull()) return eventNotHandledErr;
+            self->keys += GetEventHasControlKey(event) ? QString("^") + character : character;
+            return self->swallowed == character ? noErr : eventNotHandledErr;
+        }
         self->record += toolbox::ToQString(GetEventText(event));
         if (self->refuses) return noErr;
         EXPECT_EQ(CallNextEventHandler(next, event), noErr);
-        self->after = self->field->text();
+        self->after = self->text();
         return eventNotHandledErr;
     }
 
+    [[nodiscard]] QString text() const {
+        return QString::fromStdString(TakeText(CopyControlTitleAsCFString(control)));
+    }
+
     static constexpr EventTypeSpec kTypes[] = {{kEventClassTextInput, kEventTextInput},
-                                               {kEventClassControl, kEventControlSetFocusPart}};
+                                               {kEventClassControl, kEventControlSetFocusPart},
+                                               {kEventClassKeyboard, kEventRawKeyDown}};
     Interface interface {
-        WindowFile(WidgetText("QLineEdit", 1) +
+        WindowFile(WidgetText(GetParam().name, 1) +
                    WidgetText("QPushButton", 2,
                               "<property name=\"default\"><bool>true</bool></property>"))
     };
-    QLineEdit* field = nullptr;
+    ControlRef control = nullptr;
+    QWidget* field = nullptr;
     bool refuses = false;
-    QString record, after;
+    QChar swallowed = u'~';
+    QString record, after, keys;
 };
 
-TEST_F(TextFields, EveryInputComesBeforeItChangesTheText) {
+INSTANTIATE_TEST_SUITE_P(, Fields,
+                         testing::Values(FieldKind{"QLineEdit", "1 2"},
+                                         FieldKind{"ComboField", "1 2"},
+                                         FieldKind{"TextArea", "\n1\n2\n"}),
+                         [](const auto& kind) { return std::string(kind.param.name); });
+
+TEST_P(Fields, EveryInputComesBeforeItChangesTheText) {
     QGuiApplication::clipboard()->setText("\n1\r\n2\n");
+    const QString& pasted = GetParam().pasted;
     const struct {
         QString seen, after;
-        void (*act)(QLineEdit&);
+        void (*act)(QWidget&);
     } rows[] = {
-        {"1 2", "a1 2c", [](auto& line) { QTest::keySequence(&line, QKeySequence::Paste); }},
-        {"\b", "ac", [](auto& line) { QTest::keySequence(&line, QKeySequence::Cut); }},
-        {"x", "axc", [](auto& line) { QTest::keyClick(&line, 'x'); }},
-        {"\x7f", "ac", ChooseDelete},
-        {"d", "dabc", Drop},
+        {pasted, "a" + pasted + "c", [](auto& w) { QTest::keySequence(&w, QKeySequence::Paste); }},
+        {"\b", "ac", [](auto& w) { QTest::keySequence(&w, QKeySequence::Cut); }},
+        {"x", "axc", [](auto& w) { QTest::keyClick(&w, 'x'); }},
+        {"\x7f", "ac", [](auto& w) { ChooseDelete(Inner(w)); }},
+        {"d ", "d abc", Drop},
         {"ka", "akac", Compose},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.seen.toStdString());
         for (const bool refused : {true, false}) {
-            refuses = refused;
-            field->setText("abc");
-            field->setSelection(1, 1);
+            SetControlTitleWithCFString(control, CFSTR("abc"));
+            SetControlTextSelection(control, {1, 1});
+            EXPECT_EQ(GetControlTextSelection(control).location, 1);
             record.clear();
+            refuses = refused;
             row.act(*field);
             EXPECT_EQ(record, row.seen);
-            EXPECT_EQ(field->text(), refused ? "abc" : row.after);
+            EXPECT_EQ(text(), refused ? "abc" : row.after);
         }
         EXPECT_EQ(after, row.after) << "done when the rest has been called";
     }
 }
 
-TEST_F(TextFields, FocusIsToldOnceAndNotWhenOnlyTheWindowSleeps) {
-    const auto activate = [](QWidget& window) {
-        window.show();
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    };
-    SetKeyboardFocus(interface.control(1));
-    activate(*interface.windowWidget());
+TEST_P(Fields, FocusIsToldOnceAndNotWhenOnlyTheWindowSleeps) {
+    SetKeyboardFocus(control);
+    Activate(*interface.windowWidget());
     QWidget other;
-    activate(other);
-    activate(*interface.windowWidget());
+    Activate(other);
+    Activate(*interface.windowWidget());
     EXPECT_EQ(record, "+");
     SetKeyboardFocus(interface.control(2));
-    SetKeyboardFocus(interface.control(1));
+    SetKeyboardFocus(control);
     EXPECT_EQ(record, "+-+");
-    activate(other);
+    Activate(other);
     SetKeyboardFocus(interface.control(2));
-    activate(*interface.windowWidget());
+    Activate(*interface.windowWidget());
     EXPECT_EQ(record, "+-+-") << "late, but told";
+}
+
+/// Raw keys, from the fields that send them.
+using Keys = Fields;
+INSTANTIATE_TEST_SUITE_P(, Keys,
+                         testing::Values(FieldKind{"ComboField", "a"},
+                                         FieldKind{"TextArea", "\na"}),
+                         [](const auto& kind) { return std::string(kind.param.name); });
+
+TEST_P(Keys, ComeRawBeforeTheyAreInput) {
+    Activate(*interface.windowWidget());
+    field->setFocus();
+    record.clear();
+    SetControlTitleWithCFString(control, CFSTR("a"));
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(text(), GetParam().pasted);
+    swallowed = u'x';
+    for (const char key : {'x', 'Y'}) QTest::keyClick(field, key);
+    QTest::keySequence(field, QKeySequence::Undo);
+    EXPECT_EQ(keys, "\rxY^z");
+    EXPECT_EQ(record, QString("\rY") + QChar(26));
+    QTest::keyClick(field, Qt::Key_Tab);
+    EXPECT_TRUE(interface.widget(2)->hasFocus());
+}
+
+class ComboFields : public Fields {
+protected:
+    void append(std::initializer_list<const char*> texts) const {
+        for (const char* text : texts) EXPECT_EQ(AppendComboBoxItem(control, String(text)), noErr);
+    }
+    [[nodiscard]] QComboBox& combo() const { return *qobject_cast<QComboBox*>(field); }
+};
+INSTANTIATE_TEST_SUITE_P(, ComboFields, testing::Values(FieldKind{"ComboField", ""}));
+
+TEST_P(ComboFields, OnlyAChoiceInTheListIsAHit) {
+    std::string hits;
+    Recorder recorder{'h', &hits};
+    InstallControlEventHandler(control, Recorder::Handle, 1, &kHit, &recorder, nullptr);
+    append({"One", "Two", "Two"});
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(CountComboBoxItems(control), 3);
+    EXPECT_EQ(TakeText(CopyComboBoxItem(control, 2)) + TakeText(CopyComboBoxItem(control, 4)),
+              "Two(null)");
+    EXPECT_EQ(GetControlPopupMenu(control), nullptr);
+    Activate(*interface.windowWidget());
+    SetKeyboardFocus(control);
+    QTest::keyClicks(field, "two");
+    EXPECT_EQ(text(), "two") << "neither completed nor taken for an item";
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_F4}) {
+        QTest::keyClick(field, key);
+        EXPECT_TRUE(combo().view()->isVisible());
+        EXPECT_EQ(text(), "two");
+        combo().hidePopup();
+    }
+    SetControlTitleWithCFString(control, CFSTR("Two"));
+    SetKeyboardFocus(interface.control(2));
+    EXPECT_EQ(hits, "");
+    SetKeyboardFocus(control);
+    QTest::keyClick(field, Qt::Key_Down, Qt::AltModifier);
+    QTest::keyClick(combo().view(), Qt::Key_Up);
+    QTest::keyClick(combo().view(), Qt::Key_Return);
+    EXPECT_EQ(text().toStdString() + hits, "Oneh");
 }
 
 }  // namespace
