@@ -168,6 +168,17 @@ void SetKeyboardFocus(ControlRef control) {
     if (QLineEdit* const line = LineOf(*widget)) line->selectAll();
 }
 
+Boolean HasKeyboardFocus(ControlRef control) {
+    QWidget* const widget = ToWidget(control);
+    QWidget* const focused = widget ? widget->window()->focusWidget() : nullptr;
+    return focused && (focused == widget || widget->isAncestorOf(focused));
+}
+
+void ClearKeyboardFocus(WindowRef window) {
+    QWidget* const widget = ToWidget(window);
+    if (QWidget* const focused = widget ? widget->focusWidget() : nullptr) focused->clearFocus();
+}
+
 void SetControlNeedsDisplay(ControlRef control) {
     if (QWidget* const widget = ToWidget(control)) widget->update();
 }

@@ -129,6 +129,11 @@ void EnableControl(ControlRef control);
 void DisableControl(ControlRef control);
 [[nodiscard]] Boolean IsControlEnabled(ControlRef control);
 void SetKeyboardFocus(ControlRef control);
+/// Whether the control, or one in it, has its window's keyboard focus; the window itself need not
+/// be the active one.
+[[nodiscard]] Boolean HasKeyboardFocus(ControlRef control);
+/// No control of the window has the focus then; what was being composed is entered before.
+void ClearKeyboardFocus(WindowRef window);
 /// Asks for a 'cntl' draw event soon.
 void SetControlNeedsDisplay(ControlRef control);
 /// Acts as if the user had pressed the control: its value changes and a hit is sent.
