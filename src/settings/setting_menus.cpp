@@ -24,8 +24,7 @@ void AppendRow(CFBundleRef bundle, MenuRef menu, const SettingMap& row, JobConte
 
 /// Inserts the remembered inputs that are strings; their number.
 SInt32 InsertHistory(MenuRef menu, const HistoryItems& history) {
-    const auto preferences = Owned<CFDictionaryRef>::Adopt(
-        CopyUserPreferences(CFSTR("com.kalmo.print.inputhistory.plist")));
+    const auto preferences = Owned<CFDictionaryRef>::Adopt(CopyUserPreferences(kInputHistoryFile));
     const auto inputs = ValueOfType<CFArrayRef>(
         CFDictionaryGetValue(preferences, history.historyKey), CFArrayGetTypeID());
     UInt16 inserted = 0;

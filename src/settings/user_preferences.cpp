@@ -28,12 +28,16 @@ CFURLRef CopyPreferenceFileURL(CFStringRef name) {
     return Append(folder, name, false).detach();
 }
 
-CFMutableDictionaryRef CopyUserPreferences(CFStringRef name) {
+CFMutableDictionaryRef CopyStoredUserPreferences(CFStringRef name) {
     const auto url = CopyFileInPreferences(name);
     const auto read = Owned<CFTypeRef>::Adopt(CreateMutablePropertiesFromXMLFile(url));
     const auto stored = ValueOfType<CFMutableDictionaryRef>(read, CFDictionaryGetTypeID());
-    return stored ? Owned<CFMutableDictionaryRef>::Retain(stored).detach()
-                  : CFDictionaryCreateMutable(kCFAllocatorDefault, 0);
+    return Owned<CFMutableDictionaryRef>::Retain(stored).detach();
+}
+
+CFMutableDictionaryRef CopyUserPreferences(CFStringRef name) {
+    const CFMutableDictionaryRef stored = CopyStoredUserPreferences(name);
+    return stored ? stored : CFDictionaryCreateMutable(kCFAllocatorDefault, 0);
 }
 
 bool WriteUserPreferences(CFStringRef name, CFDictionaryRef preferences) {
