@@ -46,4 +46,12 @@ Rect CentredIn(const Rect& outer, const Rect& inner) {
     return {.top = top, .left = left, .bottom = top + height, .right = left + width};
 }
 
+void EmbedCentred(ControlRef inner, ControlRef outer) {
+    Rect place, room;
+    GetControlBounds(inner, &place);
+    GetControlBounds(outer, &room);
+    SetControlBounds(inner, CentredIn(room, place));
+    EmbedControl(inner, outer);
+}
+
 }  // namespace kalmo

@@ -29,5 +29,7 @@ OSStatus AppendSections(ControlRef pane, const PanelSource& source,
 
 /// Where `inner` stands when centred in `outer`, never left of or above its edge.
 [[nodiscard]] Rect CentredIn(const Rect& outer, const Rect& inner);
+/// Embeds `inner` there, at the size it has.
+void EmbedCentred(ControlRef inner, ControlRef outer);
 
 }  // namespace kalmo

@@ -23,11 +23,6 @@ Rect BoundsOf(ControlRef control) {
     return bounds;
 }
 
-void EmbedCentred(ControlRef inner, ControlRef outer) {
-    SetControlBounds(inner, CentredIn(BoundsOf(outer), BoundsOf(inner)));
-    EmbedControl(inner, outer);
-}
-
 /// Takes the pane out of its window, which goes away with what is left in it.
 OSStatus UnpackShellPane(PDEShellContext& shell) {
     NibHolder nib;
