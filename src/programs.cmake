@@ -4,7 +4,7 @@ set(bundle ${CMAKE_BINARY_DIR}/KalmoFeatures.plugin)
 
 # Static libraries would be left out of the module, since nobody calls a panel by name: all objects go in.
 set(plugin_objects)
-foreach(folder shell_base settings controls stock watermark special_pages fax image_options paper_output shell)
+foreach(folder shell_base settings controls stock watermark job_notes special_pages fax image_options paper_output shell)
   get_target_property(type ${folder} TYPE)
   if(type STREQUAL "STATIC_LIBRARY")
     list(APPEND plugin_objects $<TARGET_OBJECTS:${folder}>)

@@ -49,7 +49,9 @@ std::map<std::string, std::string> UsedKeys() {
         }
         for (const std::regex& pattern : {descriptions, titles})
             for (const std::string& key : Matches(text, pattern)) used[key] = file;
-        if (file.filename() == "setting_maps.cpp" || file.filename() == "saved_job_dialog.cpp") {
+        const std::set<std::string> withMaps = {"setting_maps.cpp", "saved_job_dialog.cpp",
+                                                "job_notes_controls.cpp"};
+        if (withMaps.contains(file.filename())) {
             for (const std::string& key : Matches(text, rows)) used[Unescaped(key)] = file;
         }
         // Menus and summaries of finishing: the key stands behind a feature, before a command, or
