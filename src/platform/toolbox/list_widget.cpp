@@ -165,7 +165,8 @@ void ListView::selectItems(const std::vector<ListItem>& items) {
         taken.insert(item);
         selected.push_back(item);
     }
-    selectionModel()->select(SelectionOf(selected, *model_), QItemSelectionModel::ClearAndSelect);
+    selectionModel()->clearSelection();  // Qt compares each old range with each new one
+    selectionModel()->select(SelectionOf(selected, *model_), QItemSelectionModel::Select);
     if (!selected.empty() && !taken.contains(currentItem())) {
         standOn(model_->rowOf(selected.front()));
     }

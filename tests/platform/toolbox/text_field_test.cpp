@@ -53,7 +53,7 @@ void Activate(QWidget& window) {
 
 struct FieldKind {
     const char* name;
-    QString pasted;
+    QString pasted, keys, inputs;
 };
 
 /// A field and a default button; the field's handler calls the rest unless it refuses.
@@ -107,9 +107,9 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(, Fields,
-                         testing::Values(FieldKind{"QLineEdit", "1 2"},
-                                         FieldKind{"ComboField", "1 2"},
-                                         FieldKind{"TextArea", "\n1\n2\n"}),
+                         testing::Values(FieldKind{"QLineEdit", "1 2", "", "\rxY"},
+                                         FieldKind{"ComboField", "1 2", "\rxY^z", "\rY"},
+                                         FieldKind{"TextArea", "\n1\n2\n", "\rxY^z", "\rY"}),
                          [](const auto& kind) { return std::string(kind.param.name); });
 
 TEST_P(Fields, EveryInputComesBeforeItChangesTheText) {
@@ -158,66 +158,48 @@ TEST_P(Fields, FocusIsToldOnceAndNotWhenOnlyTheWindowSleeps) {
     EXPECT_EQ(record, "+-+-") << "late, but told";
 }
 
-/// Raw keys, from the fields that send them.
-using Keys = Fields;
-INSTANTIATE_TEST_SUITE_P(, Keys,
-                         testing::Values(FieldKind{"ComboField", "a"},
-                                         FieldKind{"TextArea", "\na"}),
-                         [](const auto& kind) { return std::string(kind.param.name); });
-
-TEST_P(Keys, ComeRawBeforeTheyAreInput) {
+TEST_P(Fields, KeysComeRawBeforeTheyAreInput) {
     Activate(*interface.windowWidget());
-    field->setFocus();
+    SetKeyboardFocus(control);
     record.clear();
-    SetControlTitleWithCFString(control, CFSTR("a"));
-    QTest::keyClick(field, Qt::Key_Return);
-    EXPECT_EQ(text(), GetParam().pasted);
     swallowed = u'x';
+    QTest::keyClick(field, Qt::Key_Return);
     for (const char key : {'x', 'Y'}) QTest::keyClick(field, key);
     QTest::keySequence(field, QKeySequence::Undo);
-    EXPECT_EQ(keys, "\rxY^z");
-    EXPECT_EQ(record, QString("\rY") + QChar(26));
+    EXPECT_EQ(keys, GetParam().keys);
+    EXPECT_EQ(record, GetParam().inputs + QChar(26));
     QTest::keyClick(field, Qt::Key_Tab);
     EXPECT_TRUE(interface.widget(2)->hasFocus());
 }
 
-class ComboFields : public Fields {
-protected:
-    void append(std::initializer_list<const char*> texts) const {
-        for (const char* text : texts) EXPECT_EQ(AppendComboBoxItem(control, String(text)), noErr);
-    }
-    [[nodiscard]] QComboBox& combo() const { return *qobject_cast<QComboBox*>(field); }
-};
-INSTANTIATE_TEST_SUITE_P(, ComboFields, testing::Values(FieldKind{"ComboField", ""}));
-
-TEST_P(ComboFields, OnlyAChoiceInTheListIsAHit) {
+TEST(ComboFields, OnlyAChoiceInTheListIsAHit) {
+    Interface interface(WindowFile(WidgetText("ComboField", 1)));
+    ASSERT_EQ(interface.open(), noErr);
+    const ControlRef control = interface.control(1);
+    auto& combo = *interface.widget<QComboBox>(1);
+    const auto text = [&] { return TakeText(CopyControlTitleAsCFString(control)); };
     std::string hits;
     Recorder recorder{'h', &hits};
     InstallControlEventHandler(control, Recorder::Handle, 1, &kHit, &recorder, nullptr);
-    append({"One", "Two", "Two"});
-    EXPECT_EQ(text(), "");
-    EXPECT_EQ(CountComboBoxItems(control), 3);
-    EXPECT_EQ(TakeText(CopyComboBoxItem(control, 2)) + TakeText(CopyComboBoxItem(control, 4)),
-              "Two(null)");
+    for (const char* item : {"One", "Two"}) AppendComboBoxItem(control, String(item));
+    EXPECT_EQ(text() + TakeText(CopyComboBoxItem(control, 2)), "Two");
+    EXPECT_EQ(CopyComboBoxItem(control, CountComboBoxItems(control) + 1), nullptr);
     EXPECT_EQ(GetControlPopupMenu(control), nullptr);
     Activate(*interface.windowWidget());
-    SetKeyboardFocus(control);
-    QTest::keyClicks(field, "two");
-    EXPECT_EQ(text(), "two") << "neither completed nor taken for an item";
+    QTest::keyClicks(&combo, "Tw");
     for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_F4}) {
-        QTest::keyClick(field, key);
-        EXPECT_TRUE(combo().view()->isVisible());
-        EXPECT_EQ(text(), "two");
-        combo().hidePopup();
+        QTest::keyClick(&combo, key);
+        EXPECT_TRUE(combo.view()->isVisible());
+        combo.hidePopup();
     }
-    SetControlTitleWithCFString(control, CFSTR("Two"));
-    SetKeyboardFocus(interface.control(2));
-    EXPECT_EQ(hits, "");
-    SetKeyboardFocus(control);
-    QTest::keyClick(field, Qt::Key_Down, Qt::AltModifier);
-    QTest::keyClick(combo().view(), Qt::Key_Up);
-    QTest::keyClick(combo().view(), Qt::Key_Return);
-    EXPECT_EQ(text().toStdString() + hits, "Oneh");
+    EXPECT_EQ(text(), "Tw") << "neither completed nor replaced";
+    QTest::keyClick(&combo, 'o');
+    combo.clearFocus();
+    EXPECT_EQ(hits, "") << "typed, not chosen";
+    QTest::keyClick(&combo, Qt::Key_Down, Qt::AltModifier);
+    QTest::keyClick(combo.view(), Qt::Key_Up);
+    QTest::keyClick(combo.view(), Qt::Key_Return);
+    EXPECT_EQ(text() + hits, "Oneh");
 }
 
 }  // namespace
