@@ -391,6 +391,62 @@ def papers():
         path("M44 5v12h12z", PAPER) + line("M23 22l9 -9M23 33l17 -17", PAPER, 3))
 
 
+# Special pages: three sheets behind each other, and layers that are drawn over one another.
+
+NEAR, MIDDLE, FAR = (3, 24), (19, 14), (35, 4)
+COVER, INSERTED = PAPER_COLORS["Blue"][0], PAPER_COLORS["Yellow"][0]
+
+
+def leaf(place, fill, content=""):
+    return box(*place, 26, 36, fill, 0) + content
+
+
+def written(place, digit=""):
+    x, y = place
+    return leaf(place, PAPER, word(digit, x + 18, y + 18, 12, INK, 2.4) if digit else
+                text_lines(x + 6, y + 9, (14, 10, 14), step=8))
+
+
+def cover_print(place):
+    x, y = place
+    return disc(x + 19, y + 9, 3.5, ORANGE) + text_lines(x + 17, y + 20, (5, 5), BLUE)
+
+
+def inserted(place, several):
+    x, y = place
+    behind = ((x + 6, y - 6), (x + 3, y - 3)) if several else ()
+    return "".join(leaf(at, INSERTED) for at in (*behind, place))
+
+
+def special_pages():
+    yield "Pages", "The job's pages", leaf((22, 11), SHADE) + written(MIDDLE)
+    for name, place in (("Front", NEAR), ("Back", FAR)):
+        yield name + "Blank", f"{name} cover", leaf(place, COVER)
+        yield name + "Printed", f"Printed {name.lower()} cover", leaf(place, COVER,
+                                                                      cover_print(place))
+    for several, name in enumerate(("Insert", "Inserts")):
+        yield name + "After", f"{name} after a page", (
+            written(FAR) + inserted(MIDDLE, several) + written(NEAR))
+        yield name + "Before", f"{name} before page 1", (
+            written(FAR, "2") + written(MIDDLE, "1") + inserted(NEAR, several))
+    yield "Exception", "Sides as in the job", sheet(10, 3, 32, 42) + text_lines(16, 15,
+                                                                                (12, 20, 20, 12))
+    yield "OneSided", "One side", box(10, 3, 32, 42, PAPER, 1) + word("1", 26, 24, 18, INK, 3)
+    yield "TwoSided", "Both sides, turned like a book", (
+        numbered(2, 8, 23, 34, "2") + numbered(25, 8, 23, 34, "1") + line("M25 4v42", ORANGE, 3))
+    yield "TwoSidedFlip", "Both sides, turned like a calendar", (
+        numbered(8, 2, 34, 22, "2") + numbered(8, 24, 34, 22, "1") + line("M4 24h42", ORANGE, 3))
+    yield "ShiftSame", "Moved alike", (
+        disc(50, 50, 12, PAPER) + line("M44 56l11 -11m-8 0h8v8", ORANGE, 4))
+    yield "ShiftApart", "Moved apart", (
+        disc(53, 32, 10, PAPER) + line("M49 36l7 -7m-6 0h6v6", ORANGE, 4) +
+        disc(50, 53, 10, BLUE) + line("M46 53h8m-4 -4l4 4l-4 4", PAPER, 4))
+    rays = ("M13 41v-1M13 63v-1M2 52h1M23 52h1"
+            "M5 44l.5 .5M20.5 59.5l.5 .5M5 60l.5 -.5M20.5 44.5l.5 -.5")
+    yield "Lighter", "Lighter", disc(13, 52, 7, PAPER) + line(rays, ORANGE, 3)
+    yield "Darker", "Darker", disc(13, 52, 9, INK, PAPER)
+
+
 # The About box.
 
 BRAND = {
@@ -445,6 +501,8 @@ def pictures():
             yield prefix + name, title, shapes
     for name, title, shapes in staples_and_holes():
         yield "OfficeFinishing_" + name, title, shapes
+    for name, title, shapes in special_pages():
+        yield "SpecialPages_" + name, title, shapes
     yield from papers()
 
 

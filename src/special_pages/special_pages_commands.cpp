@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "settings/ticket.h"
+#include "settings/ticket_keys.h"
 #include "shell/base/notices.h"
 #include "special_pages/special_page_dialogs.h"
 #include "special_pages/special_pages_panel.h"
@@ -47,6 +49,13 @@ bool CanMove(const Context& context, const std::vector<SpecialPage*>& selected,
     if (selected.empty()) return false;
     const auto* const last = dynamic_cast<const Insert*>(selected.back());
     return last && can(*context.model.now.inserts, last);
+}
+
+bool IsTwoSided(const Context& context) {
+    constexpr SInt32 kOneSided = 1;
+    SInt32 sides = kOneSided;
+    PPDGetTicketValueForChoiceOrDefault(context.ppd, context.ticket, CFSTR("Duplex"), &sides);
+    return sides > kOneSided;
 }
 
 /// False when the dialog was cancelled.
@@ -161,6 +170,8 @@ void UpdateSpecialPagesCommandButtons() {
 void UpdateSpecialPagesUI(_SpecialPagesContext* context) {
     if (!context) return;
     context->model.hasLayout = HasLayout(context->ticket);
+    context->model.isBooklet = FlagInTicket(context->ticket, kBookletLayoutKey);
+    context->model.isTwoSided = IsTwoSided(*context);
     if (!context->list) return;
     for (const SInt32 id : {kAddInsertsID, kAddExceptionsID})
         Enable(*context, id, !context->model.hasLayout);

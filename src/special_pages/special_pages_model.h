@@ -26,6 +26,10 @@ struct SpecialPagesModel {
     std::unique_ptr<Stock> jobStock;  // null: unknown
     /// Two pages or more share a side, or lie as a booklet.
     bool hasLayout = false;
+    /// Both covers are one sheet.
+    bool isBooklet = false;
+    /// Covers that are printed are printed on both sides.
+    bool isTwoSided = false;
     /// After a dialog changed something.
     std::function<void()> changed;
 
