@@ -7,6 +7,8 @@ namespace {
 
 bool HasPages(const ExceptionPage& range) { return range.startPage() <= range.endPage(); }
 
+SInt32 EndOf(const SpecialPage& page) { return static_cast<const ExceptionPage&>(page).endPage(); }
+
 /// Whether nothing is left of `old`.
 bool Covers(const ExceptionPage& added, const ExceptionPage& old) {
     return added.startPage() <= std::min(old.startPage(), old.endPage()) &&
@@ -26,6 +28,8 @@ ExceptionPage* ExceptionPageList::pageAtIndex(CFIndex index) const {
 OSStatus ExceptionPageList::add(CFArrayRef pages) {
     if (!isOrdered_) isOrdered_ = isSortedAndDisjoint();
     for (auto& exception : ClonesOf<ExceptionPage>(pages)) place(std::move(exception));
+    // Until the next time anyone may change them.
+    if (!isOrdered_) pages_.forgetKeys();
     return noErr;
 }
 
@@ -62,13 +66,13 @@ void ExceptionPageList::cutOut(std::size_t index, const ExceptionPage& added) {
 /// Takes the pages of `added` from the others; where it belongs.
 std::size_t ExceptionPageList::makeRoom(const ExceptionPage& added) {
     const auto endsBefore = [&](const SpecialPage& held) {
-        return static_cast<const ExceptionPage&>(held).endPage() < added.startPage();
+        return EndOf(held) < added.startPage();
     };
     std::size_t i = isOrdered_ ? pages_.partitionPoint(endsBefore) : 0;
     while (i < pages_.size()) {
         ExceptionPage& old = at(i);
         if (added.startPage() > old.endPage()) {
-            ++i;
+            i = pages_.firstReaching(i + 1, added.startPage(), EndOf);
         } else if (added.startPage() > old.startPage()) {
             if (HasPages(added)) cutOut(i, added);
             ++i;

@@ -14,9 +14,9 @@ std::size_t PageSequence::indexOf(const SpecialPage* page) const {
     std::size_t before = 0;
     for (const Block& block : blocks_) {
         const auto found =
-            std::ranges::find_if(block, [&](const auto& held) { return held.get() == page; });
-        before += static_cast<std::size_t>(found - block.begin());
-        if (found != block.end()) break;
+            std::ranges::find_if(block.pages, [&](const auto& held) { return held.get() == page; });
+        before += static_cast<std::size_t>(found - block.pages.begin());
+        if (found != block.pages.end()) break;
     }
     return before;
 }
@@ -24,17 +24,19 @@ std::size_t PageSequence::indexOf(const SpecialPage* page) const {
 void PageSequence::insert(std::size_t index, std::unique_ptr<SpecialPage> page) {
     seek(index);
     Block& block = blocks_[block_];
-    block.insert(block.begin() + static_cast<std::ptrdiff_t>(index - before_), std::move(page));
+    block.pages.insert(block.pages.begin() + static_cast<std::ptrdiff_t>(index - before_),
+                       std::move(page));
+    block.largestKey.reset();
     ++size_;
-    if (block.size() > kLargestBlock) splitBlock();
+    if (block.pages.size() > kLargestBlock) splitBlock();
 }
 
 std::unique_ptr<SpecialPage> PageSequence::take(std::size_t index) {
     auto page = std::move(slot(index));
-    Block& block = blocks_[block_];
-    block.erase(block.begin() + static_cast<std::ptrdiff_t>(index - before_));
+    auto& pages = blocks_[block_].pages;
+    pages.erase(pages.begin() + static_cast<std::ptrdiff_t>(index - before_));
     --size_;
-    if (block.empty() && blocks_.size() > 1) {
+    if (pages.empty() && blocks_.size() > 1) {
         blocks_.erase(blocks_.begin() + static_cast<std::ptrdiff_t>(block_));
         block_ = before_ = 0;
     }
@@ -46,19 +48,24 @@ void PageSequence::erase(std::size_t first, std::size_t end) {
     while (end > first) take(--end);
 }
 
+void PageSequence::forgetKeys() {
+    for (Block& block : blocks_) block.largestKey.reset();
+}
+
 void PageSequence::clear() { *this = PageSequence(); }
 
 /// Makes the block of `index` the one looked at; that of the last page for one behind it.
 void PageSequence::seek(std::size_t index) const {
-    while (index < before_) before_ -= blocks_[--block_].size();
-    while (index >= before_ + blocks_[block_].size() && block_ + 1 < blocks_.size())
-        before_ += blocks_[block_++].size();
+    while (index < before_) before_ -= blocks_[--block_].pages.size();
+    while (index >= before_ + blocks_[block_].pages.size() && block_ + 1 < blocks_.size())
+        before_ += blocks_[block_++].pages.size();
 }
 
 void PageSequence::splitBlock() {
-    Block& full = blocks_[block_];
+    auto& full = blocks_[block_].pages;
     const auto middle = full.begin() + static_cast<std::ptrdiff_t>(full.size() / 2);
-    Block behind(std::make_move_iterator(middle), std::make_move_iterator(full.end()));
+    Block behind;
+    behind.pages.assign(std::make_move_iterator(middle), std::make_move_iterator(full.end()));
     full.erase(middle, full.end());
     blocks_.insert(blocks_.begin() + static_cast<std::ptrdiff_t>(block_) + 1, std::move(behind));
 }

@@ -1,6 +1,7 @@
 // Inserts and exceptions find their places, in lists in any state; one step back.
 #include "special_pages/special_page_list.h"
 
+#include <deque>
 #include <random>
 
 #include "special_pages/special_pages_model.h"
@@ -43,12 +44,12 @@ void WalkAndAdd(Ranges& list, Range added) {
 void Add(SpecialPageList& list, const SpecialPage& page) {
     EXPECT_EQ(list.add(ArrayOfPages({&page})), noErr);
 }
-void Add(ExceptionPageList& list, const Range& range) {
+ExceptionPage Exception(const Range& range) {
     ExceptionPage page;
     page.setStartPage(range.start);
     page.setEndPage(range.end);
     page.setLightenDarken(range.setting);
-    Add(static_cast<SpecialPageList&>(list), page);
+    return page;
 }
 Ranges RangesOf(const ExceptionPageList& list) {
     Ranges ranges;
@@ -66,7 +67,7 @@ TEST(ExceptionPageList, NewestRangeWinsOnEveryPage) {
         for (SInt32 setting = 0; setting < 3000; ++setting) {
             const std::size_t start = random() % kPages + 1;
             const std::size_t end = std::min(start + random() % longest, kPages);
-            Add(list, {static_cast<SInt32>(start), static_cast<SInt32>(end), setting});
+            Add(list, Exception({static_cast<SInt32>(start), static_cast<SInt32>(end), setting}));
             std::fill(&expected[start], &expected[end] + 1, setting);
         }
         SInt32 last = 0;
@@ -92,7 +93,7 @@ TEST(ExceptionPageList, AnyListComesOutAsFromThePlainWalk) {
         // Some lists know no ranges without pages, some are changed from outside.
         Range added{page(), page(), round};
         if (round / 30 % 2 && added.end < added.start) std::swap(added.start, added.end);
-        Add(list, added);
+        Add(list, Exception(added));
         WalkAndAdd(expected, added);
         ASSERT_EQ(RangesOf(list), expected) << round;
         if (round / 30 % 4 || round % 8) continue;
@@ -101,13 +102,31 @@ TEST(ExceptionPageList, AnyListComesOutAsFromThePlainWalk) {
     }
 }
 
+TEST(ExceptionPageList, LongListsOfAnyKindDoTooWhenAddedAtOnce) {
+    std::mt19937 random(3);
+    std::deque<ExceptionPage> pages;
+    std::vector<const SpecialPage*> addresses;
+    ExceptionPageList list;
+    Ranges expected;
+    for (SInt32 setting = 0; setting < 6000; ++setting) {
+        const auto start = static_cast<SInt32>(random() % 9000);
+        const auto length = static_cast<SInt32>(random() % 200 ? random() % 12 : 300);
+        const Range added{start, start + length - 4, setting};
+        addresses.push_back(&pages.emplace_back(Exception(added)));
+        WalkAndAdd(expected, added);
+    }
+    ASSERT_GT(expected.size(), 2000u);
+    list.add(ArrayOfPages(addresses));
+    EXPECT_EQ(RangesOf(list), expected);
+}
+
 TEST(ExceptionPageList, TrimmedPagesStayThemselves) {
     ExceptionPageList list;
-    Add(list, {1, 20, 1});
-    Add(list, {30, 40, 2});
+    Add(list, Exception({1, 20, 1}));
+    Add(list, Exception({30, 40, 2}));
     const ExceptionPage *first = list.pageAtIndex(0), *second = list.pageAtIndex(1);
-    Add(list, {5, 10, 3});
-    Add(list, {19, 35, 4});
+    Add(list, Exception({5, 10, 3}));
+    Add(list, Exception({19, 35, 4}));
     EXPECT_EQ(RangesOf(list),
               (Ranges{{1, 4, 1}, {5, 10, 3}, {11, 18, 1}, {19, 35, 4}, {36, 40, 2}}));
     EXPECT_EQ(std::pair(list.indexOfPage(first), list.indexOfPage(second)), std::pair(0L, 4L));
@@ -165,7 +184,7 @@ TEST(SpecialPageTickets, OnlyTheHalftoneScreenIsLost) {
     const auto expected = Owned<CFDictionaryRef>::Adopt(CFDictionaryCreateCopy(nullptr, ticket));
     CFDictionarySetValue(ticket, CFSTR("HalftoneScreen"), Value("5"));
     ExceptionPage page(ticket);
-    Add(static_cast<SpecialPageList&>(list), page);
+    Add(list, page);
     const auto array = Owned<CFArrayRef>::Adopt(list.asTicket());
     EXPECT_TRUE(CFEqual(CFArrayGetValueAtIndex(array, 0), expected));
     page.imageShift().Option = 1;
