@@ -1,7 +1,5 @@
 // Text fields: what the user would change comes to the handlers first.
-
 #include "interface.h"
-#include "support/modal_driver.h"
 #include "toolbox/qt_strings.h"
 
 namespace kalmo::test {
@@ -10,9 +8,8 @@ namespace {
 void ChooseDelete(QLineEdit& field) {
     QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(&field, &event);
-    for (QAction* action : field.findChild<QMenu*>()->actions()) {
+    for (QAction* action : field.findChild<QMenu*>()->actions())
         if (action->text() == "Delete") action->trigger();
-    }
     delete field.findChild<QMenu*>();
 }
 
@@ -30,15 +27,13 @@ void Compose(QLineEdit& field) {
 }
 
 /// A field and a default button; the field's handler calls the rest unless it refuses.
-class TextFields : public testing::Test {
-protected:
+struct TextFields : testing::Test {
     void SetUp() override {
         InstallPresence(WindowPresence());
         ASSERT_EQ(interface.open(), noErr);
         InstallControlEventHandler(interface.control(1), Handle, 2, kTypes, this, nullptr);
         field = interface.widget<QLineEdit>(1);
     }
-    void TearDown() override { InstallPresence(UnattendedPresence()); }
 
     static OSStatus Handle(EventHandlerCallRef next, EventRef event, void* data) {
         auto* const self = static_cast<TextFields*>(data);
@@ -67,10 +62,7 @@ protected:
 
 TEST_F(TextFields, EveryInputComesBeforeItChangesTheText) {
     QGuiApplication::clipboard()->setText("\n1\r\n2\n");
-    const struct {
-        QString seen, after;
-        void (*act)(QLineEdit&);
-    } rows[] = {
+    const std::tuple<QString, QString, void (*)(QLineEdit&)> rows[] = {
         {"1 2", "a1 2c", [](auto& line) { QTest::keySequence(&line, QKeySequence::Paste); }},
         {"\b", "ac", [](auto& line) { QTest::keySequence(&line, QKeySequence::Cut); }},
         {"x", "axc", [](auto& line) { QTest::keyClick(&line, 'x'); }},
@@ -78,39 +70,34 @@ TEST_F(TextFields, EveryInputComesBeforeItChangesTheText) {
         {"d", "dabc", Drop},
         {"ka", "akac", Compose},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.seen.toStdString());
+    for (const auto& [seen, left, act] : rows) {
+        SCOPED_TRACE(seen.toStdString());
         for (const bool refused : {true, false}) {
             refuses = refused;
             field->setText("abc");
             field->setSelection(1, 1);
             record.clear();
-            row.act(*field);
-            EXPECT_EQ(record, row.seen);
-            EXPECT_EQ(field->text(), refused ? "abc" : row.after);
+            act(*field);
+            EXPECT_EQ(record, seen);
+            EXPECT_EQ(field->text(), refused ? "abc" : left);
         }
-        EXPECT_EQ(after, row.after) << "done when the rest has been called";
+        EXPECT_EQ(after, left) << "done when the rest has been called";
     }
 }
 
 TEST_F(TextFields, FocusIsToldOnceAndNotWhenOnlyTheWindowSleeps) {
-    const auto activate = [](QWidget& window) {
-        window.show();
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    };
     SetKeyboardFocus(interface.control(1));
-    activate(*interface.windowWidget());
+    Activate(*interface.windowWidget());
     QWidget other;
-    activate(other);
-    activate(*interface.windowWidget());
+    Activate(other);
+    Activate(*interface.windowWidget());
     EXPECT_EQ(record, "+");
     SetKeyboardFocus(interface.control(2));
     SetKeyboardFocus(interface.control(1));
     EXPECT_EQ(record, "+-+");
-    activate(other);
+    Activate(other);
     SetKeyboardFocus(interface.control(2));
-    activate(*interface.windowWidget());
+    Activate(*interface.windowWidget());
     EXPECT_EQ(record, "+-+-") << "late, but told";
 }
 
