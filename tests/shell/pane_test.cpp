@@ -72,6 +72,7 @@ TEST(Pane, ALaterDialogReadsItsOwnTicketAndNothingIsLeft) {
         const bool both =
             FindControl(dialog.window, 'KPpo', 102) && FindControl(dialog.window, 'KPDE', 1301);
         EXPECT_TRUE(both) << "a panel did not open";
+        WaitForWorkers();  // the first drawing loads what stays
         dialog.terminate();
         WaitForWorkers();
         EXPECT_TRUE(dialog.embedder->findChildren<QWidget*>().isEmpty());
