@@ -4,7 +4,6 @@
 #include <cups/ppd.h>
 #include <unistd.h>
 
-#include <QApplication>
 #include <QComboBox>
 #include <cstdio>
 #include <cstdlib>
@@ -66,11 +65,3 @@ BENCHMARK_CAPTURE(Menu, IgnoringConstraints, kalmo::Constraints::ignore)
     ->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

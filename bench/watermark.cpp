@@ -286,11 +286,3 @@ BENCHMARK_CAPTURE(Preview, Photograph, "", 13)->Apply(AtBothSizes);
 BENCHMARK_CAPTURE(Preview, PhotographBeyondThePage, "", 98)->Apply(AtBothSizes);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

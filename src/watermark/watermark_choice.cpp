@@ -44,7 +44,7 @@ bool WatermarkChoice::read(PMTicketRef ticket) {
     WatermarkChoice read;
     if (PMTicketGetCFDictionary(ticket, kWatermarkKey, &found) == noErr)
         read.settings_ = Entry::Adopt(CFDictionaryCreateMutableCopy(kCFAllocatorDefault, 0, found));
-    if (!read.name() || !read.record()) read.clear();
+    if (!read.name() || CFStringGetLength(read.name()) == 0 || !read.record()) read.clear();
     if (isSameAs(read)) return false;
     *this = std::move(read);
     return true;
@@ -114,7 +114,9 @@ void WatermarkChoice::load(_WatermarkData* record) const {
 }
 
 bool WatermarkChoice::lacksDrawing(const CGSize& page) const {
-    return !isNone() && (!CFDictionaryContainsKey(settings_, kDrawingKey) ||
+    const auto drawing =
+        ValueOfType<CFDataRef>(CFDictionaryGetValue(settings_, kDrawingKey), CFDataGetTypeID());
+    return !isNone() && (!drawing || CFDataGetLength(drawing) == 0 ||
                          Length(settings_, kPageWidthKey) != page.width ||
                          Length(settings_, kPageHeightKey) != page.height);
 }

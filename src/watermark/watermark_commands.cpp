@@ -1,7 +1,11 @@
 // What the user does with watermarks: the job's, and those in the user's store.
+#include <iterator>
+
+#include "settings/user_preferences.h"
 #include "shell/base/notices.h"
 #include "toolbox/windows.h"
 #include "watermark/watermark_editor.h"
+#include "watermark/watermark_naming.h"
 #include "watermark/watermark_panel.h"
 #include "watermark/watermark_store.h"
 
@@ -20,22 +24,21 @@ Owned<CFMutableArrayRef> CopyOf(CFArrayRef names) {
     return Owned<CFMutableArrayRef>::Adopt(CFArrayCreateMutableCopy(kCFAllocatorDefault, 0, names));
 }
 
-void RemoveName(CFMutableArrayRef names, CFStringRef name) {
-    const CFIndex index = IndexOf(names, name);
-    if (index != kNotInList) CFArrayRemoveValueAtIndex(names, index);
-}
-
-void Choose(_BookletWatermarkContext& context, CFStringRef name, const _WatermarkData& record) {
+void Choose(_BookletWatermarkContext& context, CFStringRef name, const _WatermarkData& record,
+            bool isTheJobsOwn) {
     context.choice.choose(name, record);
-    context.isTheTickets = false;
+    context.isTheJobsOwn = isTheJobsOwn;
     WatermarkChanged(context);
 }
 
-void TellNotSaved(const _BookletWatermarkContext& context, CFStringRef name) {
-    const CFTypeRef arguments[] = {name};
-    ShowNoticeWithKeys(context.bundle,
-                       {CFSTR("Watermark Not Saved Header"), CFSTR("Watermark Not Saved Message")},
-                       arguments, 1);
+/// The file may be what is wrong, so it is named.
+void TellNotSaved(const _BookletWatermarkContext& context, const NoticeKeys& keys,
+                  CFStringRef name) {
+    const auto url = Owned<CFURLRef>::Adopt(CopyPreferenceFileURL(kWatermarkStore));
+    const auto file = Owned<CFStringRef>::Adopt(url ? CFURLCopyFileSystemPath(url) : nullptr);
+    const auto shown = CopyShownName(name);
+    const CFTypeRef arguments[] = {shown.get(), file ? file.get() : kWatermarkStore};
+    ShowNoticeWithKeys(context.bundle, keys, arguments, std::size(arguments));
 }
 
 /// The entry first: a list never names a watermark that was not saved.
@@ -55,21 +58,25 @@ Owned<CFMutableArrayRef> NamesWith(CFArrayRef names, CFStringRef name, CFStringR
     } else if (IndexOf(changed, name) == kNotInList) {
         CFArrayAppendValue(changed, name);
     }
+    if (renames) RemoveWatermarkName(changed, before);
     return changed;
 }
 
-/// `before`: the name it had, null for a new one. It is the job's watermark also when it could not
-/// be saved.
+/// `before`: the name it has in the store, null for one that is not there. It is the job's
+/// watermark also when it could not be saved.
 void Keep(_BookletWatermarkContext& context, const _WatermarkData& record, CFStringRef before) {
     const auto name = CopyWatermarkName(record);
     const auto names = NamesWith(context.names, name, before);
-    if (Save(record, names)) {
+    const bool saved = Save(record, names);
+    if (saved) {
         context.names = names;
         if (before && !CFEqual(name, before)) removeWatermarkData(kWatermarkStore, before);
     } else {
-        TellNotSaved(context, name);
+        const NoticeKeys keys{CFSTR("Watermark Not Saved Header"),
+                              CFSTR("Watermark Not Saved Message")};
+        TellNotSaved(context, keys, name);
     }
-    Choose(context, name, record);
+    Choose(context, name, record, !saved);
 }
 
 /// Offsets are shown in inches for the papers of the countries that measure so: their sides are
@@ -82,6 +89,11 @@ SInt32 UnitsFor(const CGSize& page) {
     return isInches(page.width) && isInches(page.height) ? 0 : 1;
 }
 
+void StartRecord(const _BookletWatermarkContext& context, _WatermarkData& record) {
+    setDefaultValues(record, UnitsFor(context.page));
+    record.textMode = 1;
+}
+
 bool Edit(_BookletWatermarkContext& context, CFStringRef titleKey, CFArrayRef takenNames,
           _WatermarkData* record) {
     record->pageWidth = context.page.width;
@@ -91,12 +103,17 @@ bool Edit(_BookletWatermarkContext& context, CFStringRef titleKey, CFArrayRef ta
 
 }  // namespace
 
+void RemoveWatermarkName(CFMutableArrayRef names, CFStringRef name) {
+    for (CFIndex index = IndexOf(names, name); index != kNotInList; index = IndexOf(names, name))
+        CFArrayRemoveValueAtIndex(names, index);
+}
+
 void ChooseWatermark(_BookletWatermarkContext& context, CFIndex index) {
     const auto name = static_cast<CFStringRef>(CFArrayGetValueAtIndex(context.names, index));
     if (!name) return;
     WatermarkHolder record;
     loadWatermarkData(kWatermarkStore, name, *record);
-    Choose(context, name, *record);
+    Choose(context, name, *record, false);
 }
 
 void ChooseNoWatermark(_BookletWatermarkContext& context) {
@@ -111,8 +128,7 @@ void ChooseWatermarkOption(_BookletWatermarkContext& context, SInt32 value) {
 
 void NewWatermark(_BookletWatermarkContext& context) {
     WatermarkHolder record;
-    setDefaultValues(*record, UnitsFor(context.page));
-    record->textMode = 1;
+    StartRecord(context, *record);
     if (Edit(context, CFSTR("New Watermark Title"), context.names, record.get()))
         Keep(context, *record, nullptr);
 }
@@ -121,23 +137,31 @@ void EditWatermark(_BookletWatermarkContext& context) {
     if (context.choice.isNone()) return;
     WatermarkHolder record;
     context.choice.load(record.get());
-    const auto before = Owned<CFStringRef>::Retain(context.choice.name());
+    if (!record->textString[0] && !record->filename[0]) StartRecord(context, *record);
+    // The job's own is a new one to the store: it must not replace the user's of its name unasked.
+    const auto before =
+        Owned<CFStringRef>::Retain(context.isTheJobsOwn ? nullptr : context.choice.name());
     const auto others = CopyOf(context.names);
-    RemoveName(others, before);
+    if (before) RemoveWatermarkName(others, before);
     if (Edit(context, CFSTR("Edit Watermark Title"), others, record.get()))
         Keep(context, *record, before);
 }
 
 void DeleteWatermark(_BookletWatermarkContext& context) {
-    if (context.choice.isNone()) return;
+    if (context.choice.isNone() || context.isTheJobsOwn) return;
     const auto name = Owned<CFStringRef>::Retain(context.choice.name());
-    const CFTypeRef arguments[] = {name.get()};
+    const auto shown = CopyShownName(name);
+    const CFTypeRef arguments[] = {shown.get()};
     const NoticeKeys keys{CFSTR("Delete Watermark Header"), CFSTR("Delete Watermark Message")};
     if (!AskToDestroyWithKeys(context.bundle, keys, CFSTR("Cancel Command"),
                               CFSTR("Delete Watermark Command"), arguments, 1))
         return;
-    removeWatermarkData(kWatermarkStore, name);
-    RemoveName(context.names, name);
+    if (!removeWatermarkData(kWatermarkStore, name)) {
+        const NoticeKeys failed{CFSTR("Watermark Not Deleted Header"),
+                                CFSTR("Watermark Not Deleted Message")};
+        return TellNotSaved(context, failed, name);
+    }
+    RemoveWatermarkName(context.names, name);
     ChooseNoWatermark(context);
 }
 

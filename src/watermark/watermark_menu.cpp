@@ -14,15 +14,17 @@ namespace {
 constexpr CFIndex kLongestName = 48;
 
 /// Values of WatermarkMap, which has no commands of its own.
-constexpr SInt32 kOptionsValue = -6;
+constexpr SInt32 kOptionsValue = -6, kDeleteValue = -9;
 constexpr struct {
     SInt32 value;
     UInt32 command;
     bool needsWatermark;
 } kItems[] = {
-    {1, kNoWatermarkCommand, false},     {kOptionsValue, 0, true},
-    {-7, kNewWatermarkCommand, false},   {-8, kEditWatermarkCommand, true},
-    {-9, kDeleteWatermarkCommand, true},
+    {1, kNoWatermarkCommand, false},
+    {kOptionsValue, 0, true},
+    {-7, kNewWatermarkCommand, false},
+    {-8, kEditWatermarkCommand, true},
+    {kDeleteValue, kDeleteWatermarkCommand, true},
 };
 
 void Enable(MenuRef menu, UInt16 item, bool on) {
@@ -81,6 +83,7 @@ void MarkWatermarkMenu(MenuRef menu, const WatermarkMarks& marks) {
     for (UInt16 item = 1; item < firstFixed; ++item) CheckMenuItem(menu, item, item == marks.item);
     for (const auto& row : kItems)
         if (row.needsWatermark) Enable(menu, FixedItem(menu, row.value), marks.item > 1);
+    if (!marks.isStored) Enable(menu, FixedItem(menu, kDeleteValue), false);
     MarkOptions(GetMenuItemHierarchicalMenu(menu, FixedItem(menu, kOptionsValue)), marks);
 }
 

@@ -22,7 +22,8 @@ void FillWatermarkMenu(MenuRef menu, CFBundleRef bundle, CFArrayRef names);
 
 /// What the menu's marks and its items for the chosen watermark depend on.
 struct WatermarkMarks {
-    UInt16 item = 1;  // the chosen one
+    UInt16 item = 1;       // the chosen one
+    bool isStored = true;  // it can be deleted
     SInt32 layer = 0, pages = 0;
 };
 void MarkWatermarkMenu(MenuRef menu, const WatermarkMarks& marks);

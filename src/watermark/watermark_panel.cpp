@@ -22,6 +22,7 @@ void TakeDrawing(_BookletWatermarkContext& context, JobDrawing& drawing, const C
     if (!context.choice.isDrawnAs(*drawing.record)) return;
     context.choice.setDrawing(drawing.document, page, *drawing.record);
     context.drawingWasTried = true;
+    context.isBeingDrawn = false;
 }
 
 bool NeedsDrawing(const _BookletWatermarkContext& context) {
@@ -30,7 +31,8 @@ bool NeedsDrawing(const _BookletWatermarkContext& context) {
 
 void StartDrawing(_BookletWatermarkContext& context) {
     if (!NeedsDrawing(context)) return;
-    if (!context.worker) context.worker.reset(CreateWorker());
+    if (!context.worker) context.worker.reset(CreateWorker(WorkerPace::patient));
+    context.isBeingDrawn = true;
     const auto drawing = std::make_shared<JobDrawing>();
     context.choice.load(drawing->record.get());
     const CGSize page = context.page;
@@ -42,6 +44,7 @@ void StartDrawing(_BookletWatermarkContext& context) {
 void Initialize(_BookletWatermarkContext& context) {
     context.names =
         Owned<CFMutableArrayRef>::Adopt(CopyWatermarkListAtStart(kWatermarkStore, context.bundle));
+    RemoveWatermarkName(context.names, CFSTR(""));
 }
 
 bool IsOtherPage(const CGSize& left, const CGSize& right) {
@@ -53,20 +56,24 @@ OSStatus ReadTicket(_BookletWatermarkContext& context, PMTicketRef ticket) {
     const bool otherPage = IsOtherPage(page, context.page);
     context.page = page;
     const bool other = context.choice.read(ticket);
-    if (other) context.isTheTickets = true;
+    if (other) context.isTheJobsOwn = true;
     if (other || otherPage) WatermarkChanged(context);
     ShowBooklet(context);
     return noErr;
 }
 
+/// What is being drawn is waited for only before the job goes.
 OSStatus WriteTicket(_BookletWatermarkContext& context, PMTicketRef ticket) {
-    FinishDrawing(context);
+    if (!context.isBeingDrawn) FinishDrawing(context);
     return context.choice.write(ticket);
 }
 
 void OpenAgain(_BookletWatermarkContext& context) { ShowBookletWatermark(context); }
 
-void Finish(_BookletWatermarkContext& context) { RemoveEventHandler(context.handler); }
+void Finish(_BookletWatermarkContext& context) {
+    RemoveEventHandler(context.handler);
+    RemoveEventHandler(context.printHandler);
+}
 
 constexpr PanelParts<_BookletWatermarkContext> kParts = {
     .titleKey = "BookletWatermark",
@@ -82,6 +89,7 @@ constexpr PanelParts<_BookletWatermarkContext> kParts = {
 
 void WatermarkChanged(_BookletWatermarkContext& context) {
     context.drawingWasTried = false;
+    context.isBeingDrawn = false;
     ShowBookletWatermark(context);
     // Without a pane to show there is nobody to draw ahead for.
     if (context.opened) StartDrawing(context);

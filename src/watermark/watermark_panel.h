@@ -25,16 +25,17 @@ using WorkerHolder = std::unique_ptr<OpaqueWorker, WorkerDeleter>;
 
 struct _BookletWatermarkContext : PanelContext {
     WatermarkChoice choice;
-    /// The choice came with a ticket: it prints as it is there, and what the user's store has under
-    /// its name is another matter.
-    bool isTheTickets = false;
+    /// The choice is not, or not as it is, in the user's store: it came with a ticket, or could not
+    /// be saved. What the store has under its name is another matter.
+    bool isTheJobsOwn = false;
     Owned<CFMutableArrayRef> names;  // of the user's watermarks, as the menu shows them
     CGSize page = kDefaultWatermarkPage;
     bool drawingWasTried = false;  // of the choice, for the page
+    bool isBeingDrawn = false;     // the same, on the thread
     BookletWatermarkControls controls;
     std::unique_ptr<WatermarkPreview> preview;
     WorkerHolder worker;  // draws what the job takes along
-    EventHandlerRef handler = nullptr;
+    EventHandlerRef handler = nullptr, printHandler = nullptr;
 };
 
 /// Builds the controls in the pane and shows the record. The failure of the interface file.
@@ -49,6 +50,9 @@ void renderWatermark(_BookletWatermarkContext* context);
 void WatermarkChanged(_BookletWatermarkContext& context);
 /// Draws now what is not drawn yet.
 void FinishDrawing(_BookletWatermarkContext& context);
+
+/// Wherever it stands in the list.
+void RemoveWatermarkName(CFMutableArrayRef names, CFStringRef name);
 
 // What the menu's items do, in the user's store and to the job.
 

@@ -49,11 +49,12 @@ void ShowMenu(const Context& context) {
     const auto names = ListedNames(context);
     FillWatermarkMenu(menu, context.bundle, names);
     MarkWatermarkMenu(menu, {.item = ChosenItem(context, names),
+                             .isStored = !context.isTheJobsOwn,
                              .layer = context.choice.layer(),
                              .pages = context.choice.pages()});
 }
 
-/// A title takes "&" for the mark of a mnemonic.
+/// A title takes "&" for the mark of a letter to press.
 Owned<CFStringRef> AsTitle(CFStringRef text) {
     std::string title;
     for (const char character : CFStringToUTF8(text))
@@ -83,9 +84,18 @@ Owned<CFStringRef> OptionsText(const Context& context) {
     return text;
 }
 
+Owned<CFStringRef> Warning(const Context& context, OSStatus status) {
+    if (status != noErr) return CopyText(context.bundle, CFSTR("WatermarkPictureMissing"));
+    WatermarkHolder record;
+    context.choice.load(record.get());
+    const bool isEmpty = !record->textString[0] && !record->filename[0];
+    if (isEmpty && !context.choice.isNone())
+        return CopyText(context.bundle, CFSTR("WatermarkEmpty"));
+    return Nothing();
+}
+
 void Warn(const Context& context, OSStatus status) {
-    const auto text =
-        status == noErr ? Nothing() : CopyText(context.bundle, CFSTR("WatermarkPictureMissing"));
+    const auto text = Warning(context, status);
     SetControlTitleWithCFString(context.controls.warning, text);
 }
 
@@ -96,7 +106,7 @@ void KeepDrawn(Context& context, const _WatermarkData& drawn, OSStatus status) {
     Warn(context, status);
     if (status != noErr || !drawn.textMode) return;
     context.choice.keepLayout(drawn);
-    if (!context.isTheTickets) saveWatermarkData(kWatermarkStore, drawn, WatermarkSave::passing);
+    if (!context.isTheJobsOwn) saveWatermarkData(kWatermarkStore, drawn, WatermarkSave::passing);
 }
 
 Owned<CFStringRef> BookletText(const Context& context, const BookletService& service) {
@@ -166,6 +176,14 @@ OSStatus HandleEvent(EventHandlerCallRef, EventRef event, void* context) {
                              [&] { return Handle(*static_cast<Context*>(context), event); });
 }
 
+/// The job must not go before its watermark is drawn.
+OSStatus HandlePrint(EventHandlerCallRef, EventRef event, void* context) {
+    return WithoutExceptions(eventNotHandledErr, [&] {
+        if (GetEventCommand(event) == 'ok  ') FinishDrawing(*static_cast<Context*>(context));
+        return eventNotHandledErr;
+    });
+}
+
 /// On the pane: the events of all controls in it pass there.
 void InstallHandler(Context& context) {
     constexpr EventTypeSpec kEvents[] = {{kEventClassControl, kEventControlHit},
@@ -173,6 +191,9 @@ void InstallHandler(Context& context) {
                                          {kEventClassCommand, kEventCommandProcess}};
     InstallControlEventHandler(context.pane, HandleEvent, std::size(kEvents), kEvents, &context,
                                &context.handler);
+    constexpr EventTypeSpec kPrint[] = {{kEventClassCommand, kEventCommandProcess}};
+    InstallWindowEventHandler(GetControlOwner(context.pane), HandlePrint, std::size(kPrint), kPrint,
+                              &context, &context.printHandler);
 }
 
 void SetUpPreview(Context& context) {
@@ -224,7 +245,7 @@ void ShowBooklet(Context& context) {
 void renderWatermark(_BookletWatermarkContext* context) {
     WatermarkHolder record;
     const CFStringRef name = context->choice.name();
-    if (context->isTheTickets || !name) {
+    if (context->isTheJobsOwn || !name) {
         context->choice.load(record.get());
     } else if (loadWatermarkData(kWatermarkStore, name, *record) && record->textString[0]) {
         record->textMode = 1;

@@ -1,21 +1,10 @@
 // Fields for numbers and limited texts, and pictures by name.
-#include <gtest/gtest.h>
-
-#include <QClipboard>
-#include <QImage>
-#include <QLineEdit>
-#include <QSlider>
-#include <QTest>
-
 #include "controls/custom_value_dialog.h"
 #include "controls/input_limits.h"
 #include "controls/pictures.h"
 #include "controls/spin_control.h"
 #include "platform/toolbox/interface.h"
 #include "support/beeps.h"
-#include "support/modal_driver.h"
-#include "support/private_home.h"
-#include "support/values.h"
 
 namespace kalmo::test {
 namespace {
@@ -23,10 +12,7 @@ namespace {
 constexpr SInt32 kField = 1, kArrows = 2, kSlider = 3, kOther = 4;
 using Sign = SpinControlSetup::Sign;
 
-class Fields : public testing::Test {
-protected:
-    void TearDown() override { setenv("LC_ALL", "C.UTF-8", 1); }
-
+struct Fields : testing::Test {
     /// A window on screen, with the focus in the empty field of numbers.
     void open(SpinControlSetup setup, const char* slider = "QSlider") {
         interface = std::make_unique<Interface>(
@@ -52,34 +38,29 @@ protected:
 };
 
 TEST_F(Fields, TypedNumberSetsTheValueAndIsReplacedWhenTheFieldIsLeft) {
-    const struct {
-        const char *why, *locale;
-        SpinControlSetup setup;
-        const char* typed;
-        SInt32 value;
-        bool valid;
-        const char* left;
-    } rows[] = {
-        {"above", "C", {.maximum = 9}, "10", 9, false, "9"},
-        {"empty is 0", "C", {.minimum = 1, .maximum = 9}, "7\b", 1, false, "1"},
-        {"32 bits", "C", {.maximum = INT32_MAX}, "5e999999999", INT32_MAX, false, "2147483647"},
-        {"no number", "C", {.minimum = -9, .maximum = 9}, "4-", 4, false, "4"},
-        {"other minus", "sv_SE", {.minimum = -9, .maximum = 9}, "-7", -7, true, "\u22127"},
-        {"comma", "de_DE", {.maximum = 999, .decimals = 1}, "1.2,5", 125, true, "12,5"},
-        {"point", "C", {.maximum = 999, .decimals = 1}, "1,2.5", 125, true, "12.5"},
-        {"single precision", "C", {.maximum = 99, .decimals = 2}, "0.53", 52, true, "0.52"},
-        {"not double", "C", {.maximum = 99, .decimals = 2}, "0.29", 29, true, "0.29"},
-        {"sign", "C", {.maximum = 99, .sign = Sign::angle}, "45", 45, true, "45\u02DA"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
-        setenv("LC_ALL", row.locale, 1);
-        open(row.setup);
-        QTest::keyClicks(&field(), row.typed);
-        EXPECT_EQ(value(), row.value);
-        EXPECT_EQ(SpinControlIsInputValid(arrows()), row.valid);
+    const std::tuple<const char*, const char*, SpinControlSetup, const char*, SInt32, bool,
+                     const char*>
+        rows[] = {
+            {"above", "C", {.maximum = 9}, "10", 9, false, "9"},
+            {"empty is 0", "C", {.minimum = 1, .maximum = 9}, "7\b", 1, false, "1"},
+            {"32 bits", "C", {.maximum = INT32_MAX}, "5e999999999", INT32_MAX, false, "2147483647"},
+            {"no number", "C", {.minimum = -9, .maximum = 9}, "4-", 4, false, "4"},
+            {"other minus", "sv_SE", {.minimum = -9, .maximum = 9}, "-7", -7, true, "\u22127"},
+            {"comma", "de_DE", {.maximum = 999, .decimals = 1}, "1.2,5", 125, true, "12,5"},
+            {"point", "C", {.maximum = 999, .decimals = 1}, "1,2.5", 125, true, "12.5"},
+            {"single precision", "C", {.maximum = 99, .decimals = 2}, "0.53", 52, true, "0.52"},
+            {"not double", "C", {.maximum = 99, .decimals = 2}, "0.29", 29, true, "0.29"},
+            {"sign", "C", {.maximum = 99, .sign = Sign::angle}, "45", 45, true, "45\u02DA"},
+        };
+    for (const auto& [why, locale, setup, typed, number, valid, left] : rows) {
+        SCOPED_TRACE(why);
+        setenv("LC_ALL", locale, 1);
+        open(setup);
+        QTest::keyClicks(&field(), typed);
+        EXPECT_EQ(value(), number);
+        EXPECT_EQ(SpinControlIsInputValid(arrows()), valid);
         field(kOther).setFocus();
-        EXPECT_EQ(text(), row.left);
+        EXPECT_EQ(text(), left);
         EXPECT_TRUE(SpinControlIsInputValid(arrows()));
     }
 }

@@ -1,11 +1,4 @@
 // The example of a colour panel, in the product's pane.
-#include <gtest/gtest.h>
-
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QSlider>
-
 #include "shell/product.h"
 #include "support/dictionaries.h"
 #include "support/window_walk.h"
@@ -20,8 +13,7 @@ struct ColorPane : PaneDialog {
     ColorPane() : PaneDialog((Offer(), CreateInstance())) {
         EXPECT_EQ(initialize() | open(), noErr);
         auto* selector = FindControl<QComboBox>(window, 'Kshl', 16);
-        selector->setCurrentIndex(selector->count() - 1);
-        Q_EMIT selector->activated(selector->currentIndex());
+        Pick(*selector, selector->itemText(selector->count() - 1));
         slider = FindControl<QSlider>(window, 'XCol', 3);
     }
     static void Offer() {
@@ -77,7 +69,6 @@ TEST(ColorOptions, ItServesEverybodyInEveryLanguage) {
         EXPECT_TRUE(WindowFaults(*pane.slider->parentWidget(), Identities::needed).empty());
         EXPECT_TRUE(CutTexts(pane.window).empty()) << language;
     }
-    unsetenv("LANGUAGE");
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
 // Recipients, their list, and who holds them.
-#include <gtest/gtest.h>
-
 #include "fax/fax_recipient_list.h"
 #include "support/dictionaries.h"
 

@@ -1,12 +1,8 @@
 // The pane's device profile and the sample printers tell the same story.
 #include <cups/ppd.h>
-#include <gtest/gtest.h>
-
-#include <map>
-#include <memory>
 
 #include "house/resource_files.h"
-#include "support/values.h"
+#include "support/qt_test.h"
 
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
@@ -63,10 +59,9 @@ void ForEachEntry(CFDictionaryRef dictionary, Visit visit) {
     std::vector<CFTypeRef> keys(CFDictionaryGetCount(dictionary));
     std::vector<CFTypeRef> values(keys.size());
     CFDictionaryGetKeysAndValues(dictionary, keys.data(), values.data());
-    for (std::size_t i = 0; i < keys.size(); ++i) {
+    for (std::size_t i = 0; i < keys.size(); ++i)
         visit(CFStringToUTF8(static_cast<CFStringRef>(keys[i])),
               static_cast<CFDictionaryRef>(values[i]));
-    }
 }
 
 Printer ReadProfile() {

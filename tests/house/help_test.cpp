@@ -1,10 +1,9 @@
 // The help book: every page is reachable from the first, and no link leads nowhere, in every
 // language.
-#include <gtest/gtest.h>
-
 #include <deque>
 
 #include "house/resource_files.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -42,9 +41,8 @@ TEST_P(HelpBook, PagesThatCodeOpensExist) {
     // Within a line: the library matches by recursion, and a file between two quotes is deep.
     const std::regex pages(R"re("([^"\n]+\.htm)(?:"|#))re");
     ForEachFile(kSources, {".cpp"}, [&](const std::filesystem::path& file) {
-        for (const std::string& page : Matches(ReadFile(file), pages)) {
+        for (const std::string& page : Matches(ReadFile(file), pages))
             EXPECT_TRUE(std::filesystem::exists(folder() / page)) << page << " of " << file;
-        }
     });
 }
 

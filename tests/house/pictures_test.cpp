@@ -1,12 +1,8 @@
 // Every picture that code asks for exists, can be drawn, and differs from every other one.
-#include <gtest/gtest.h>
-
-#include <QImage>
-#include <QPainter>
 #include <QSvgRenderer>
-#include <map>
 
 #include "house/resource_files.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {

@@ -1,14 +1,9 @@
 // The tree's own files, as the tests of this folder read them.
 #pragma once
 
-#include <filesystem>
-#include <functional>
 #include <regex>
-#include <set>
-#include <string>
-#include <vector>
 
-#include "support/private_home.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 
@@ -20,9 +15,8 @@ inline const std::filesystem::path kResources =
 inline void ForEachFile(const std::filesystem::path& folder, const std::set<std::string>& endings,
                         const std::function<void(const std::filesystem::path&)>& visit) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (entry.is_regular_file() && endings.contains(entry.path().extension().string())) {
+        if (entry.is_regular_file() && endings.contains(entry.path().extension().string()))
             visit(entry.path());
-        }
     }
 }
 

@@ -1,10 +1,7 @@
 // Every key that code and interface files use has a text, in every language, with the same places.
-#include <gtest/gtest.h>
-
-#include <map>
-
 #include "foundation/strings_table.h"
 #include "house/resource_files.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -21,9 +18,8 @@ std::string WithoutEntities(std::string text) {
                                             {"&gt;", ">"},
                                             {"&apos;", "'"},
                                             {"&amp;", "&"}}) {
-        for (std::size_t at = 0; (at = text.find(entity, at)) != std::string::npos; ++at) {
+        for (std::size_t at = 0; (at = text.find(entity, at)) != std::string::npos; ++at)
             text.replace(at, std::string(entity).size(), character);
-        }
     }
     return text;
 }
@@ -64,9 +60,8 @@ std::map<std::string, std::string> UsedKeys() {
     const std::regex properties(
         R"re(<property name="(?:textKey|nameKey|tipKey)"[^>]*>\s*<string[^>]*>([^<]*)</string>)re");
     ForEachFile(kResources, {".ui"}, [&](const std::filesystem::path& file) {
-        for (const std::string& key : Matches(ReadFile(file), properties)) {
+        for (const std::string& key : Matches(ReadFile(file), properties))
             used[WithoutEntities(key)] = file;
-        }
     });
     return used;
 }

@@ -1,15 +1,10 @@
 // Every window of the product: names, keyboard, identities, and room for its texts.
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QFile>
 #include <QXmlStreamReader>
 
 #include "foundation/strings_table.h"
 #include "house/resource_files.h"
-#include "support/bundles.h"
+#include "support/qt_test.h"
 #include "support/window_walk.h"
-#include "toolbox/host.h"
 #include "toolbox/windows.h"
 
 namespace kalmo::test {
@@ -26,9 +21,8 @@ QStringList WindowNames(const std::filesystem::path& file) {
         const auto token = reader.readNext();
         if (reader.name() != QLatin1String("widget")) continue;
         if (token == QXmlStreamReader::EndElement) --depth;
-        if (token == QXmlStreamReader::StartElement && ++depth == 2) {
+        if (token == QXmlStreamReader::StartElement && ++depth == 2)
             names.append(reader.attributes().value("name").toString());
-        }
     }
     return names;
 }
@@ -60,12 +54,8 @@ bool IsDialog(WindowRef window) {
 CFStringRef Text(const QString& text) { return CFStringMakeConstant(qUtf8Printable(text)); }
 
 /// Restores what the whole program shares.
-class Windows : public testing::Test {
-protected:
-    void TearDown() override {
-        QApplication::setFont(font);
-        unsetenv("LANGUAGE");
-    }
+struct Windows : testing::Test {
+    void TearDown() override { QApplication::setFont(font); }
 
     void check(const std::filesystem::path& file) {
         IBNibRef nib = nullptr;

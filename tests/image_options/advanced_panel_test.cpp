@@ -1,10 +1,5 @@
 // The Advanced panel between ticket and controls, and its About box.
-#include <gtest/gtest.h>
-
-#include <QtTest>
-
 #include "image_options/advanced_panel.h"
-#include "support/modal_driver.h"
 #include "support/panel_rig.h"
 #include "system/presence.h"
 
@@ -13,14 +8,12 @@ namespace {
 
 constexpr SInt32 kPopups[] = {602, 604, 606, 614, 616};
 
-class AdvancedPanel : public testing::Test, public PanelRig {
-protected:
+struct AdvancedPanel : testing::Test, PanelRig {
     AdvancedPanel() : PanelRig(GetAdvancedPanelInterface) {}
 
-    QComboBox* popup(SInt32 id) { return FindControl<QComboBox>(window, 'KPDE', id); }
-    QStringList shown() {
+    QStringList allShown() {
         QStringList texts;
-        for (const SInt32 id : kPopups) texts << popup(id)->currentText();
+        for (const SInt32 id : kPopups) texts << control<QComboBox>(id)->currentText();
         return texts;
     }
     /// Booklet order, rotation, side, banner and offset, once they are written.
@@ -45,23 +38,23 @@ TEST_F(AdvancedPanel, ChoicesReachTheTicketAndStayWhenTheyAreReadAgain) {
     EXPECT_EQ(written(), (QStringList{"2", "0", "False", "False", "None"})) << "an empty ticket";
     open();
     const QStringList chosen = {"Left to right", "On", "Face up", "On", "Each set"};
-    for (int row = 0; row < chosen.size(); ++row) pick(popup(kPopups[row]), chosen[row]);
+    for (int row = 0; row < chosen.size(); ++row) pick(kPopups[row], chosen[row]);
     EXPECT_EQ(written(), (QStringList{"1265986158", "2", "True", "True", "EndOfSet"}));
     sync(kSyncToUI);
-    EXPECT_EQ(shown(), chosen) << "both orders have the same value";
+    EXPECT_EQ(allShown(), chosen) << "both orders have the same value";
 }
 
 TEST_F(AdvancedPanel, WhatWasReadIsWrittenBackTheRotationLessOne) {
     choose(CFSTR("Jog"), CFSTR("EachPage"));
     initialize();
     open();
-    const QStringList before = shown();
+    const QStringList before = allShown();
     // One less than the least does not fit into a ticket's number any more.
     for (const auto& [number, less] : {std::pair(3, "2"), {INT32_MIN, "0"}}) {
         for (const CFStringRef key : numbers)
             PMTicketSetSInt32(printer.ticket, CFSTR("K"), key, number, false);
         sync(kSyncToUI);
-        EXPECT_EQ(shown(), before) << "no number selects a row";
+        EXPECT_EQ(allShown(), before) << "no number selects a row";
         EXPECT_EQ(written(),
                   (QStringList{QString::number(number), less, "False", "False", "EachPage"}));
     }
@@ -73,7 +66,7 @@ TEST_F(AdvancedPanel, WhatThePrinterLacksIsDisabledAndTheAboutBoxNamesIt) {
                         kPMMakeAndModelNameKey, CFSTR("Kalmo Tolvane"), false);
     initialize();
     open();
-    for (const SInt32 id : kPopups) EXPECT_EQ(popup(id)->isEnabled(), id < 606) << id;
+    for (const SInt32 id : kPopups) EXPECT_EQ(control(id)->isEnabled(), id < 606) << id;
     Presence presence = UnattendedPresence();
     presence.modalLoopsRun = true;
     InstallPresence(presence);
@@ -83,9 +76,7 @@ TEST_F(AdvancedPanel, WhatThePrinterLacksIsDisabledAndTheAboutBoxNamesIt) {
         EXPECT_TRUE(FindControl<QLabel>(box, 'KPDE', 102)->text().endsWith(" (1)"));
         QTest::keyClick(&box, Qt::Key_Escape);
     });
-    FindControl<QPushButton>(window, 'KPDE', 670)->click();
-    EXPECT_TRUE(driver.done()) << driver.faults().join("; ").toStdString();
-    InstallPresence(UnattendedPresence());
+    control<QPushButton>(670)->click();
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
 // The record of full colour adjustments: its ranges, and its way to a ticket and back.
-#include <gtest/gtest.h>
-
-#include <random>
-
 #include "image_options/full_color_options.h"
 #include "support/dictionaries.h"
-#include "support/values.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -86,11 +82,7 @@ TEST(FullColorOptions, ARefusedValueChangesNothing) {
 }
 
 TEST(FullColorOptions, TicketsReadOneAfterTheOtherGiveThis) {
-    const struct {
-        const char* why;
-        std::vector<std::string> tickets;
-        std::string expected;
-    } rows[] = {
+    const std::tuple<const char*, std::vector<std::string>, std::string> rows[] = {
         {"nothing set", {""}, ""},
         {"only trapping 1 has widths",
          {"FCTrapping=2 FCTrappingFastDirection=3 FCTrappingSlowDirection=4"},
@@ -116,11 +108,11 @@ TEST(FullColorOptions, TicketsReadOneAfterTheOtherGiveThis) {
          {"FCLightness=\"5\" RGBImagesProfile=true GrayImagesProfile=5 FCColorCast=x"},
          ""},
     };
-    for (const auto& row : rows) {
+    for (const auto& [why, tickets, expected] : rows) {
         Record record;
-        for (const auto& ticket : row.tickets) record.fromTicket(Dictionary(ticket));
+        for (const auto& ticket : tickets) record.fromTicket(Dictionary(ticket));
         record.fromTicket(nullptr);
-        EXPECT_EQ(Ticket(record), Text(Dictionary(row.expected))) << row.why;
+        EXPECT_EQ(Ticket(record), Text(Dictionary(expected))) << why;
     }
     Record all(Dictionary(kAll)), withoutWidths = all;
     withoutWidths.setTrappingAdjustment(INT32_MIN, INT32_MIN);
@@ -140,27 +132,6 @@ TEST(FullColorOptions, AColourCastIsWrittenWholeAndReadPieceByPiece) {
     record.setColorCast(cyanRed, 2, 3);
     CFDictionarySetValue(inner, CFSTR("FCMagentaGreen"), Value("2"));
     EXPECT_TRUE(CFEqual(Owned<CFMutableDictionaryRef>::Adopt(record.asTicket()), outer));
-}
-
-TEST(FullColorOptions, AnyTicketIsReadSafelyAndWhatIsWrittenIsReadBack) {
-    std::mt19937 random(7);
-    const std::string values[] = {"0", "1",    "2",    "3",          "5",       "-100",   "unset",
-                                  "x", "true", "\"\"", "4294967298", Name(255), Name(256)};
-    const auto all = Dictionary(kAll);
-    std::vector<CFTypeRef> keys(CFDictionaryGetCount(all));
-    CFDictionaryGetKeysAndValues(all, keys.data(), nullptr);
-    const std::size_t alive = CFLiveValueCount();
-    for (int times = 0; times < 300; ++times) {
-        const auto ticket = Dictionary("");
-        for (const CFTypeRef key : keys)
-            if (random() % 4) CFDictionarySetValue(ticket, key, Value(values[random() % 13]));
-        Record record(ticket), copy(all);
-        const std::string written = Ticket(record);
-        copy = std::exchange(record, Record());
-        const auto again = Owned<CFMutableDictionaryRef>::Adopt(copy.asTicket());
-        EXPECT_EQ(Ticket(Record(again)), written);
-    }
-    EXPECT_EQ(CFLiveValueCount(), alive);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // What the printer's side gets back is what the print dialog put in, or nothing.
 #include "job_ticket/attachment.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <qpdf/QPDF.hh>
@@ -11,16 +10,13 @@
 #include <qpdf/QPDFWriter.hh>
 
 #include "support/pdf_documents.h"
-#include "support/private_home.h"
+#include "support/test.h"
 
 namespace kalmo::job_ticket {
 namespace {
 
 using std::filesystem::path;
-using test::MakeFolder;
-using test::MakePdf;
-using test::ReadFile;
-using test::WriteFile;
+using namespace test;
 
 std::string NastyTicket() {
     using namespace std::string_literals;
@@ -30,9 +26,8 @@ std::string NastyTicket() {
     return ticket;
 }
 
-class Attachment : public testing::Test {
-protected:
-    Attachment() { WriteFile(document, MakePdf({"one", "two", "three"})); }
+struct Attachment : testing::Test {
+    Attachment() { WriteFile(document, MakePdf(3)); }
 
     path attach(const std::string& ticket) {
         const Result attached = AttachTicket(document, ticket, folder / "sent.pdf");
@@ -61,10 +56,10 @@ TEST_F(Attachment, ComesBackExactAndLeavesNoTrace) {
     ASSERT_TRUE(result) << result.error;
     EXPECT_EQ(taken.ticket, ticket);
 
-    ASSERT_NE(ReadFile(sent).find("passcode 4711"), std::string::npos);
+    ASSERT_TRUE(Contains(ReadFile(sent), "passcode 4711"));
     const std::string clean = ReadFile(folder / "clean.pdf");
-    EXPECT_EQ(clean.find("passcode 4711"), std::string::npos);
-    EXPECT_EQ(clean.find(kAttachmentFileName), std::string::npos);
+    EXPECT_FALSE(Contains(clean, "passcode 4711"));
+    EXPECT_FALSE(Contains(clean, kAttachmentFileName));
     QPDF pdf;
     pdf.processFile((folder / "clean.pdf").c_str());
     EXPECT_EQ(pdf.getAllPages().size(), 3u);
@@ -94,7 +89,7 @@ TEST_F(Attachment, ThatUnpacksWithoutEndIsRefused) {
 }
 
 TEST_F(Attachment, DocumentsThatCannotBeReadAreRefusedWithAReason) {
-    const std::string whole = MakePdf({"one", "two"});
+    const std::string whole = MakePdf(2);
     const auto file = [this](const char* name, const std::string& bytes) {
         WriteFile(folder / name, bytes);
         return folder / name;
@@ -114,8 +109,8 @@ TEST_F(Attachment, DocumentsThatCannotBeReadAreRefusedWithAReason) {
     for (const auto& [why, input, reason] : rows) {
         SCOPED_TRACE(why);
         const Result result = AttachTicket(input, "ticket", folder / "out.pdf");
-        EXPECT_NE(result.error.find(reason), std::string::npos) << result.error;
-        EXPECT_EQ(result.error.find('\n'), std::string::npos);
+        EXPECT_TRUE(Contains(result.error, reason)) << result.error;
+        EXPECT_FALSE(Contains(result.error, "\n"));
         EXPECT_FALSE(exists(folder / "out.pdf"));
     }
 }
@@ -141,9 +136,8 @@ TEST_F(Attachment, OutputIsPrivateAndWholeOrNotThere) {
     umask(0);
     attach("ticket");
     ASSERT_TRUE(TakeTicketOut(document, std::nullopt, folder / "copy.pdf", &taken));
-    for (const char* name : {"sent.pdf", "copy.pdf"}) {
+    for (const char* name : {"sent.pdf", "copy.pdf"})
         EXPECT_EQ(status(folder / name).permissions(), std::filesystem::perms(0600)) << name;
-    }
     // A failure leaves what was there, and no half file beside it.
     WriteFile(folder / "copy.pdf", "earlier");
     EXPECT_FALSE(TakeTicketOut(document, TicketDigest("x"), folder / "copy.pdf", &taken));

@@ -1,9 +1,10 @@
-// What the commands of finishing do, and the words and pictures for it.
+// What the commands of finishing do, the words and pictures for it, and the menus.
 #include "paper_output/finishing.h"
 
+#include "paper_output/finishing_menu.h"
 #include "paper_output/paper_output_record.h"
+#include "settings/popup.h"
 #include "settings/ppd_file.h"
-#include "support/bundles.h"
 
 namespace kalmo::test {
 namespace {
@@ -18,68 +19,58 @@ std::string Text(const Finishing& f) {
 }
 
 TEST(Finishing, ACommandSettlesWhatDoesNotGoWithIt) {
-    const struct {
-        UInt32 command;
-        SInt32 value;
-        const char* after;
-    } rows[] = {{'Stp0', 1, "1 1 1 3 20 99"},   {'Stp1', 5, "5 1 1 3 1 4"},
-                {'Stp2', 10, "1 10 1 3 1 9"},   {'Stp4', 7, "1 1 54 1 1 53"},
-                {'Hpn0', 1, "6 12 55 1 20 99"}, {'HPun', 2, "6 12 1 2 1 30"},
-                {'Hpn3', 4, "6 12 1 4 1 30"},   {'Fld0', 1, "6 12 55 3 1 99"},
-                {'Zfol', 36, "1 1 1 1 36 40"},  {'Bkcr', 0, "6 12 55 3 20 99"}};
-    for (const auto& row : rows) {
+    const std::tuple<UInt32, SInt32, const char*> rows[] = {
+        {'Stp0', 1, "1 1 1 3 20 99"},   {'Stp1', 5, "5 1 1 3 1 4"},
+        {'Stp2', 10, "1 10 1 3 1 9"},   {'Stp4', 7, "1 1 54 1 1 53"},
+        {'Hpn0', 1, "6 12 55 1 20 99"}, {'HPun', 2, "6 12 1 2 1 30"},
+        {'Hpn3', 4, "6 12 1 4 1 30"},   {'Fld0', 1, "6 12 55 3 1 99"},
+        {'Zfol', 36, "1 1 1 1 36 40"},  {'Bkcr', 0, "6 12 55 3 20 99"}};
+    for (const auto& [command, value, after] : rows) {
         Finishing finishing{99, 6, 12, 55, 20, 1, 3};
-        EXPECT_EQ(ApplyFinishingCommand(&finishing, row.command, row.value), row.value != 0);
-        EXPECT_EQ(Text(finishing), row.after);
+        EXPECT_EQ(ApplyFinishingCommand(&finishing, command, value), value != 0);
+        EXPECT_EQ(Text(finishing), after);
     }
 }
 
 TEST(Finishing, OneLocationBelongsToOneGroupOfStaples) {
-    const struct {
-        SInt32 value;
-        const char *located, *chosen;
-    } rows[] = {{5, "5 1 1", "5 1 1"},    {8, "8 1 1", "1 1 1"},   {9, "1 1 1", "1 1 1"},
-                {6, "6 1 1", "6 1 1"},    {11, "1 11 1", "1 1 1"}, {12, "1 12 1", "1 12 1"},
-                {54, "1 1 54", "1 1 54"}, {57, "1 1 57", "1 1 1"}, {-1, "1 1 1", "1 1 1"}};
-    for (const auto& row : rows) {
-        Finishing located{.dualStaple = 99, .custom = {}}, chosen = located;
-        SetStapleLocation(&located, row.value);
-        ChooseStaple(&chosen, row.value);
-        EXPECT_EQ(Text(located), std::string(row.located) + " 0 0 0");
-        EXPECT_EQ(Text(chosen), std::string(row.chosen) + " 0 0 0");
-        EXPECT_TRUE(StapleLocation(chosen) == 1 || StapleLocation(chosen) == row.value);
+    for (const auto& [value, located, chosen] : {std::tuple{5, "5 1 1", "5 1 1"},
+                                                 {8, "8 1 1", "1 1 1"},
+                                                 {9, "1 1 1", "1 1 1"},
+                                                 {11, "1 11 1", "1 1 1"},
+                                                 {12, "1 12 1", "1 12 1"},
+                                                 {54, "1 1 54", "1 1 54"},
+                                                 {57, "1 1 57", "1 1 1"},
+                                                 {-1, "1 1 1", "1 1 1"}}) {
+        Finishing byLocation{.dualStaple = 99, .custom = {}}, byChoice = byLocation;
+        SetStapleLocation(&byLocation, value);
+        ChooseStaple(&byChoice, value);
+        EXPECT_EQ(Text(byLocation), std::string(located) + " 0 0 0");
+        EXPECT_EQ(Text(byChoice), std::string(chosen) + " 0 0 0");
+        EXPECT_TRUE(StapleLocation(byChoice) == 1 || StapleLocation(byChoice) == value);
     }
 }
 
 TEST(Finishing, TheSummaryHasALineForEachDeviceOrForTheBooklet) {
     const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
-    const struct {
-        Finishing finishing;
-        bool layout;
-        const char* lines;
-    } rows[] = {
+    const std::tuple<Finishing, bool, const char*> rows[] = {
         {{0, 5, 10, 1, 53, 1, 4}, false, "- 1 staple\n- 3 holes\n- Not folded\n"},
         {{0, 1, 1, 54, 43, 1, 1}, false, "- Several staples\n- Not punched\n- Folded in half\n"},
         {{24, 5, 1, 1, 53, 1, 4}, false, "- Booklet, folded and stapled\n"},
         {{0, 5, 1, 1, 1, 1, 4}, true, "- Not folded\n- Booklet layout\n"}};
-    for (const auto& [finishing, layout, lines] : rows) {
+    for (const auto& [finishing, layout, lines] : rows)
         EXPECT_EQ(TakeText(CreateFinishingString(bundle, finishing, layout, {true, true, true})),
                   lines);
-    }
     EXPECT_EQ(TakeText(CreateFinishingString(bundle, {}, false, {})), "");
 }
 
 TEST(Finishing, PicturesShowTheFoldElseStaplesWithHoles) {
-    const struct {
-        Finishing finishing;
-        bool layout;
-        const char* picture;
-    } rows[] = {{{0, 1, 1, 1, 0, 0, 1}, true, "OfficeFinishing_Bklt_Layout.gif"},
-                {{0, 5, 1, 1, 1, 0, 1}, true, "OfficeFinishing_1St.gif"},
-                {{0, 1, 10, 1, 1, 0, 2}, false, "OfficeFinishing_2St&3Hp.gif"},
-                {{0, 5, 1, 1, 36, 0, 2}, true, "ProductionFinishing_ZFold_Half_Left.gif"},
-                {{0, 1, 1, 1, 53, 0, 1}, false, "OfficeFinishing_BKlt_Fold&Stple.gif"},
-                {{0, 1, 1, 1, 53, 0, 1}, true, "OfficeFinishing_Bklt_Fold&Stpl_Layout.gif"}};
+    const std::tuple<Finishing, bool, const char*> rows[] = {
+        {{0, 1, 1, 1, 0, 0, 1}, true, "OfficeFinishing_Bklt_Layout.gif"},
+        {{0, 5, 1, 1, 1, 0, 1}, true, "OfficeFinishing_1St.gif"},
+        {{0, 1, 10, 1, 1, 0, 2}, false, "OfficeFinishing_2St&3Hp.gif"},
+        {{0, 5, 1, 1, 36, 0, 2}, true, "ProductionFinishing_ZFold_Half_Left.gif"},
+        {{0, 1, 1, 1, 53, 0, 1}, false, "OfficeFinishing_BKlt_Fold&Stple.gif"},
+        {{0, 1, 1, 1, 53, 0, 1}, true, "OfficeFinishing_Bklt_Fold&Stpl_Layout.gif"}};
     for (const auto& [finishing, layout, picture] : rows)
         EXPECT_EQ(FinishingPicture(finishing, layout), picture);
 }
@@ -125,6 +116,87 @@ TEST(Booklet, ABookletFoldIsTheOnlyFinishing) {
     LeaveBooklet(&record);
     EXPECT_EQ(std::pair(finishing.option, finishing.fold), std::pair(kOptionNone, kNoFinishing));
     EXPECT_EQ(record.duplex, kOneSided) << "the layout was off";
+}
+
+using Features = std::vector<CFStringRef>;
+
+/// A printer that has the features, and a menu.
+struct FinishingMenu : testing::Test {
+    void install(const Features& features) {
+        UnloadInstallableOptions();
+        table.clear();
+        for (const CFStringRef feature : features) table.push_back({feature});
+        table.push_back({});
+        LoadInstallableOptions(printer.ppd(), table.data());
+    }
+    /// "text=value" of each item, after "*" when it is checked; a separator has no text.
+    std::string items() const {
+        std::string all;
+        UInt16 item = 0;
+        for (const std::string& text : popup.items())
+            all += (IsMenuItemChecked(popup.menu, ++item) ? "*" : "") + text + ";";
+        return all;
+    }
+    std::string marked(const Finishing& finishing, bool layout) {
+        MarkFinishingMenu(popup.menu, finishing, layout);
+        return items();
+    }
+
+    PrinterWithPPD printer{""};
+    std::vector<_InstalledFeatureMap> table;
+    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
+    Popup popup;
+};
+
+TEST_F(FinishingMenu, OfficeItemsAreThoseThePrinterHas) {
+    const std::pair<Features, const char*> rows[] = {
+        {{}, ""},
+        {{CFSTR("GenericPunchKey"), CFSTR("DualPunchKey")}, "Punched=2;None=1;"},
+        {{CFSTR("TriplePunchKey"), CFSTR("QuadruplePunchKey"), CFSTR("BookletFoldKey")},
+         "3 holes=4;4 holes=5;Not punched=1;Create a booklet…=0;"},
+        {{CFSTR("DualStapleKey"), CFSTR("ZFoldKey"), CFSTR("ZFoldHalfSheetKey")},
+         "No staple=1;2 staples=10;=0;Not folded=1;Z fold=20;Z fold to half a sheet=36;"},
+    };
+    for (const auto& [features, expected] : rows) {
+        install(features);
+        PopulateOfficeFinishingMenu(popup.menu, bundle);
+        EXPECT_EQ(items(), expected);
+    }
+    EXPECT_TRUE(OfficeFinishing().staple && !OfficeFinishing().punch && OfficeFinishing().fold);
+}
+
+TEST_F(FinishingMenu, MarksFollowTheChoiceAndABookletStandsAlone) {
+    install({CFSTR("SingleStapleKey"), CFSTR("DualPunchKey"), CFSTR("CFoldKey"),
+             CFSTR("BookletFoldKey")});
+    PopulateOfficeFinishingMenu(popup.menu, bundle);
+    Finishing finishing{.fold = 1, .punch = 3, .custom = {}};
+    EXPECT_EQ(marked(finishing, false),
+              "*No staple=1;1 staple=5;*2 holes=3;Not punched=1;=0;*Not folded=1;C fold=19;"
+              "Create a booklet…=0;");
+    const std::string booklet = marked(finishing, true);
+    EXPECT_EQ(booklet.find('*'), booklet.find("*Create")) << booklet;
+    finishing.option = kOptionBooklet;
+    EXPECT_EQ(marked(finishing, false), booklet);
+}
+
+TEST_F(FinishingMenu, CoilPunchGoesWithAPaperThatCannotHaveIt) {
+    install({CFSTR("GBCAdvancedPunchKey")});
+    PopulateOfficeFinishingMenu(popup.menu, bundle);
+    const std::tuple<SInt32, SInt32, bool> rows[] = {
+        {1, kUnset, true},  {1, 217, false}, {1, 216, true},     {9, 100, false},
+        {kUnset, 80, true}, {2, 80, false},  {kUnset, 79, false}};
+    for (const auto& [type, weight, available] : rows) {
+        Stock stock(nullptr);
+        stock.setType(type);
+        stock.setWeight(weight);
+        Finishing finishing;
+        ApplyFinishingCommand(&finishing, kCoilCommand, 0);
+        const bool wasEnabled = IsMenuItemEnabled(popup.menu, 1);
+        EXPECT_EQ(CoupleCoilPunch(popup.menu, &finishing, stock), !available || !wasEnabled);
+        EXPECT_EQ(IsMenuItemEnabled(popup.menu, 1), available);
+        EXPECT_EQ(finishing.option, available && wasEnabled ? kOptionCoilPunch : kOptionNone);
+        EXPECT_EQ(CoilPunchAvailable(Stock(nullptr)), std::nullopt);
+    }
 }
 
 }  // namespace

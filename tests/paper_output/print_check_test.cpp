@@ -36,26 +36,19 @@ struct PrintCheck : DialogTest {
 };
 
 TEST_F(PrintCheck, OnlySecurePrintWithoutPasscodeAndFaxWithoutRecipientAreRefused) {
-    const struct {
-        const char* why;
-        SInt32 type;
-        const char* passcode;
-        CFIndex recipients;
-        std::size_t notices;
-        int faxSetups;
-    } rows[] = {
+    const std::tuple<const char*, SInt32, const char*, CFIndex, std::size_t, int> rows[] = {
         {"any passcode will do", 6, "1", 0, 0, 0}, {"empty passcode", 6, "", 3, 1, 0},
         {"no passcode", 6, nullptr, 0, 1, 0},      {"fax with recipient", 5, "", 1, 0, 0},
         {"fax without", 5, "1234", 0, 0, 1},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
+    for (const auto& [why, type, passcode, recipients, noticed, faxed] : rows) {
+        SCOPED_TRACE(why);
         notices.clear();
         faxSetups = 0;
-        setJob(row.type, row.passcode, row.recipients);
-        EXPECT_EQ(CheckPrintJob() == PrintCheckResult::refused, row.notices || row.faxSetups);
-        EXPECT_EQ(notices.size(), row.notices);
-        EXPECT_EQ(faxSetups, row.faxSetups);
+        setJob(type, passcode, recipients);
+        EXPECT_EQ(CheckPrintJob() == PrintCheckResult::refused, noticed || faxed);
+        EXPECT_EQ(notices.size(), noticed);
+        EXPECT_EQ(faxSetups, faxed);
     }
 }
 

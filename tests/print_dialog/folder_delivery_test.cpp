@@ -1,21 +1,18 @@
-#include <gtest/gtest.h>
 
-#include <set>
 
 #include "print_dialog/job_delivery.h"
 #include "support/pdf_documents.h"
-#include "support/private_home.h"
+#include "support/qt_test.h"
 
-namespace kalmo {
+namespace kalmo::test {
 namespace {
 
 namespace fs = std::filesystem;
 
 constexpr char kTicket[] = "<plist>a ticket with a secret</plist>";
 
-class FolderDeliveryTest : public testing::Test {
-protected:
-    FolderDeliveryTest() { test::WriteFile(document_, test::MakePdf({"One", "Two"})); }
+struct FolderDeliveryTest : testing::Test {
+    FolderDeliveryTest() { WriteFile(document_, MakePdf(2)); }
 
     JobResult deliver(const std::string& title) {
         return DeliverToFolder(
@@ -24,26 +21,25 @@ protected:
     }
     std::set<std::string> files() const {
         std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(output_)) {
+        for (const auto& entry : fs::directory_iterator(output_))
             names.insert(entry.path().filename());
-        }
         return names;
     }
 
-    fs::path document_ = test::MakeFolder("in") / "report.pdf";
-    fs::path output_ = test::MakeFolder("out");
+    fs::path document_ = MakeFolder("in") / "report.pdf";
+    fs::path output_ = MakeFolder("out");
     DeliveryState state_;
 };
 
 TEST_F(FolderDeliveryTest, LeavesWhatLiesThereAlone) {
-    test::WriteFile(output_ / "report.pdf", "somebody's");
-    test::WriteFile(output_ / "report 2.ticket.plist", "somebody's too");
+    WriteFile(output_ / "report.pdf", "somebody's");
+    WriteFile(output_ / "report 2.ticket.plist", "somebody's too");
     const auto result = deliver("report.pdf");
     ASSERT_EQ(result.end, JobResult::End::printed) << result.message;
     EXPECT_EQ(result.document.filename(), "report 3.pdf");
     EXPECT_EQ(result.ticket.filename(), "report 3.ticket.plist");
-    EXPECT_EQ(test::ReadFile(output_ / "report.pdf"), "somebody's");
-    EXPECT_EQ(test::ReadFile(output_ / "report 2.ticket.plist"), "somebody's too");
+    EXPECT_EQ(ReadFile(output_ / "report.pdf"), "somebody's");
+    EXPECT_EQ(ReadFile(output_ / "report 2.ticket.plist"), "somebody's too");
     EXPECT_EQ(files().size(), 4u);
 }
 
@@ -71,10 +67,10 @@ TEST_F(FolderDeliveryTest, NamesStayInTheFolder) {
 TEST_F(FolderDeliveryTest, CancelledOrFailedItLeavesNothing) {
     state_.cancel();
     EXPECT_EQ(deliver("report").end, JobResult::End::cancelled);
-    test::WriteFile(document_, "%PDF-1.7 and then nothing");
+    WriteFile(document_, "%PDF-1.7 and then nothing");
     const auto damaged = deliver("report");
     EXPECT_EQ(damaged.end, JobResult::End::failed);
-    EXPECT_NE(damaged.message.find("report.pdf"), std::string::npos) << damaged.message;
+    EXPECT_TRUE(Contains(damaged.message, "report.pdf")) << damaged.message;
     EXPECT_TRUE(files().empty());
 
     output_ /= "missing";
@@ -82,4 +78,4 @@ TEST_F(FolderDeliveryTest, CancelledOrFailedItLeavesNothing) {
 }
 
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test

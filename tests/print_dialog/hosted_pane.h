@@ -1,14 +1,9 @@
 // A host with a printer, and the hidden window its pane stands in.
 #pragma once
 
-#include <QPushButton>
-#include <QWidget>
-#include <memory>
-
 #include "print_dialog/print_job_host.h"
-#include "support/printer_files.h"
+#include "support/qt_test.h"
 #include "support/ticket_files.h"
-#include "toolbox/host.h"
 
 namespace kalmo::test {
 

@@ -1,25 +1,25 @@
 // The document is read and drawn by a worker, and the preview shows it as it will be printed.
 #include "print_dialog/preview.h"
 
-#include <gtest/gtest.h>
-
-#include <QProcess>
-#include <QSignalSpy>
-#include <QTest>
-
 #include "print_dialog/sample_documents.h"
-#include "support/private_home.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
 
 const PPDPaper kA4{"A4", "A4", 595, 842, 12, 12, 583, 830};
 
-bool Wait(const std::function<bool()>& until) { return QTest::qWaitFor(until, 20000); }
-
 void Open(Document& document, const std::filesystem::path& file) {
     document.open(file);
     ASSERT_TRUE(Wait([&] { return document.state() != Document::State::loading; }));
+}
+
+/// The first sheet.
+QImage Drawn(Document& document, const PPDPaper& paper, double scale) {
+    QSignalSpy drawn(&document, &Document::drawn);
+    document.draw({SheetLayout(paper, {}, document.pages()).sheet(0), scale, false});
+    EXPECT_TRUE(Wait([&] { return !drawn.isEmpty(); }));
+    return drawn.isEmpty() ? QImage() : drawn.front().front().value<QImage>();
 }
 
 TEST(Document, SaysWhatIsWrongWithAFile) {
@@ -54,11 +54,7 @@ TEST(Document, KeepsItsBytesWhenTheFileChanges) {
     Open(document, file);
     WriteFile(file, "overwritten");
     EXPECT_EQ(ReadFile(document.copy()->path()), bytes);
-    QSignalSpy drawn(&document, &Document::drawn);
-    document.draw({SheetLayout(kA4, {}, document.pages()).sheet(0), 1, false});
-    ASSERT_TRUE(Wait([&] { return !drawn.isEmpty(); }));
-    EXPECT_LT(Distance(drawn.front().front().value<QImage>().pixelColor(300, 600), PageColor(1)),
-              30);
+    EXPECT_LT(Distance(Drawn(document, kA4, 1).pixelColor(300, 600), PageColor(1)), 30);
 }
 
 TEST(Document, DrawsTheNewestRequestOnly) {
@@ -78,16 +74,12 @@ TEST(Document, DrawsHugeSheetsWithinBounds) {
     Document document;
     Open(document, WriteDocument({{14000, 14000}}));
     const PPDPaper poster{"Poster", "Poster", 14400, 14400, 0, 0, 0, 0};
-    QSignalSpy drawn(&document, &Document::drawn);
-    document.draw({SheetLayout(poster, {}, document.pages()).sheet(0), 4, false});
-    ASSERT_TRUE(Wait([&] { return !drawn.isEmpty(); }));
-    const QImage picture = drawn.front().front().value<QImage>();
+    const QImage picture = Drawn(document, poster, 4);
     EXPECT_LT(picture.width() * picture.height(), 16'100'000);
     EXPECT_LT(Distance(picture.pixelColor(2000, 3000), PageColor(1)), 30);
 }
 
-class PreviewTest : public testing::Test {
-protected:
+struct PreviewTest : testing::Test {
     PreviewTest() {
         preview_.resize(420, 560);
         preview_.show();
@@ -138,14 +130,12 @@ TEST_F(PreviewTest, IsGreyWhenPrintedInBlack) {
 TEST_F(PreviewTest, TurnsByKeysAndStaysInsideTheDocument) {
     Open(document_, WriteDocument(std::vector(4, kPortraitPage)));
     show({});
-    const struct {
-        int key;
-        int sheet;
-    } rows[] = {{Qt::Key_PageUp, 0}, {Qt::Key_PageDown, 1}, {Qt::Key_Right, 2}, {Qt::Key_End, 3},
-                {Qt::Key_Down, 3},   {Qt::Key_Left, 2},     {Qt::Key_Home, 0}};
-    for (const auto& row : rows) {
-        QTest::keyClick(&view(), static_cast<Qt::Key>(row.key));
-        EXPECT_EQ(preview_.currentSheet(), row.sheet) << row.key;
+    const std::tuple<int, int> rows[] = {
+        {Qt::Key_PageUp, 0}, {Qt::Key_PageDown, 1}, {Qt::Key_Right, 2}, {Qt::Key_End, 3},
+        {Qt::Key_Down, 3},   {Qt::Key_Left, 2},     {Qt::Key_Home, 0}};
+    for (const auto& [key, sheet] : rows) {
+        QTest::keyClick(&view(), static_cast<Qt::Key>(key));
+        EXPECT_EQ(preview_.currentSheet(), sheet) << key;
     }
     QTest::keyClick(&view(), Qt::Key_End);
     EXPECT_TRUE(view().accessibleDescription().contains('4'));

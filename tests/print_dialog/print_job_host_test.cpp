@@ -1,57 +1,37 @@
 #include "print_dialog/print_job_host.h"
 
-#include <gtest/gtest.h>
-
+#include "job_ticket/attachment.h"
 #include "print_dialog/hosted_pane.h"
-#include "printing/ticket.h"
+#include "print_dialog/job.h"
+#include "settings/ticket.h"
+#include "settings/ticket_keys.h"
 
-namespace kalmo {
+namespace kalmo::test {
 namespace {
-
-using test::HostedPane;
-using test::TicketFile;
 
 /// Each Sync towards the ticket leaves this behind.
 const char* const kSyncMark = "com.kalmo.print.ControllerInformation.ControllerFamily";
 
-class PrintJobHostTest : public testing::Test {
-protected:
+struct PrintJobHostTest : testing::Test {
     PMTicketRef ticket() { return pane_.host.printSettings(); }
-    bool takeSyncMark() { return PMTicketReleaseItem(ticket(), test::String(kSyncMark)) == noErr; }
+    bool takeSyncMark() { return PMTicketReleaseItem(ticket(), String(kSyncMark)) == noErr; }
     SInt32 stockSize() {
-        CFDictionaryRef stock = nullptr;
-        SInt32 size = -1;
-        PMTicketGetCFDictionary(ticket(), CFSTR("com.kalmo.print.JobLevelStock"), &stock);
-        CFNumberGetValue(static_cast<CFNumberRef>(CFDictionaryGetValue(stock, CFSTR("Size"))),
-                         kCFNumberSInt32Type, &size);
-        return size;
+        return SInt32InDictionary(DictionaryInTicket(ticket(), kJobLevelStockKey), CFSTR("Size"))
+            .value_or(-1);
     }
 
     HostedPane pane_;
 };
 
-TEST_F(PrintJobHostTest, GivesEverythingBack) {
-    const auto live = [] {
-        HostedPane pane;
-        pane.beginOnSample();
-        pane.host.open();
-        pane.host.sync(kSyncToTicket);
-    };
-    live();  // constants come to stay
-    const auto before = CFLiveValueCount();
-    live();
-    EXPECT_EQ(CFLiveValueCount(), before);
-}
-
 TEST_F(PrintJobHostTest, AnotherPrinterKeepsWhatItKnows) {
-    pane_.choose(test::SamplePPD("kalmo-office-color"));
+    pane_.choose(SamplePPD("kalmo-office-color"));
     ASSERT_TRUE(pane_.host.readTicket(
         TicketFile("<key>com.kalmo.print.X</key><integer>3</integer>",
                    "<key>KLMColor</key><string>BW</string><key>KLEconomode</key>"
                    "<string>Draft</string><key>PageSize</key><string>A3</string>")));
     EXPECT_FALSE(pane_.host.setPrinter({"broken", "/dev/null"})) << "and nothing changes";
     EXPECT_EQ(pane_.host.printer().name, "kalmo-office-color");
-    pane_.choose(test::SamplePPD("kalmo-office-mono"));
+    pane_.choose(SamplePPD("kalmo-office-mono"));
     EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "") << "this one prints in black only";
     EXPECT_EQ(pane_.host.ppdChoice("KLEconomode"), "Draft");
     EXPECT_EQ(pane_.host.ppdChoice("PageSize"), "A3");
@@ -95,7 +75,7 @@ TEST_F(PrintJobHostTest, SyncsAroundWhatAPanelReadsAndOnlyThen) {
 }
 
 TEST_F(PrintJobHostTest, TheDialogsPaperReachesTheStock) {
-    pane_.choose(test::SamplePPD("kalmo-office-color"));
+    pane_.choose(SamplePPD("kalmo-office-color"));
     const auto stock = TicketFile(
         "<key>com.kalmo.print.JobLevelStock</key><dict><key>Size</key><integer>1</integer>"
         "<key>Type</key><integer>12</integer></dict>",
@@ -131,5 +111,67 @@ TEST_F(PrintJobHostTest, FurtherPanelsAreOfferedForOneLifeOnly) {
     EXPECT_EQ(PanelInterfaceName("colour"), nullptr);
 }
 
+struct JobTest : testing::Test {
+    /// What these settings, on top of the pane's own, send to a queue.
+    JobOrder order(const std::function<void(JobSettings&)>& change) {
+        auto settings = pane_.host.settings();
+        change(settings);
+        pane_.host.apply(settings);
+        JobOrder order;
+        const SheetLayout layout(pane_.host.paper(), settings, {{595, 842}});
+        const auto outcome =
+            MakeJobOrder(pane_.host, {.layout = layout, .queue = "office"}, &order);
+        EXPECT_TRUE(outcome) << outcome.error;
+        return order;
+    }
+    static std::map<std::string, std::string> options(const JobOrder& order) {
+        return {order.options.begin(), order.options.end()};
+    }
+
+    HostedPane pane_;
+};
+
+TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
+    pane_.choose(SamplePPD("kalmo-office-color"));
+    ASSERT_TRUE(pane_.host.readTicket(
+        TicketFile("<key>com.kalmo.print.JobType</key><dict><key>SecurePrintPassword</key>"
+                   "<string>24680</string></dict>",
+                   "<key>KLEconomode</key><string>Draft</string><key>copies</key>"
+                   "<string>99</string><key>raw</key><string>true</string>")));
+    ASSERT_EQ(pane_.begin(), noErr);
+    const auto made = order([](JobSettings& settings) {
+        settings.copies = 3, settings.collate = false;
+        settings.pages = {{1, 3}, {5, 5}};
+        settings.paper = "A3", settings.pagesPerSheet = 4;
+        settings.orientation = Orientation::landscape;
+    });
+    auto sent = options(made);
+    EXPECT_EQ(sent["KLEconomode"], "Draft");
+    EXPECT_EQ(sent["PageSize"], "A3");
+    EXPECT_EQ(sent["copies"], "3") << "not the ticket's word: it is no option of the printer";
+    EXPECT_EQ(sent["multiple-document-handling"], "separate-documents-uncollated-copies");
+    EXPECT_FALSE(sent.contains("page-ranges")) << "the server would count sheets";
+    EXPECT_EQ(made.pages, (std::vector<PageRange>{{1, 3}, {5, 5}}));
+    EXPECT_EQ(sent["number-up"], "4");
+    EXPECT_EQ(sent["orientation-requested"], "4");
+    EXPECT_FALSE(sent.contains("raw"));
+    EXPECT_EQ(sent[job_ticket::kDigestOption], job_ticket::TicketDigest(made.ticket));
+    EXPECT_TRUE(made.secret);
+    for (const auto& [name, value] : made.options) EXPECT_FALSE(Contains(value, "24680")) << name;
+}
+
+TEST_F(JobTest, PlainJobsSayLittle) {
+    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    const auto made = order([](JobSettings& settings) { settings.pages = {{2, 3}}; });
+    auto sent = options(made);
+    for (const char* absent : {"copies", "multiple-document-handling", "number-up", "pdfAutoRotate",
+                               "orientation-requested", "media"}) {
+        EXPECT_FALSE(sent.contains(absent)) << absent;
+    }
+    EXPECT_EQ(sent["page-ranges"], "2-3");
+    EXPECT_TRUE(made.pages.empty());
+    EXPECT_FALSE(made.secret);
+}
+
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test

@@ -12,19 +12,13 @@
 #include "print_dialog/remembered_panels.h"
 #include "print_dialog/sample_documents.h"
 #include "support/dead_servers.h"
-#include "support/modal_driver.h"
-#include "support/printer_files.h"
-#include "support/private_home.h"
+#include "support/qt_test.h"
 #include "support/window_walk.h"
-#include "toolbox/host.h"
 
 namespace kalmo::test {
 namespace {
 
-bool Wait(const std::function<bool()>& until) { return QTest::qWaitFor(until, 20000); }
-
-class PrintWindowTest : public testing::Test {
-protected:
+struct PrintWindowTest : testing::Test {
     PrintWindowTest() {
         commandLine_.output = MakeFolder("out").string();
         commandLine_.document = WriteDocument(std::vector(5, kPortraitPage)).string();
@@ -35,25 +29,21 @@ protected:
     PrintWindow& open() {
         window_ = std::make_unique<PrintWindow>(commandLine_);
         EXPECT_EQ(window_->prepare(), kExitDone);
-        window_->show();
-        window_->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+        Activate(*window_);
         EXPECT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
         return *window_;
     }
     QPushButton* button(const char* text) const {
-        for (auto* button : window_->findChildren<QPushButton*>()) {
+        for (auto* button : window_->findChildren<QPushButton*>())
             if (button->text() == text) return button;
-        }
         return nullptr;
     }
     /// With the Tab key alone.
     void tabTo(QWidget* control) {
         ASSERT_NE(control, nullptr);
-        for (int key = 0; key < 80 && window_->focusWidget() != control; ++key) {
+        for (int key = 0; key < 80 && window_->focusWidget() != control; ++key)
             QTest::keyClick(window_->focusWidget() ? window_->focusWidget() : window_.get(),
                             Qt::Key_Tab);
-        }
         ASSERT_EQ(window_->focusWidget(), control) << "the Tab key does not lead there";
     }
     void press(Qt::Key key) {
@@ -61,9 +51,8 @@ protected:
     }
     std::set<std::string> files() const {
         std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(commandLine_.output)) {
+        for (const auto& entry : std::filesystem::directory_iterator(commandLine_.output))
             names.insert(entry.path().filename().string());
-        }
         return names;
     }
     PanelsButton* panels() const { return window_->findChild<PanelsButton*>(); }
@@ -89,23 +78,6 @@ protected:
     std::unique_ptr<PrintWindow> window_;
 };
 
-TEST_F(PrintWindowTest, HelpOpensTheFirstPageOfTheBook) {
-    ModalDriver nothingModal;
-    open();
-    Presence recording = CurrentPresence();
-    const Presence before = recording;
-    std::string shown;
-    recording.helpPage = [&shown](CFStringRef path, CFStringRef) {
-        shown = CFStringToUTF8(path);
-        return noErr;
-    };
-    InstallPresence(recording);
-    button("&Help")->click();
-    InstallPresence(before);
-    EXPECT_TRUE(shown.ends_with("en.lproj/Help/index.htm")) << shown;
-    EXPECT_TRUE(std::filesystem::exists(shown));
-}
-
 TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
     open();
     tabTo(window_->findChild<QSpinBox*>());
@@ -128,7 +100,6 @@ TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
     const auto document = std::filesystem::path(commandLine_.output) / "report.pdf";
     EXPECT_TRUE(InspectDocument(document, &printed));
     EXPECT_EQ(printed.size(), 3u) << "pages 2 to 4";
-    EXPECT_TRUE(nothingModal.done());
 }
 
 TEST_F(PrintWindowTest, ReturnDoesNotPrintWhatCannotBe) {
@@ -174,17 +145,6 @@ TEST_F(PrintWindowTest, AFailureIsSaidAndTheDialogStays) {
     EXPECT_TRUE(window_->isVisible() && button("&Print")->isEnabled());
 }
 
-TEST_F(PrintWindowTest, ADeadServerCostsALine) {
-    const DeadServer server(Silence::closedPort);
-    open();
-    window_->findPrinters();
-    auto* destination = window_->findChild<DestinationChoice*>();
-    const auto* list = destination->list();
-    ASSERT_TRUE(Wait([&] { return list->accessibleDescription().contains("127.0.0.1"); }));
-    EXPECT_EQ(destination->current().kind, Destination::Kind::folder);
-    EXPECT_TRUE(button("&Print")->isEnabled());
-}
-
 TEST_F(PrintWindowTest, PrintsADroppedDocument) {
     commandLine_.document.clear();
     window_ = std::make_unique<PrintWindow>(commandLine_);
@@ -211,9 +171,8 @@ TEST_F(PrintWindowTest, AnotherMakersPrinterPrintsWithoutPane) {
     commandLine_.ppd = WritePPD("Somebody Else").string();
     open();
     bool said = false;
-    for (const auto* label : window_->findChild<PaneView*>()->findChildren<QLabel*>()) {
+    for (const auto* label : window_->findChild<PaneView*>()->findChildren<QLabel*>())
         said = said || (label->isVisible() && label->text().contains("not a Kalmo printer"));
-    }
     EXPECT_TRUE(said);
     EXPECT_EQ(window_->findChild<QComboBox*>("panelSelector"), nullptr);
     button("&Print")->click();

@@ -1,9 +1,8 @@
 #include "print_dialog/sample_documents.h"
 
-#include <QPainter>
 #include <QPdfWriter>
 
-#include "support/private_home.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 

@@ -1,10 +1,7 @@
 // Documents made for a test: each page has a colour of its own, and a black mark at its upper left.
 #pragma once
 
-#include <QColor>
-#include <QSizeF>
-#include <filesystem>
-#include <vector>
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 

@@ -1,10 +1,7 @@
 // The form offers what the printer has, and says at once what cannot be.
 #include "print_dialog/settings_form.h"
 
-#include <gtest/gtest.h>
-
-#include <QSignalSpy>
-#include <QTest>
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -21,9 +18,8 @@ PPDDescription Printer() {
 }
 
 QComboBox* PopupWith(SettingsForm& form, const QString& text) {
-    for (QComboBox* popup : form.findChildren<QComboBox*>()) {
+    for (QComboBox* popup : form.findChildren<QComboBox*>())
         if (popup->findText(text) >= 0 && !popup->isHidden()) return popup;
-    }
     return nullptr;
 }
 
@@ -31,8 +27,7 @@ QComboBox* PopupWith(SettingsForm& form, const QString& text) {
 void Choose(SettingsForm& form, const QString& text) {
     QComboBox* popup = PopupWith(form, text);
     ASSERT_NE(popup, nullptr) << text.toStdString();
-    popup->setCurrentIndex(popup->findText(text));
-    Q_EMIT popup->activated(popup->currentIndex());
+    Pick(*popup, text);
 }
 
 TEST(SettingsForm, OffersWhatThePrinterHas) {
@@ -44,9 +39,8 @@ TEST(SettingsForm, OffersWhatThePrinterHas) {
     Choose(form, "Tray 2");
     Choose(form, "US Letter");
     EXPECT_TRUE(form.isGrey());
-    EXPECT_EQ(form.settings().colorOption, "KLMColor");
-    EXPECT_EQ(form.settings().colorChoice, "BW");
-    EXPECT_EQ(form.settings().inputSlot, "Tray2");
+    const JobSettings chosen = form.settings();
+    EXPECT_EQ(chosen.colorOption + "=" + chosen.colorChoice + chosen.inputSlot, "KLMColor=BWTray2");
 
     PPDDescription bare = Printer();
     bare.options.clear();
@@ -67,22 +61,18 @@ TEST(SettingsForm, ChecksTheRangeWhileItIsTyped) {
     form.setDocument(5, Orientation::portrait);
     form.show();
     auto* text = form.findChild<QLineEdit*>();
-    const struct {
-        const char* typed;
-        bool valid, tellsWhy;
-    } rows[] = {{"2", true, false},   {"2-", false, true}, {"2-5", true, false},
-                {"2-6", false, true}, {"", false, false},  {"x", false, true}};
     QTest::keyClick(text, Qt::Key_1);
     EXPECT_EQ(form.settings().pages, (std::vector<PageRange>{{1, 1}}))
         << "typing chooses the range";
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.typed);
+    for (const auto& [typed, valid, tellsWhy] :
+         {std::tuple{"2-5", true, false}, {"2-6", false, true}, {"", false, false}}) {
+        SCOPED_TRACE(typed);
         QSignalSpy changed(&form, &SettingsForm::changed);
         text->clear();
-        QTest::keyClicks(text, row.typed);
+        QTest::keyClicks(text, typed);
         EXPECT_FALSE(changed.isEmpty());
-        EXPECT_EQ(form.isValid(), row.valid);
-        EXPECT_EQ(!text->accessibleDescription().isEmpty(), row.tellsWhy);
+        EXPECT_EQ(form.isValid(), valid);
+        EXPECT_EQ(!text->accessibleDescription().isEmpty(), tellsWhy);
     }
     form.setDocument(9, Orientation::portrait);
     text->setText("9");
@@ -93,11 +83,8 @@ TEST(SettingsForm, TakesTheDocumentsOrientationUntilOneIsChosen) {
     SettingsForm form;
     form.setDocument(1, Orientation::landscape);
     EXPECT_EQ(form.settings().orientation, Orientation::landscape);
-    for (auto* button : form.findChildren<QRadioButton*>()) {
-        if (button->text() == "Por&trait") {
-            button->click();
-        }
-    }
+    for (auto* button : form.findChildren<QRadioButton*>())
+        if (button->text() == "Por&trait") button->click();
     EXPECT_EQ(form.settings().orientation, Orientation::portrait);
     form.setDocument(1, Orientation::landscape);
     EXPECT_EQ(form.settings().orientation, Orientation::portrait);

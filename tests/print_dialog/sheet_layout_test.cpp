@@ -1,17 +1,11 @@
 // The sheets that are shown are the sheets that come out of the print server's own filter.
 #include "print_dialog/sheet_layout.h"
 
-#include <gtest/gtest.h>
-
-#include <QBuffer>
-#include <QPainter>
 #include <QPdfDocument>
-#include <QProcess>
-#include <QTransform>
 
 #include "print_dialog/sample_documents.h"
-#include "support/printer_files.h"
-#include "support/private_home.h"
+#include "support/programs.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -35,20 +29,16 @@ std::vector<QImage> PrintedSheets(const std::filesystem::path& document,
                                   const SheetLayout& layout) {
     const auto ppd = MakeFolder("ppd") / "test.ppd";
     WriteFile(ppd, kPPD);
-    QString options = "PageSize=A4";
-    for (const auto& [name, value] : layout.jobOptions()) {
-        options += QString::fromStdString(" " + name + "=" + value);
-    }
-    QProcess filter;
-    auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("PPD", QString::fromStdString(ppd.string()));
-    environment.insert("CONTENT_TYPE", "application/pdf");
-    environment.insert("FINAL_CONTENT_TYPE", "application/vnd.cups-pdf");
-    filter.setProcessEnvironment(environment);
-    filter.start("/usr/lib/cups/filter/pdftopdf",
-                 {"1", "user", "title", "1", options, QString::fromStdString(document.string())});
-    EXPECT_TRUE(filter.waitForFinished()) << "cups-filters is not installed";
-    QByteArray bytes = filter.readAllStandardOutput();
+    std::string options = "PageSize=A4";
+    for (const auto& [name, value] : layout.jobOptions()) options += " " + name + "=" + value;
+    const auto filter =
+        RunProgram({.program = "/usr/lib/cups/filter/pdftopdf",
+                    .arguments = {"1", "user", "title", "1", options, document},
+                    .environment = {{"PPD", ppd},
+                                    {"CONTENT_TYPE", "application/pdf"},
+                                    {"FINAL_CONTENT_TYPE", "application/vnd.cups-pdf"}}});
+    EXPECT_EQ(filter.exitCode, 0) << filter.errors;
+    QByteArray bytes = QByteArray::fromStdString(filter.output);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QPdfDocument pdf;

@@ -1,12 +1,9 @@
 // kalmo-print and its workers against a real CUPS server.
-#include <gtest/gtest.h>
-
 #include "print_dialog/job_delivery.h"
 #include "print_dialog/printer_requests.h"
 #include "programs/private_cupsd.h"
 #include "support/pdf_documents.h"
-#include "support/printer_files.h"
-#include "support/private_home.h"
+#include "support/qt_test.h"
 #include "support/ticket_files.h"
 
 namespace kalmo::test {
@@ -23,14 +20,7 @@ constexpr std::pair<const char*, const char*> kChoices[] = {
     {"KLPunch", "2HolePunch"}, {"KLFold", "ZFoldHalfSheet"},
 };
 
-class KalmoPrintQueueTest : public testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_EQ(server_.problem(), "");
-        ASSERT_EQ(server_.addQueue("kalmo", SamplePPD("kalmo-office-color")).exitCode, 0);
-        ASSERT_EQ(server_.addQueue("other", WritePPD("Other")).exitCode, 0);
-        WriteFile(document_, MakePdf({"One", "Two"}));
-    }
+struct KalmoPrintQueueTest : QueueTest {
     ProgramEnd run(std::vector<std::string> arguments) {
         return RunProgram({.program = BuiltProgram("kalmo-print"),
                            .arguments = std::move(arguments),
@@ -51,35 +41,32 @@ protected:
         return ticket_;
     }
 
-    PrivateCupsd server_;
-    fs::path document_ = MakeFolder("documents") / "report.pdf";
-    fs::path ticket_ = document_.parent_path() / "in.plist";
+    fs::path ticket_ = document.parent_path() / "in.plist";
     fs::path temporary_ = MakeFolder("tmp");
 };
 
 TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePasscode) {
-    const auto refused =
-        run({"--no-dialog", "-d", "kalmo", "--ticket", securePrint(""), document_});
+    const auto refused = run({"--no-dialog", "-d", "kalmo", "--ticket", securePrint(""), document});
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(Contains(refused.errors, "passcode of 4 to 10 digits")) << refused.errors;
     EXPECT_EQ(refused.errors.find('\n'), refused.errors.size() - 1) << "one line";
     EXPECT_TRUE(JobsOnTheServer().empty());
-    const auto written = document_.parent_path() / "out.plist";
+    const auto written = document.parent_path() / "out.plist";
     const auto end = run({"--no-dialog", "-d", "kalmo", "--ticket", securePrint(kPasscode),
-                          "--write-ticket", written, "--title", "Secret report", document_});
+                          "--write-ticket", written, "--title", "Secret report", document});
     ASSERT_EQ(end.exitCode, 0) << end.errors;
     ASSERT_EQ(JobsOnTheServer(), std::vector{1});
-    ASSERT_EQ(server_.finished(1).state, IPP_JSTATE_COMPLETED) << server_.log();
-    const WrittenTicket arrived(ReadFile(server_.outFolder() / "ticket"));
+    ASSERT_EQ(server.finished(1).state, IPP_JSTATE_COMPLETED) << server.log();
+    const WrittenTicket arrived(ReadFile(out / "ticket"));
     const auto* type = arrived.value("PrintSettings", "com.kalmo.print.JobType");
     EXPECT_TRUE(CFEqual(
         type, WrittenTicket(ReadFile(written)).value("PrintSettings", "com.kalmo.print.JobType")));
-    const auto told = server_.attributes(1, "bob");
+    const auto told = server.attributes(1, "bob");
     for (const auto& [keyword, choice] : kChoices) {
         EXPECT_EQ(arrived.text("PPDChoices", keyword), choice);
         EXPECT_TRUE(Contains(told, std::string(keyword) + "=" + choice + "\n")) << told;
     }
-    EXPECT_EQ(server_.leaks(1, kPasscode), "");
+    EXPECT_EQ(server.leaks(1, kPasscode), "");
     EXPECT_FALSE(Contains(end.output + end.errors, kPasscode));
     EXPECT_TRUE(fs::is_empty(temporary_));
 }
@@ -87,15 +74,14 @@ TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePa
 TEST_F(KalmoPrintQueueTest, QueuesAreListedAndUnknownOnesRefused) {
     setenv("PRINTER", "other", 1);
     const auto listed = run({"--list-printers"});
-    unsetenv("PRINTER");
     EXPECT_EQ(listed.exitCode, 0) << listed.errors;
     EXPECT_TRUE(Contains(listed.output, "  kalmo\tKalmo Tolvane C7030\t")) << listed.output;
     EXPECT_TRUE(Contains(listed.output, "* other\t")) << listed.output;
 
-    const auto unknown = run({"--no-dialog", "-d", "nosuch", document_});
+    const auto unknown = run({"--no-dialog", "-d", "nosuch", document});
     EXPECT_EQ(unknown.exitCode, 1);
     EXPECT_TRUE(Contains(unknown.errors, "nosuch")) << unknown.errors;
-    const auto refused = run({"--no-dialog", "-d", "other", document_});
+    const auto refused = run({"--no-dialog", "-d", "other", document});
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_EQ(refused.errors, "Initialize()::GetTicketFromSession() failed.\n");
     EXPECT_TRUE(JobsOnTheServer().empty());
@@ -113,14 +99,14 @@ TEST_F(KalmoPrintQueueTest, APPDFileIsCopiedForTheUserAlone) {
 }
 
 TEST_F(KalmoPrintQueueTest, CancelledWhileSendingItLeavesNoJob) {
-    std::string large = ReadFile(document_);
+    std::string large = ReadFile(document);
     large.insert(large.find("\n") + 1, "%" + std::string(40 << 20, 'x') + "\n");
-    WriteFile(document_, large);
+    WriteFile(document, large);
     for (const int atPercent : {0, 50}) {
         SCOPED_TRACE(atPercent);
         DeliveryState state;
         const auto result =
-            DeliverToQueue({.document = document_, .title = "report", .queue = "kalmo"},
+            DeliverToQueue({.document = document, .title = "report", .queue = "kalmo"},
                            {state, [&](JobStage stage, int percent) {
                                 if (stage == JobStage::sending && percent >= atPercent)
                                     state.cancel();

@@ -1,15 +1,8 @@
 // The window against a real CUPS server: finding printers, changing them, printing.
-#include <gtest/gtest.h>
-
-#include <QTest>
-
 #include "print_dialog/print_window.h"
 #include "programs/private_cupsd.h"
-#include "support/modal_driver.h"
 #include "support/pane_dialog.h"
 #include "support/pdf_documents.h"
-#include "support/printer_files.h"
-#include "support/private_home.h"
 #include "support/ticket_files.h"
 
 namespace kalmo::test {
@@ -17,18 +10,10 @@ namespace {
 
 constexpr char kPasscode[] = "8264019375";
 
-bool Wait(const std::function<bool()>& until) { return QTest::qWaitFor(until, 30000); }
-
-class PrintWindowQueueTest : public testing::Test {
-protected:
+struct PrintWindowQueueTest : QueueTest {
     void SetUp() override {
         InstallPresence(WindowPresence());
-        ASSERT_EQ(server_.problem(), "");
-        ASSERT_EQ(server_.addQueue("kalmo", SamplePPD("kalmo-office-color")).exitCode, 0);
-        ASSERT_EQ(server_.addQueue("other", WritePPD("Other")).exitCode, 0);
-        ASSERT_EQ(server_.addQueue("fax", printerWithFax()).exitCode, 0);
-        const auto document = MakeFolder("documents") / "report.pdf";
-        WriteFile(document, MakePdf({"One", "Two", "Three"}));
+        QueueTest::SetUp();
         window_ = std::make_unique<PrintWindow>(
             CommandLine{.document = document.string(), .printer = "kalmo"});
         ASSERT_EQ(window_->prepare(), kExitDone);
@@ -37,21 +22,9 @@ protected:
         ASSERT_TRUE(
             Wait([this] { return print()->isEnabled() && hasPane() && popupWith("other"); }));
     }
-    void TearDown() override {
-        EXPECT_TRUE(driver_.done()) << driver_.faults().join("; ").toStdString();
-    }
-    static std::filesystem::path printerWithFax() {
-        std::string ppd = ReadFile(SamplePPD("kalmo-office-color"));
-        const std::string without = "*DefaultOption5: False";
-        ppd.replace(ppd.find(without), without.size(), "*DefaultOption5: True");
-        const auto file = MakeFolder("ppd") / "fax.ppd";
-        WriteFile(file, ppd);
-        return file;
-    }
     QPushButton* print() const {
-        for (auto* button : window_->findChildren<QPushButton*>()) {
+        for (auto* button : window_->findChildren<QPushButton*>())
             if (button->isDefault()) return button;
-        }
         return nullptr;
     }
     [[nodiscard]] bool hasPane() const {
@@ -67,8 +40,7 @@ protected:
     void choose(const QString& text) {
         QComboBox* const popup = popupWith(text);
         ASSERT_NE(popup, nullptr) << text.toStdString();
-        popup->setCurrentText(text);
-        Q_EMIT popup->activated(popup->currentIndex());
+        Pick(*popup, text);
     }
 
     /// Each press is answered by one window, and nothing is printed.
@@ -84,10 +56,9 @@ protected:
         print()->click();
         ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
         EXPECT_EQ(window_->exitCode(), kExitDone);
-        EXPECT_EQ(server_.finished(1).state, IPP_JSTATE_COMPLETED) << server_.log();
+        EXPECT_EQ(server.finished(1).state, IPP_JSTATE_COMPLETED) << server.log();
     }
 
-    PrivateCupsd server_;
     std::unique_ptr<PrintWindow> window_;
     ModalDriver driver_;
 };
@@ -104,9 +75,9 @@ TEST_F(PrintWindowQueueTest, WhatIsChosenInTheWindowAndThePaneReachesTheQueue) {
     for (const auto& [text, option] : rows)
         if (*text) choose(text);
     printJob();
-    const std::string told = server_.attributes(1, "alice");
+    const std::string told = server.attributes(1, "alice");
     for (const auto& [text, option] : rows)
-        EXPECT_NE(told.find(option), std::string::npos) << option << '\n' << told;
+        EXPECT_TRUE(Contains(told, option)) << option << '\n' << told;
 }
 
 TEST_F(PrintWindowQueueTest, SecurePrintHoldsTheWindowUntilThereIsAPasscode) {
@@ -120,22 +91,12 @@ TEST_F(PrintWindowQueueTest, SecurePrintHoldsTheWindowUntilThereIsAPasscode) {
     });
     FindControl<QPushButton>(*window_, 'KPpo', 103)->click();
     printJob();
-    const WrittenTicket arrived(ReadFile(server_.outFolder() / "ticket"));
+    const WrittenTicket arrived(ReadFile(out / "ticket"));
     const auto* job = arrived.value("PrintSettings", "com.kalmo.print.JobType");
     const auto* passcode =
         CFDictionaryGetValue(static_cast<CFDictionaryRef>(job), CFSTR("SecurePrintPassword"));
     EXPECT_EQ(CFStringToUTF8(static_cast<CFStringRef>(passcode)), kPasscode);
-    EXPECT_EQ(server_.leaks(1, kPasscode), "");
-}
-
-TEST_F(PrintWindowQueueTest, AFaxIsRefusedWhileNoRecipientCanBeGiven) {
-    choose("fax");
-    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
-    driver_.expect([](QWidget& notice) { notice.close(); });
-    choose("Fax");
-    pressPrintInVain();
-    choose("Normal print");
-    printJob();
+    EXPECT_EQ(server.leaks(1, kPasscode), "");
 }
 
 TEST_F(PrintWindowQueueTest, ThePaneStaysWhileItsDialogIsOpen) {

@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <thread>
 
-#include "support/private_home.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -17,77 +17,30 @@ using std::filesystem::path;
 using std::filesystem::perms;
 using namespace std::chrono_literals;
 
-constexpr char kFiles[] = R"(ServerRoot @/etc
-ServerBin @/bin
-DataDir /usr/share/cups
-DocumentRoot /usr/share/cups/doc-root
-CacheDir @/cache
-StateDir @/run
-RequestRoot @/spool
-TempDir @/spool/tmp
-ServerKeychain @/etc/ssl
-AccessLog @/log/access_log
-ErrorLog @/log/error_log
-PageLog @/log/page_log
-LogFilePerm 0640
-FileDevice Yes
-Sandboxing relaxed
-FatalErrors config
-)";
-
-constexpr char kServer[] = R"(Listen @/run/cups.sock
-Browsing No
-WebInterface No
-DefaultAuthType None
-LogLevel debug
-MaxLogSize 0
-ErrorPolicy abort-job
-<Location />
-  Order deny,allow
-  Allow all
-</Location>
-<Policy default>
-  JobPrivateAccess default
-  JobPrivateValues default
-  SubscriptionPrivateAccess default
-  SubscriptionPrivateValues default
-  <Limit All>
-    Order deny,allow
-    Allow all
-  </Limit>
-</Policy>
-)";
-
-// Stands in front of the ticket filter, as the account that filters run as.
-constexpr char kRecorder[] = R"(#!/bin/sh
-printf '%s' "$5" > %OUT%/options
-cat /proc/[0-9]*/cmdline > %OUT%/commands 2>/dev/null
-export KALMO_TICKET_FILE=%OUT%/ticket
-exec "$(dirname "$0")/kalmoticket-program" "$@"
-)";
-
-struct Accounts {
-    std::string user, group, systemGroup, logGroup;
-};
+using Words = std::map<std::string, std::string>;
 
 /// As root the server gives its filters to lp; another user can only use its own account.
-Accounts ServerAccounts() {
-    if (geteuid() == 0) return {"lp", "lp", "root", "lp"};
-    const std::string group = getgrgid(getegid())->gr_name;
-    return {getpwuid(geteuid())->pw_name, group, group, group};
+Words ServerAccounts() {
+    const bool isRoot = geteuid() == 0;
+    const std::string group = isRoot ? "lp" : getgrgid(getegid())->gr_name;
+    return {{"%USER%", isRoot ? "lp" : getpwuid(geteuid())->pw_name},
+            {"%GROUP%", group},
+            {"%SYSTEM_GROUP%", isRoot ? "root" : group},
+            {"%LOG_GROUP%", group}};
 }
 
-std::string Replaced(std::string text, const std::string& what, const std::string& with) {
-    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size()) {
-        text.replace(at, what.size(), with);
-    }
+/// A file of tests/programs/cupsd with these words replaced.
+std::string Filled(const char* name, const Words& words) {
+    std::string text = ReadFile(path(KALMO_SOURCE_DIR) / "tests/programs/cupsd" / name);
+    for (const auto& [what, with] : words)
+        for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())
+            text.replace(at, what.size(), with);
     return text;
 }
 
 void LinkFolder(const path& from, const path& to) {
-    for (const auto& entry : std::filesystem::directory_iterator(from)) {
+    for (const auto& entry : std::filesystem::directory_iterator(from))
         std::filesystem::create_symlink(entry.path(), to / entry.path().filename());
-    }
 }
 
 /// Asks the server; null when there is no answer.
@@ -111,9 +64,8 @@ std::string Text(ipp_attribute_t* attribute) {
 
 cups_option_t* AsOptions(const JobOptions& options, int* count) {
     cups_option_t* list = nullptr;
-    for (const auto& [name, value] : options) {
+    for (const auto& [name, value] : options)
         *count = cupsAddOption(name.c_str(), value.c_str(), *count, &list);
-    }
     return list;
 }
 
@@ -150,7 +102,7 @@ PrivateCupsd::PrivateCupsd() {
     makeFolders();
     installTicketFilter();
     writeConfiguration();
-    handOverTo(ServerAccounts().group);
+    handOverTo(ServerAccounts().at("%GROUP%"));
     server_ = std::make_unique<Program>(ProgramCall{
         .program = "/usr/sbin/cupsd",
         .arguments = {"-f", "-c", root_ / "etc/cupsd.conf", "-s", root_ / "etc/cups-files.conf"}});
@@ -161,7 +113,6 @@ PrivateCupsd::PrivateCupsd() {
 
 PrivateCupsd::~PrivateCupsd() {
     server_.reset();
-    unsetenv("CUPS_SERVER");
     std::error_code ignored;
     std::filesystem::remove_all(root_, ignored);
 }
@@ -171,9 +122,8 @@ void PrivateCupsd::makeFolders() {
                                "out", "bin/filter", "bin/backend", "bin/driver"}) {
         std::filesystem::create_directories(root_ / folder);
     }
-    for (const char* folder : {"cgi-bin", "daemon", "monitor", "notifier"}) {
+    for (const char* folder : {"cgi-bin", "daemon", "monitor", "notifier"})
         std::filesystem::create_symlink(path("/usr/lib/cups") / folder, root_ / "bin" / folder);
-    }
     LinkFolder("/usr/lib/cups/filter", root_ / "bin/filter");
     LinkFolder("/usr/lib/cups/backend", root_ / "bin/backend");
 }
@@ -182,18 +132,16 @@ void PrivateCupsd::installTicketFilter() {
     const path filters = root_ / "bin/filter";
     std::filesystem::remove(filters / "kalmoticket");
     std::filesystem::copy_file(BuiltProgram("kalmoticket"), filters / "kalmoticket-program");
-    WriteFile(filters / "kalmoticket", Replaced(kRecorder, "%OUT%", outFolder()));
+    WriteFile(filters / "kalmoticket", Filled("ticket-recorder", {{"%OUT%", outFolder()}}));
     for (const char* name : {"kalmoticket", "kalmoticket-program"})
         std::filesystem::permissions(filters / name, perms(0755));
 }
 
 void PrivateCupsd::writeConfiguration() {
-    const Accounts accounts = ServerAccounts();
-    std::string files = kFiles;
-    files += "User " + accounts.user + "\nGroup " + accounts.group + "\nSystemGroup " +
-             accounts.systemGroup + "\nLogFileGroup " + accounts.logGroup + "\n";
-    WriteFile(root_ / "etc/cups-files.conf", Replaced(files, "@", root_));
-    WriteFile(root_ / "etc/cupsd.conf", Replaced(kServer, "@", root_));
+    Words words = ServerAccounts();
+    words["@"] = root_;
+    for (const char* name : {"cups-files.conf", "cupsd.conf"})
+        WriteFile(root_ / "etc" / name, Filled(name, words));
 }
 
 void PrivateCupsd::handOverTo(const std::string& group) {
@@ -201,9 +149,8 @@ void PrivateCupsd::handOverTo(const std::string& group) {
     if (geteuid() != 0) return;
     const gid_t id = getgrnam(group.c_str())->gr_gid;
     if (lchown(root_.c_str(), -1, id) != 0) return;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(root_)) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root_))
         if (lchown(entry.path().c_str(), -1, id) != 0) return;
-    }
     std::filesystem::permissions(outFolder(), perms(01777));
     std::filesystem::permissions(root_ / "spool/tmp", perms(01770));
 }
@@ -224,9 +171,8 @@ std::string PrivateCupsd::problem() {
 
 std::string PrivateCupsd::log() const {
     std::string all;
-    for (const char* name : {"error_log", "access_log", "page_log"}) {
+    for (const char* name : {"error_log", "access_log", "page_log"})
         all += ReadFile(root_ / "log" / name);
-    }
     return all;
 }
 
@@ -243,8 +189,7 @@ int PrivateCupsd::submit(const std::string& queue, const path& document, const J
     cups_option_t* list = AsOptions(options, &count);
     const int job = cupsCreateJob(CUPS_HTTP_DEFAULT, queue.c_str(), "A test", count, list);
     cupsFreeOptions(count, list);
-    if (job != 0 && SendDocument(queue, job, document)) return job;
-    return 0;
+    return job != 0 && SendDocument(queue, job, document) ? job : 0;
 }
 
 FinishedJob PrivateCupsd::finished(int job) {

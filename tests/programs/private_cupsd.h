@@ -5,19 +5,11 @@
 
 #include <cups/cups.h>
 
-#include <filesystem>
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
-
+#include "support/pdf_documents.h"
 #include "support/programs.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
-
-inline bool Contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
 
 using JobOptions = std::map<std::string, std::string>;
 
@@ -71,6 +63,19 @@ private:
 
     std::filesystem::path root_;
     std::unique_ptr<Program> server_;
+};
+
+/// A server with a queue of the sample printer, "kalmo", and one of another maker's, "other".
+struct QueueTest : testing::Test {
+    void SetUp() override {
+        ASSERT_EQ(server.problem(), "");
+        ASSERT_EQ(server.addQueue("kalmo", SamplePPD("kalmo-office-color")).exitCode, 0);
+        ASSERT_EQ(server.addQueue("other", WritePPD("Other")).exitCode, 0);
+        WriteFile(document, MakePdf(4));
+    }
+    PrivateCupsd server;
+    const std::filesystem::path document = MakeFolder("documents") / "report.pdf";
+    const std::filesystem::path out = server.outFolder();
 };
 
 }  // namespace kalmo::test

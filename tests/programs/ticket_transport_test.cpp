@@ -1,10 +1,8 @@
 // From the submitted job to the printer's filter, through a real CUPS server and its filters.
-#include <gtest/gtest.h>
-
 #include "job_ticket/attachment.h"
 #include "programs/private_cupsd.h"
 #include "support/pdf_documents.h"
-#include "support/private_home.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -21,23 +19,17 @@ std::string NastiestTicket() {
         "<key>passcode</key><string>";
     ticket += kPasscode;
     ticket += "</string><key>recipients</key><array>";
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 1000; ++i)
         ticket += "<dict><key>name</key><string>J\xC3\xBCrgen " + std::to_string(i) +
                   "</string><key>fax</key><string>+49 (0) 30 #" + std::to_string(i) +
                   "*</string></dict>\n";
-    }
     return ticket + "</array></dict></plist>\n";
 }
 
-class TicketTransport : public testing::Test {
-protected:
+struct TicketTransport : QueueTest {
     void SetUp() override {
-        ASSERT_EQ(server.problem(), "");
-        const ProgramEnd added =
-            server.addQueue("kalmo", path(KALMO_SOURCE_DIR) / "printers/kalmo-office-color.ppd");
-        ASSERT_EQ(added.exitCode, 0) << added.errors << server.log();
-        WriteFile(plain, MakePdf({"one", "two", "three", "four"}));
-        const auto attached = job_ticket::AttachTicket(plain, ticket, sent);
+        QueueTest::SetUp();
+        const auto attached = job_ticket::AttachTicket(document, ticket, sent);
         ASSERT_TRUE(attached) << attached.error;
     }
 
@@ -46,11 +38,8 @@ protected:
         return options;
     }
 
-    PrivateCupsd server;
-    const path out = server.outFolder();
     const path printed = out / "kalmo.prn";
-    const path plain = MakeFolder("documents") / "plain.pdf";
-    const path sent = plain.parent_path() / "sent.pdf";
+    const path sent = document.parent_path() / "sent.pdf";
     const std::string ticket = NastiestTicket();
 };
 
@@ -69,19 +58,19 @@ TEST_F(TicketTransport, TicketArrivesExactAndNobodyElseReadsThePasscode) {
 }
 
 TEST_F(TicketTransport, OnlyAJobWithItsOwnTicketIsPrinted) {
-    const path changed = plain.parent_path() / "changed.pdf";
-    ASSERT_TRUE(job_ticket::AttachTicket(plain, ticket + " ", changed));
+    const path changed = document.parent_path() / "changed.pdf";
+    ASSERT_TRUE(job_ticket::AttachTicket(document, ticket + " ", changed));
     const std::tuple<const char*, path, JobOptions, ipp_jstate_t> rows[] = {
-        {"attachment missing", plain, withDigest({}), IPP_JSTATE_STOPPED},
+        {"attachment missing", document, withDigest({}), IPP_JSTATE_STOPPED},
         {"attachment changed", changed, withDigest({}), IPP_JSTATE_STOPPED},
         {"foreign attachment, no option", changed, {}, IPP_JSTATE_COMPLETED},
         {"banner page before", sent, withDigest({{"job-sheets", "standard,none"}}),
          IPP_JSTATE_COMPLETED},
     };
-    for (const auto& [why, document, options, state] : rows) {
+    for (const auto& [why, file, options, state] : rows) {
         SCOPED_TRACE(why);
         remove(printed);
-        const FinishedJob finished = server.finished(server.submit("kalmo", document, options));
+        const FinishedJob finished = server.finished(server.submit("kalmo", file, options));
         EXPECT_EQ(finished.state, state) << finished.message << server.log();
         EXPECT_FALSE(Contains(finished.message + server.log(), kPasscode));
         EXPECT_EQ(Contains(ReadFile(printed), "%PDF-"), state == IPP_JSTATE_COMPLETED);

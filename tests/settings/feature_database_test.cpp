@@ -2,9 +2,8 @@
 
 #include "settings/ppd_file.h"
 #include "shell/base/plugin_bundle.h"
-#include "support/bundles.h"
 
-namespace kalmo {
+namespace kalmo::test {
 namespace {
 
 constexpr char kProfile[] = R"(<?xml version="1.0"?><plist version="1.0"><dict>
@@ -35,10 +34,9 @@ constexpr char kProfile[] = R"(<?xml version="1.0"?><plist version="1.0"><dict>
 class LoadedProfile final {
 public:
     explicit LoadedProfile(const std::string& profile)
-        : bundle_(Owned<CFBundleRef>::Adopt(
-              test::OpenBundle(test::WriteBundle(test::MakeFolder("profile"), "Profile",
-                                                 "com.example" + std::to_string(profile.size()),
-                                                 {{"Resources/Device Profile.plist", profile}})))) {
+        : bundle_(Owned<CFBundleRef>::Adopt(OpenBundle(WriteBundle(
+              MakeFolder("profile"), "Profile", "com.example" + std::to_string(profile.size()),
+              {{"Resources/Device Profile.plist", profile}})))) {
         gBundle = bundle_;
         KDPInitialize();
     }
@@ -55,19 +53,17 @@ CFIndex CountOf(CFArrayRef created) { return CFArrayGetCount(Owned<CFArrayRef>::
 
 TEST(FeatureDatabase, DefaultComesFromKeywordNameNumberInThatOrder) {
     const LoadedProfile loaded(kProfile);
-    const struct {
-        const char *feature, *form, *value;
-    } rows[] = {{"Resolution", "Keyword", "Mid"},
-                {"Owner", "Name", "nobody"},
-                {"Copies", "Number", "1"},
-                {"Broken", "", ""}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.feature);
+    for (const auto& [feature, expectedForm, expected] :
+         {std::tuple{"Resolution", "Keyword", "Mid"},
+          {"Owner", "Name", "nobody"},
+          {"Copies", "Number", "1"},
+          {"Broken", "", ""}}) {
+        SCOPED_TRACE(feature);
         CFStringRef form = nullptr;
         CFTypeRef value = CFSTR("");
-        KDPGetFeatureDefaultValue(KDPGetFeature(CFStringMakeConstant(row.feature)), &form, &value);
-        EXPECT_EQ(CFStringToUTF8(form), row.form);
-        EXPECT_EQ(test::TakeText(CFStringCreateWithFormat(nullptr, CFSTR("%@"), value)), row.value);
+        KDPGetFeatureDefaultValue(KDPGetFeature(CFStringMakeConstant(feature)), &form, &value);
+        EXPECT_EQ(CFStringToUTF8(form), expectedForm);
+        EXPECT_EQ(TakeText(CFStringCreateWithFormat(nullptr, CFSTR("%@"), value)), expected);
     }
 }
 
@@ -97,4 +93,4 @@ TEST(FeatureDatabase, FirstProfileStaysAndNoneAnswersNothing) {
 }
 
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test

@@ -1,12 +1,7 @@
 // A popup control of its own for a test.
 #pragma once
 
-#include <QComboBox>
-#include <string>
-#include <vector>
-
 #include "settings/ppd_file.h"
-#include "toolbox/host.h"
 #include "toolbox/menus.h"
 
 namespace kalmo::test {

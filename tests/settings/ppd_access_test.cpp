@@ -1,24 +1,19 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "settings/popup.h"
 #include "settings/ppd_choices.h"
 #include "settings/ppd_file.h"
+#include "settings/ppd_menus.h"
 #include "settings/setting_map.h"
 #include "shell/base/plugin_bundle.h"
-#include "support/bundles.h"
 #include "system/system.h"
 
-namespace kalmo {
+namespace kalmo::test {
 namespace {
-
-using test::PPDOption;
-using test::PPDText;
-using test::PrinterWithPPD;
-using test::TakeText;
 
 TEST(PPDAccess, PrinterIsOpenedOnceAndAFailureIsNotRemembered) {
     PrinterWithPPD printer("");
-    const auto folder = test::MakeFolder("ppd");
+    const auto folder = MakeFolder("ppd");
     ASSERT_EQ(mkfifo((folder / "pipe.ppd").c_str(), 0600), 0);
     for (const std::string name : {"missing.ppd", "", "pipe.ppd"}) {
         SCOPED_TRACE(name);
@@ -44,7 +39,7 @@ TEST(PPDAccess, TextsAndDefaultsOrNull) {
         << "no UTF-8";
     EXPECT_EQ(TakeText(PPDCopyChoiceText(ppd, CFSTR("KLFold"), CFSTR("BiFold"))), "(null)");
     EXPECT_EQ(TakeText(PPDCopyDefaultChoice(ppd, CFSTR("KLPunch"))), "(null)");
-    EXPECT_EQ(TakeText(PPDCopyDefaultChoice(ppd, test::String(std::string(5000, 'K')))), "(null)");
+    EXPECT_EQ(TakeText(PPDCopyDefaultChoice(ppd, String(std::string(5000, 'K')))), "(null)");
 }
 
 TEST(PPDAccess, TicketChoiceBeforeDefaultAndUnknownIsMinusOne) {
@@ -67,14 +62,14 @@ TEST(PPDAccess, TicketChoiceBeforeDefaultAndUnknownIsMinusOne) {
 }
 
 TEST(PPDAccess, LocalizerOfTheBundleIsAskedFrom10_5On) {
-    const auto folder = test::MakeFolder("bundle");
-    const auto host = test::WriteBundle(folder, "Host", "com.example.host", {});
+    const auto folder = MakeFolder("bundle");
+    const auto host = WriteBundle(folder, "Host", "com.example.host", {});
     const auto localizer =
-        test::WriteBundle(host / "Contents/Resources", "OrvikCups", "com.example.orvik", {});
+        WriteBundle(host / "Contents/Resources", "OrvikCups", "com.example.orvik", {});
     std::filesystem::create_directory(localizer / "Contents/Linux");
     std::filesystem::create_symlink(std::string(KALMO_BINARY_DIR) + "/lib/test_localizer.so",
                                     localizer / "Contents/Linux/OrvikCups.so");
-    const auto bundle = Owned<CFBundleRef>::Adopt(test::OpenBundle(host));
+    const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(host));
     gBundle = bundle;
     for (const auto& [version, text] :
          {std::pair{0x1040, "Plain"}, {kSystemVersion10_5, "Localized"}}) {
@@ -86,34 +81,70 @@ TEST(PPDAccess, LocalizerOfTheBundleIsAskedFrom10_5On) {
 }
 
 TEST(PPDChoices, FirstRowCountsInBothDirections) {
-    const struct {
-        const char *why, *keyword, *choice;
-        SInt32 value;
-        const char* back;  // "" for none
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*, SInt32, const char*> rows[] = {
         {"shared value", "OutputBin", "Bottom", 5, "Upper"},
         {"printer default is a value", "OutputBin", "PrinterDefault", kPrinterDefault,
          "PrinterDefault"},
         {"second row of a choice is never reached", "MediaType", "CardStock", 12, "CardStock"},
         {"its value leads to it all the same", "MediaType", "CardStockF", 43, "CardStock"},
-        {"shared sources", "KLBackCoverSheet", "Bypass", 100, "Bypass"},
         {"false is one here", "JCLTrueGrayImages", "False", 1, "False"},
         {"and zero here", "KLOutputOption", "False", 0, "False"},
         {"case counts", "Duplex", "none", -1, ""},
+        {"a value like any", "KLImageQuality", "Lighten1", -1, "Lighten1"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
-        const CFStringRef keyword = CFStringMakeConstant(row.keyword);
-        EXPECT_EQ(PPDTicketValueForChoice(keyword, CFStringMakeConstant(row.choice)), row.value);
-        EXPECT_EQ(CFStringToUTF8(PPDChoiceForTicketValue(keyword, row.value)), row.back);
+    for (const auto& [why, option, choice, value, back] : rows) {
+        SCOPED_TRACE(why);
+        const CFStringRef keyword = CFStringMakeConstant(option);
+        EXPECT_EQ(PPDTicketValueForChoice(keyword, CFStringMakeConstant(choice)), value);
+        EXPECT_EQ(CFStringToUTF8(PPDChoiceForTicketValue(keyword, value)), back);
+    }
+    EXPECT_EQ(FindTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten6")), std::nullopt);
+}
+
+constexpr auto ignore = Constraints::ignore;
+constexpr auto respect = Constraints::respect;
+
+TEST(PPDMenus, KnownChoicesInTheOrderOfThePPD) {
+    const PrinterWithPPD printer(
+        PPDOption("KLFold", "C", {"Z/Zed", "Origami/Swan", "C/\xFF\xFE", "None/"}) +
+        PPDOption("KLImageQuality", "Normal", {"Lighten1", "Normal"}));
+    Popup popup;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(
+        PPDPopulateMenuWithChoices(popup.menu, printer.ppd(), CFSTR("KLFold"), 'Fold', ignore), 3);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Skipped unrecognized choice in PPD: Origami\n");
+    EXPECT_EQ(popup.items(), (Items{"Zed=20", "C=19", "None=1"}));
+    PPDPopulatePopupWithChoices(popup.control, printer.ppd(), CFSTR("KLImageQuality"), ignore);
+    EXPECT_EQ(popup.items()[0], "Lighten1=-1") << "offered like any value";
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(PPDPopulatePopupWithChoices(popup.control, printer.ppd(), CFSTR("KLPunch"), ignore),
+              0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Expected PPD option not found: KLPunch\n");
+    EXPECT_EQ(CountMenuItems(popup.menu), 0);
+}
+
+TEST(PPDMenus, ConflictsWithTheDefaultsAreLeftOutOnRequest) {
+    const auto options = PPDOption("KLFold", "None", {"None", "C", "Z"}) +
+                         PPDOption("Duplex", "DuplexNoTumble", {"None", "DuplexNoTumble"}) +
+                         "*UIConstraints: *KLFold C *Duplex DuplexNoTumble\n";
+    const auto conflict = PPDOption("KLPunch", "HolePunch", {"None", "HolePunch"}) +
+                          "*UIConstraints: *KLPunch HolePunch *Duplex DuplexNoTumble\n";
+    const std::tuple<const char*, std::string, const char*, Constraints, Items> rows[] = {
+        {"what was marked before does not count", options, "None", respect, {"None=1", "Z=20"}},
+        {"constraints ignored", options, "DuplexNoTumble", ignore, {"None=1", "C=19", "Z=20"}},
+        {"defaults that conflict empty every menu", options + conflict, "None", respect, {}},
+    };
+    for (const auto& [why, ppd, marked, constraints, items] : rows) {
+        SCOPED_TRACE(why);
+        const PrinterWithPPD printer(ppd);
+        PPDMarkDefaults(printer.ppd());
+        PPDMarkChoice(printer.ppd(), "Duplex", marked);
+        Popup popup;
+        PPDPopulatePopupWithChoices(popup.control, printer.ppd(), CFSTR("KLFold"), constraints);
+        EXPECT_EQ(popup.items(), items);
     }
 }
 
-TEST(PPDChoices, MinusOneIsAValueOfImageQuality) {
-    EXPECT_EQ(FindTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten1")), -1);
-    EXPECT_EQ(FindTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten6")), std::nullopt);
-    EXPECT_EQ(PPDTicketValueForChoice(CFSTR("KLImageQuality"), CFSTR("Lighten6")), -1);
-}
-
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test

@@ -1,18 +1,11 @@
 // PPD files made for a test, and a dialog whose printer has one.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "printing/session.h"
 #include "settings/installable_options.h"
 #include "settings/ppd_access.h"
 #include "shell/base/current_session.h"
-#include "support/printer_files.h"
-#include "support/private_home.h"
-#include "support/values.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 

@@ -1,33 +1,28 @@
 #include "settings/setting_menus.h"
 
-#include <gtest/gtest.h>
-
 #include "settings/dictionary.h"
+#include "settings/installable_options.h"
 #include "settings/popup.h"
 #include "settings/ppd_file.h"
 #include "settings/setting_map.h"
 #include "settings/setting_maps.h"
 #include "settings/ticket.h"
 #include "settings/user_preferences.h"
-#include "support/bundles.h"
+#include "support/dictionaries.h"
 
-namespace kalmo {
+namespace kalmo::test {
 namespace {
-
-using test::Items;
-using test::Popup;
 
 const SettingMap kMap[] = {
     {CFSTR("ignored"), kPrinterDefault},           {CFSTR("One"), 1, 'Own1'}, {CFSTR("-"), -5},
     {CFSTR("Fax"), 5, 'Fax ', CFSTR("FaxKey"), 1}, {CFSTR("Unheard"), 2},     {}};
 
-class SettingMenus : public testing::Test {
-protected:
-    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(test::OpenBundle(test::WriteBundle(
-        test::MakeFolder("bundle"), "Menus", "com.example.menus",
-        {{"Resources/en.lproj/Localizable.strings",
-          "\"One\" = \"First\";\n\"-\" = \"-\";\n\"PrinterDefault\" = \"Printer\";\n"
-          "\"UseJobSetting\" = \"Job\";\n\"UseJobName\" = \"Name\";\n"}})));
+struct SettingMenus : testing::Test {
+    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(
+        WriteBundle(MakeFolder("bundle"), "Menus", "com.example.menus",
+                    {{"Resources/en.lproj/Localizable.strings",
+                      "\"One\" = \"First\";\n\"-\" = \"-\";\n\"PrinterDefault\" = \"Printer\";\n"
+                      "\"UseJobSetting\" = \"Job\";\n\"UseJobName\" = \"Name\";\n"}})));
     Popup popup;
 };
 
@@ -58,11 +53,11 @@ TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
 
 TEST_F(SettingMenus, HistoryFollowsTheGivenItem) {
     const auto file = Owned<CFURLRef>::Adopt(CopyUserPreferencesFolder());
-    const std::string folder = test::TakeText(CFURLCopyFileSystemPath(file));
-    test::WriteFile(folder + "/com.kalmo.print.inputhistory.plist",
-                    "<plist version=\"1.0\"><dict><key>names</key><array><string>Ann</string>"
-                    "<integer>3</integer><string>Bob</string></array>"
-                    "<key>odd</key><string>x</string></dict></plist>");
+    const std::string folder = TakeText(CFURLCopyFileSystemPath(file));
+    WriteFile(folder + "/com.kalmo.print.inputhistory.plist",
+              "<plist version=\"1.0\"><dict><key>names</key><array><string>Ann</string>"
+              "<integer>3</integer><string>Bob</string></array>"
+              "<key>odd</key><string>x</string></dict></plist>");
     const auto fill = [&](CFStringRef key) {
         return PopulatePopupButtonFromMapAndHistory(
             bundle, popup.control, JobNameMap, JobContext::job,
@@ -77,23 +72,14 @@ TEST_F(SettingMenus, HistoryFollowsTheGivenItem) {
         EXPECT_EQ(fill(key), 1);
 }
 
-using test::InstallableGroup;
-using test::PPDOption;
-using test::PrinterWithPPD;
-
-struct LookUp {
-    const char* why;
-    const SettingMap* map;
-    SInt32 value;
-    CFIndex row;
-    const char* key;  // "" for none
-};
+/// Why, map and value; then the row and its key, "" for none.
+using LookUp = std::tuple<const char*, const SettingMap*, SInt32, CFIndex, const char*>;
 
 void Expect(std::initializer_list<LookUp> lookUps) {
-    for (const LookUp& each : lookUps) {
-        SCOPED_TRACE(each.why);
-        EXPECT_EQ(TicketToUI(each.map, each.value), each.row);
-        EXPECT_EQ(CFStringToUTF8(LocalizedKeyForTicketValue(each.map, each.value)), each.key);
+    for (const auto& [why, map, value, row, key] : lookUps) {
+        SCOPED_TRACE(why);
+        EXPECT_EQ(TicketToUI(map, value), row);
+        EXPECT_EQ(CFStringToUTF8(LocalizedKeyForTicketValue(map, value)), key);
     }
 }
 
@@ -120,28 +106,82 @@ TEST(SettingMap, RowOfTheOtherFeatureStateIsPassedOver) {
 }
 
 TEST(Ticket, NumbersAreReadAsIndexAndTellWhenNotExact) {
-    const auto values =
-        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
+    const auto values = Dictionary("index=1099511627776 true=true");
     const double fraction = 3.5;
-    WriteTicketValue(values, CFSTR("index"), CFIndex{1} << 40);
     CFDictionarySetNumber(values, CFSTR("fraction"), kCFNumberDoubleType, &fraction);
-    CFDictionarySetValue(values, CFSTR("true"), kCFBooleanTrue);
-    const struct {
-        const char* key;
-        bool exact;
-        CFIndex value;
-    } rows[] = {{"index", true, CFIndex{1} << 40},
-                {"fraction", false, 3},
-                {"true", false, 777},
-                {"missing", false, 777}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.key);
+    for (const auto& [key, exact, expected] : {std::tuple{"index", true, CFIndex{1} << 40},
+                                               {"fraction", false, CFIndex{3}},
+                                               {"true", false, CFIndex{777}},
+                                               {"missing", false, CFIndex{777}}}) {
         CFIndex value = 777;
-        EXPECT_EQ(GetCFIndexFromCFDictionary(values, CFStringMakeConstant(row.key), &value),
-                  row.exact);
-        EXPECT_EQ(value, row.value);
+        EXPECT_EQ(GetCFIndexFromCFDictionary(values, CFStringMakeConstant(key), &value), exact);
+        EXPECT_EQ(value, expected) << key;
     }
 }
 
+const _InstalledFeatureMap kTable[] = {
+    {CFSTR("Staples"), CFSTR("Option4"), CFSTR("Office"), nullptr, 1},
+    {CFSTR("Staples"), CFSTR("Option4"), CFSTR("Pro"), CFSTR("Pro label"), 2},
+    {CFSTR("Staples"), nullptr, nullptr, CFSTR("Always label"), 3},
+    {CFSTR("Fax"), CFSTR("Option5"), CFSTR("True"), CFSTR("Missing label"), 4},
+    {},
+};
+
+std::string GroupWith(const std::string& staples, const std::string& fax) {
+    return InstallableGroup(PPDOption("Option4", staples, {"None", "Office", "Pro"}) +
+                            PPDOption("Option5", fax, {"True", "False"}));
+}
+
+SInt32 ValueOf(CFStringRef feature) {
+    SInt32 value = 777;
+    getInstallableOptionTicketValue(feature, &value);
+    return value;
+}
+
+TEST(InstallableOptions, FirstRowThatHoldsAnswers) {
+    const std::tuple<const char*, const char*, SInt32, const char*> rows[] = {
+        {"first row, its label is the next one's that holds", "Office", 1, "Always"},
+        {"second row", "Pro", 2, "Pro"},
+        {"row without an option", "None", 3, "Always"},
+    };
+    const auto bundle = Owned<CFBundleRef>::Adopt(
+        OpenBundle(WriteBundle(MakeFolder("bundle"), "Labels", "com.example.labels",
+                               {{"Resources/en.lproj/Localizable.strings",
+                                 "\"Pro label\" = \"Pro\";\n\"Always label\" = \"Always\";\n"}})));
+    for (const auto& [why, staples, value, label] : rows) {
+        SCOPED_TRACE(why);
+        const PrinterWithPPD printer(GroupWith(staples, "True"));
+        ASSERT_TRUE(LoadInstallableOptions(printer.ppd(), kTable));
+        EXPECT_EQ(ValueOf(CFSTR("Staples")), value);
+        EXPECT_EQ(
+            TakeText(CopyLocalizedStringForInstalledFeatureFromPlugin(CFSTR("Staples"), bundle)),
+            label);
+        EXPECT_EQ(TakeText(CopyLocalizedStringForInstalledFeatureFromPlugin(CFSTR("Fax"), bundle)),
+                  "STRING NOT FOUND");
+    }
+}
+
+TEST(InstallableOptions, SecondLoadKeepsTheFirstAnswers) {
+    PrinterWithPPD printer(GroupWith("Pro", "False"));
+    ASSERT_TRUE(LoadInstallableOptions(printer.ppd(), kTable));
+    PPDCloseCurrent();
+    printer.usePPD(PPDText(GroupWith("Office", "True")));
+    EXPECT_FALSE(LoadInstallableOptions(printer.ppd(), InstalledFeatures));
+    EXPECT_EQ(ValueOf(CFSTR("Staples")), 2);
+    EXPECT_EQ(ValueOf(CFSTR("Fax")), 777) << "none of its rows holds";
+    UnloadInstallableOptions();
+    EXPECT_TRUE(LoadInstallableOptions(printer.ppd(), kTable));
+    EXPECT_TRUE(getInstalledFeature(CFSTR("Fax")));
+}
+
+TEST(InstallableOptions, OnlyTheGroupOfThatNameCounts) {
+    const PrinterWithPPD printer("*OpenGroup: InstallableOption/Options\n" +
+                                 PPDOption("Option5", "True", {"True"}) +
+                                 "*CloseGroup: InstallableOption\n");
+    EXPECT_FALSE(LoadInstallableOptions(printer.ppd(), kTable));
+    EXPECT_TRUE(getInstalledFeature(CFSTR("Staples"))) << "a row without an option holds always";
+    EXPECT_FALSE(LoadInstallableOptions(printer.ppd(), kTable)) << "an empty group is loaded too";
+}
+
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test

@@ -5,12 +5,12 @@
 #include "settings/dictionary.h"
 #include "settings/ppd_file.h"
 
-namespace kalmo {
+namespace kalmo::test {
 namespace {
 
 std::filesystem::path PreferencesFolder() {
     const auto url = Owned<CFURLRef>::Adopt(CopyUserPreferencesFolder());
-    return test::TakeText(CFURLCopyFileSystemPath(url));
+    return TakeText(CFURLCopyFileSystemPath(url));
 }
 
 mode_t ModeOf(const std::filesystem::path& path) {
@@ -41,7 +41,7 @@ TEST(UserPreferences, AreWrittenForTheUserAloneAndReadBackMutable) {
 TEST(UserPreferences, UnreadableFileIsAnEmptyDictionary) {
     for (const char* bytes : {"<plist><dict>", "<plist version=\"1.0\"><array/></plist>"}) {
         SCOPED_TRACE(bytes);
-        test::WriteFile(PreferencesFolder() / "broken.plist", bytes);
+        WriteFile(PreferencesFolder() / "broken.plist", bytes);
         const auto read = Read(CFSTR("broken.plist"));
         EXPECT_EQ(CFDictionaryGetCount(read), 0);
         EXPECT_TRUE(CFDictionaryIsMutable(read));
@@ -49,4 +49,4 @@ TEST(UserPreferences, UnreadableFileIsAnEmptyDictionary) {
 }
 
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test

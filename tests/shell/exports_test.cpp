@@ -1,14 +1,7 @@
 // What the plug-in exports is what its documentation lists.
-#include <gtest/gtest.h>
-
 #include <cstdio>
-#include <memory>
-#include <set>
-#include <sstream>
-#include <string>
 
-#include "support/bundles.h"
-#include "support/private_home.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {

@@ -1,12 +1,8 @@
-// The product's pane through whole dialogs.
-#include <gtest/gtest.h>
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <filesystem>
-#include <set>
+// The product's plug-in object, and its pane through whole dialogs.
+#include <cstring>
 
 #include "shell/product.h"
+#include "support/dictionaries.h"
 #include "support/worker_wait.h"
 #include "system/presence.h"
 
@@ -41,51 +37,26 @@ TEST(Pane, PrologueAndInitializeJoinTheDialog) {
     EXPECT_EQ(bundle, Product());
     EXPECT_EQ(dialog.send('help'), noErr);
     EXPECT_TRUE(page.ends_with("en.lproj/Help/index.htm")) << page;
-    InstallPresence(UnattendedPresence());
 }
 
 TEST(Pane, TheJobTypeInTheTicketTakesAFaxItsColour) {
-    const struct {
-        SInt32 jobType;
-        Boolean direction;
-        const char* color;
-    } rows[] = {{6, kSyncToTicket, ""},
-                {5, kSyncToUI, ""},
-                {5, kSyncToTicket, "BW"},
-                {1, kSyncToTicket, "BW"}};  // never set back
+    const std::tuple<SInt32, Boolean, const char*> rows[] = {
+        {6, kSyncToTicket, ""},
+        {5, kSyncToUI, ""},
+        {5, kSyncToTicket, "BW"},
+        {1, kSyncToTicket, "BW"}};  // never set back
     PaneDialog dialog(CreateInstance());
     ASSERT_EQ(dialog.initialize(), noErr);
     PMTicketSetSInt32(dialog.ticket, CFSTR("K"), CFSTR("com.kalmo.print.RotateBooklet180Degrees"),
                       1, false);
-    for (const auto& row : rows) {
-        const auto job =
-            Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
-        const auto type = Owned<CFNumberRef>::Adopt(
-            CFNumberCreate(kCFAllocatorDefault, kCFNumberSInt32Type, &row.jobType));
-        CFDictionarySetValue(job, CFSTR("JobType"), type);
-        PMTicketSetCFDictionary(dialog.ticket, CFSTR("K"), CFSTR("com.kalmo.print.JobType"), job,
-                                false);
-        EXPECT_EQ(dialog.sync(row.direction), noErr);
-        EXPECT_EQ(Choice(dialog.ticket, CFSTR("KLMColor")), row.color) << row.jobType;
+    for (const auto& [jobType, direction, color] : rows) {
+        PMTicketSetCFDictionary(dialog.ticket, CFSTR("K"), CFSTR("com.kalmo.print.JobType"),
+                                Dictionary("JobType=" + std::to_string(jobType)), false);
+        EXPECT_EQ(dialog.sync(direction), noErr);
+        EXPECT_EQ(Choice(dialog.ticket, CFSTR("KLMColor")), color) << jobType;
     }
     EXPECT_FALSE(
         PMTicketContainsItem(dialog.ticket, CFSTR("com.kalmo.print.RotateBooklet180Degrees")));
-}
-
-TEST(Pane, OpeningAgainMakesNoControlTwice) {
-    PaneDialog dialog(CreateInstance());
-    ASSERT_EQ(dialog.initialize(), noErr);
-    for (int times = 0; times < 2; ++times) {
-        ASSERT_EQ(dialog.open(), noErr);
-        ASSERT_EQ(dialog.close(), noErr);
-    }
-    std::set<std::pair<OSType, SInt32>> seen;
-    for (QWidget* widget : dialog.window.findChildren<QWidget*>()) {
-        ControlID id{};
-        if (GetControlID(ControlFromWidget(widget), &id) == noErr && id.signature) {
-            EXPECT_TRUE(seen.emplace(id.signature, id.id).second) << id.id;
-        }
-    }
 }
 
 TEST(Pane, ALaterDialogReadsItsOwnTicketAndNothingIsLeft) {
@@ -101,6 +72,7 @@ TEST(Pane, ALaterDialogReadsItsOwnTicketAndNothingIsLeft) {
         const bool both =
             FindControl(dialog.window, 'KPpo', 102) && FindControl(dialog.window, 'KPDE', 1301);
         EXPECT_TRUE(both) << "a panel did not open";
+        WaitForWorkers();  // the first drawing loads what stays
         dialog.terminate();
         WaitForWorkers();
         EXPECT_TRUE(dialog.embedder->findChildren<QWidget*>().isEmpty());
@@ -114,6 +86,51 @@ TEST(Pane, ALaterDialogReadsItsOwnTicketAndNothingIsLeft) {
     const auto before = alive();
     for (int times = 0; times < 10; ++times) runDialog();
     EXPECT_EQ(alive(), before);
+}
+
+struct PluginEntry : testing::Test {
+    const IUnknownTable& unknown() const { return **static_cast<const IUnknownTable**>(instance); }
+    void* query(CFUUIDBytes id, OSStatus expected) const {
+        void* object = instance;
+        EXPECT_EQ(unknown().QueryInterface(instance, id, &object), expected);
+        return object;
+    }
+    static CFIndex Instances() { return CFPlugInInstanceCount(UUID(kKalmoFactoryUUID)); }
+
+    void* instance = CreateInstance();
+};
+
+TEST_F(PluginEntry, TheInstanceLivesUntilItsLastRelease) {
+    const auto factory = reinterpret_cast<PDEFactory>(
+        CFBundleGetFunctionPointerForName(Product(), CFSTR("KalmoPDEPluginFactory")));
+    EXPECT_EQ(factory(nullptr, UUID(kKalmoFactoryUUID)), nullptr) << "another type";
+    EXPECT_EQ(query({}, kENoInterface), nullptr);
+    EXPECT_EQ(Instances(), 1);
+
+    CFUUIDBytes id;
+    std::memcpy(id.bytes, kIUnknownUUIDBytes, sizeof id);
+    EXPECT_EQ(query(id, noErr), instance);
+    EXPECT_EQ(unknown().AddRef(instance), 3u);
+    unknown().Release(instance);
+    EXPECT_EQ(unknown().Release(instance), 1u);
+    const auto release = unknown().Release;
+    EXPECT_EQ(release(instance), 0u);
+    EXPECT_EQ(Instances(), 0);
+}
+
+TEST_F(PluginEntry, EachQueryMakesAnInterfaceOfItsOwn) {
+    const CFUUIDBytes id = CFUUIDGetUUIDBytes(UUID(kDialogExtensionInterfaceUUID));
+    void* first = query(id, noErr);
+    void* second = query(id, noErr);
+    EXPECT_EQ(unknown().Release(instance), 0u) << "queries do not count the instance";
+    const PDEInterfaceTable* table = static_cast<PDEInterfaceObject*>(first)->table;
+    EXPECT_NE(table, static_cast<PDEInterfaceObject*>(second)->table);
+    EXPECT_EQ(table->Retain(first), noErr);
+    const auto release = table->Release;
+    void* pointer = first;
+    EXPECT_EQ(release(&pointer), noErr);
+    EXPECT_EQ(pointer, nullptr) << "the caller's pointer goes although the object stays";
+    for (void** object : {&pointer, &first, &second}) EXPECT_EQ(release(object), noErr);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "foundation/plug_in.h"
-#include "support/bundles.h"
 #include "support/pane_dialog.h"
 
 namespace kalmo::test {

@@ -1,9 +1,4 @@
 // Image shift, inverted images and covers on their way to the ticket and back.
-#include <gtest/gtest.h>
-
-#include <QCheckBox>
-#include <optional>
-
 #include "kalmo/pde.h"
 #include "settings/ticket.h"
 #include "settings/ticket_keys.h"
@@ -11,7 +6,7 @@
 #include "special_pages/image_shift.h"
 #include "special_pages/invert_image.h"
 #include "support/dictionaries.h"
-#include "toolbox/host.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -19,29 +14,13 @@ namespace {
 _IS_Options Shift(bool inches, SInt32 x1) {
     _IS_Options options;
     ImageShiftInitialize(nullptr, nullptr, &options);
-    options.Option = 3;
-    options.Inches = inches;
-    options.X1 = x1;
-    options.X2 = 10;
-    options.Y1 = 20;
-    options.Y2 = 30;
+    options.Option = 3, options.Inches = inches;
+    options.X1 = x1, options.X2 = 10, options.Y1 = 20, options.Y2 = 30;
     return options;
 }
 
-std::optional<CFIndex> Number(CFDictionaryRef dictionary, CFStringRef key) {
-    CFIndex value = 0;
-    if (!GetCFIndexFromCFDictionary(dictionary, key, &value)) return {};
-    return value;
-}
-
 TEST(ImageShift, FullPrecisionRoundsOnWritingAndCutsOnReading) {
-    struct {
-        const char* why;
-        bool inches;
-        SInt32 own;
-        CFIndex ticket;
-        SInt32 readBack;
-    } const rows[] = {
+    const std::tuple<const char*, bool, SInt32, CFIndex, SInt32> rows[] = {
         {"exact", true, 5, 127, 5},
         {"one unit is lost on the way back", true, 1, 25, 0},
         {"rounded up", true, 3, 76, 2},
@@ -50,15 +29,17 @@ TEST(ImageShift, FullPrecisionRoundsOnWritingAndCutsOnReading) {
         {"largest", true, INT32_MAX, 54546084634, INT32_MAX},
         {"smallest", false, INT32_MIN, -21474836480, INT32_MIN},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
-        const _IS_Options written = Shift(row.inches, row.own);
+    for (const auto& [why, inches, own, ticket, readBack] : rows) {
+        SCOPED_TRACE(why);
+        const _IS_Options written = Shift(inches, own);
         const auto dictionary = Owned<CFDictionaryRef>::Adopt(
             ImageShiftCreateTicketFromOptions(&written, JobContext::exception));
-        EXPECT_EQ(Number(dictionary, CFSTR("X1")), row.ticket);
+        CFIndex stored = 0;
+        GetCFIndexFromCFDictionary(dictionary, CFSTR("X1"), &stored);
+        EXPECT_EQ(stored, ticket);
         _IS_Options read;
         ImageShiftSetOptionsFromTicket(dictionary, &read);
-        EXPECT_EQ(read.X1, row.readBack);
+        EXPECT_EQ(read.X1, readBack);
         EXPECT_EQ(std::tuple(read.X2, read.Y1, read.Y2), std::tuple(10, 20, 30));
     }
 }
@@ -67,12 +48,8 @@ TEST(ImageShift, ForeignDictionariesFallToTheDefaults) {
     _IS_Options unset = Shift(true, 5);
     unset.Option = kPrinterDefault;
     EXPECT_EQ(ImageShiftCreateTicketFromOptions(&unset, JobContext::exception), nullptr);
-    const auto dictionary =
-        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
-    CFDictionarySetValue(dictionary, CFSTR("Option"), CFSTR("3"));
-    WriteTicketValue(dictionary, CFSTR("X1"), 127);
-    WriteTicketValue(dictionary, CFSTR("Y1"), CFIndex{1} << 60);
-    WriteTicketValue(dictionary, CFSTR("FullPrecision"), 1);  // a number is no boolean
+    const auto dictionary =  // a number is no boolean
+        Dictionary("Option=\"3\" X1=127 Y1=1152921504606846976 FullPrecision=1");
     _IS_Options read = Shift(false, 9);
     ImageShiftSetOptionsFromTicket(dictionary, &read);
     EXPECT_EQ(read.Option, kPrinterDefault);
@@ -88,24 +65,19 @@ TEST(ImageShift, ForeignDictionariesFallToTheDefaults) {
 
 struct InvertImage : testing::Test {
     InvertImage() { InvertImageInitialize(&context, &options); }
-    ~InvertImage() override { PMTicketDispose(ticket); }
 
     OSStatus sync(Boolean direction) {
         return InvertImageSync(context, &options, direction, ticket);
     }
     std::pair<bool, bool> flags() const { return {options.NegativeImage, options.MirrorImage}; }
 
-    PMTicketRef ticket = PMTicketCreate();
+    LooseTicket ticket;
     InvertImageContext context;
     II_Options options;
 };
 
 TEST_F(InvertImage, AnyNumberButZeroIsTrue) {
-    const auto dictionary =
-        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
-    WriteTicketValue(dictionary, CFSTR("NegativeImage"), -2);
-    CFDictionarySetValue(dictionary, CFSTR("MirrorImage"), CFSTR("1"));
-    InvertImageSetOptionsFromTicket(dictionary, &options);
+    InvertImageSetOptionsFromTicket(Dictionary("NegativeImage=-2 MirrorImage=\"1\""), &options);
     EXPECT_EQ(flags(), std::pair(true, false));
 }
 
@@ -127,8 +99,6 @@ constexpr const char* kFront = "com.kalmo.print.SpecialPages.FrontCover";
 constexpr const char* kBack = "com.kalmo.print.SpecialPages.BackCover";
 
 struct Covers : testing::Test {
-    ~Covers() override { PMTicketDispose(ticket); }
-
     void put(const char* key, const char* cover, CFTypeRef stock) {
         const auto made = Dictionary(cover);
         CFDictionarySetValue(made, CFSTR("Stock"), stock);
@@ -136,7 +106,7 @@ struct Covers : testing::Test {
     }
     OSStatus sync(Boolean direction) { return SyncCovers(ticket, direction, &front, &back); }
 
-    PMTicketRef ticket = PMTicketCreate();
+    LooseTicket ticket;
     std::unique_ptr<Cover> front, back;
 };
 

@@ -3,11 +3,8 @@
 #pragma once
 
 #include <climits>
-#include <sstream>
-#include <string>
 
-#include "foundation/collections.h"
-#include "foundation/number.h"
+#include "support/test.h"
 
 namespace kalmo::test {
 

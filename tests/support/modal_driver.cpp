@@ -1,5 +1,7 @@
 #include "support/modal_driver.h"
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
 #include <QDateTime>
 #include <QDialog>
@@ -22,6 +24,8 @@ ModalDriver::ModalDriver() {
     connect(&timer_, &QTimer::timeout, this, &ModalDriver::look);
     timer_.start(kLookEveryMs);
 }
+
+ModalDriver::~ModalDriver() { EXPECT_TRUE(done()) << faults_.join("; ").toStdString(); }
 
 void ModalDriver::look() {
     QWidget* const window = WaitingWindow();

@@ -17,6 +17,8 @@ public:
     using Answer = std::function<void(QWidget& window)>;
 
     ModalDriver();
+    /// Fails the test unless all that was expected came, and nothing else.
+    ~ModalDriver() override;
 
     void expect(Answer answer) { answers_.push_back(std::move(answer)); }
     /// All that was expected came, and nothing else.

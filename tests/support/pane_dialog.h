@@ -1,16 +1,11 @@
 // A print dialog as small as the pane can live in, for tests that load the plug-in.
 #pragma once
 
-#include <QPushButton>
-#include <QVBoxLayout>
-
 #include "foundation/uuid.h"
 #include "kalmo/uuids.h"
 #include "printing/session.h"
 #include "printing/ticket.h"
-#include "support/printer_files.h"
-#include "support/values.h"
-#include "toolbox/host.h"
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 

@@ -1,24 +1,20 @@
 // One panel in a window of its own, between a session's ticket and its controls.
 #pragma once
 
-#include <QComboBox>
-
 #include "controls/pictures.h"
 #include "settings/installable_options.h"
 #include "settings/ppd_access.h"
 #include "shell/base/current_session.h"
 #include "shell/base/panel_interface.h"
 #include "shell/base/plugin_bundle.h"
-#include "support/bundles.h"
 #include "support/pane_dialog.h"
 
 namespace kalmo::test {
 
 class PanelRig {
 public:
-    explicit PanelRig(OSStatus (*getInterface)(PDEInterfaceObject**),
-                      const std::filesystem::path& ppd = SamplePPD("kalmo-office-color"))
-        : printer(ppd) {
+    explicit PanelRig(OSStatus (*getInterface)(PDEInterfaceObject**), OSType signature = 'KPDE')
+        : signature_(signature) {
         gBundle = bundle_;
         getInterface(&interface_);
         OSType creator = 0;
@@ -58,19 +54,23 @@ public:
         return CFStringToUTF8(
             Owned<CFStringRef>::Adopt(PPDCopyCurrentChoice(printer.ticket, keyword)));
     }
-    /// As the user does it.
-    static void pick(QComboBox* popup, const QString& text) {
-        popup->setCurrentText(text);
-        Q_EMIT popup->activated(popup->currentIndex());
+    template <typename Widget = QWidget>
+    Widget* control(SInt32 id) {
+        return FindControl<Widget>(window, signature_, id);
+    }
+    void pick(SInt32 popup, const QString& text) { Pick(*control<QComboBox>(popup), text); }
+    std::string shown(SInt32 popup) {
+        return control<QComboBox>(popup)->currentText().toStdString();
     }
 
 private:
     // Before the panel and its window, which use them.
     Owned<CFBundleRef> bundle_ = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
     PDEInterfaceObject* interface_ = nullptr;
+    OSType signature_;
 
 public:
-    PrinterSession printer;
+    PrinterSession printer{SamplePPD("kalmo-office-color")};
     PDEContext context = nullptr;
     QWidget window;
 };

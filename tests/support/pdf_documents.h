@@ -2,11 +2,10 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 namespace kalmo::test {
 
-/// An A4 document with one line of text on each page.
-[[nodiscard]] std::string MakePdf(const std::vector<std::string>& pageTexts);
+/// An A4 document with a figure on each page.
+[[nodiscard]] std::string MakePdf(int pages);
 
 }  // namespace kalmo::test

@@ -1,10 +1,13 @@
 #include "support/private_home.h"
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+
+#include "system/presence.h"
 
 namespace kalmo::test {
 namespace {
@@ -15,6 +18,17 @@ void RemoveHome() {
     std::error_code ignored;
     std::filesystem::remove_all(home, ignored);
 }
+
+class TidyUp final : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override { before_ = Environment(); }
+    void OnTestEnd(const testing::TestInfo&) override {
+        for (const auto& [name, value] : Environment())
+            if (!before_.contains(name)) unsetenv(name.c_str());
+        for (const auto& [name, value] : before_) setenv(name.c_str(), value.c_str(), 1);
+        InstallPresence(UnattendedPresence());
+    }
+    std::map<std::string, std::string> before_;
+};
 
 }  // namespace
 
@@ -39,6 +53,19 @@ void UsePrivateHome() {
     unsetenv("DISPLAY");
     unsetenv("WAYLAND_DISPLAY");
     unsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+void TidyUpAfterEachTest() {
+    testing::UnitTest::GetInstance()->listeners().Append(new TidyUp);  // which owns it
+}
+
+std::map<std::string, std::string> Environment() {
+    std::map<std::string, std::string> variables;
+    for (char** entry = environ; *entry; ++entry) {
+        const std::string text = *entry;
+        variables[text.substr(0, text.find('='))] = text.substr(text.find('=') + 1);
+    }
+    return variables;
 }
 
 std::filesystem::path MakeFolder(const std::string& name) {

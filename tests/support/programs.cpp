@@ -14,11 +14,7 @@ namespace kalmo::test {
 namespace {
 
 std::map<std::string, std::string> MergedEnvironment(const ProgramCall& call) {
-    std::map<std::string, std::string> merged;
-    for (char** entry = environ; *entry; ++entry) {
-        const std::string text = *entry;
-        merged[text.substr(0, text.find('='))] = text.substr(text.find('=') + 1);
-    }
+    std::map<std::string, std::string> merged = Environment();
     for (const auto& [name, value] : call.environment) {
         merged[name] = value;
         if (value.empty()) merged.erase(name);

@@ -69,7 +69,6 @@ OSStatus Create(PDEInterfaceObject** out) {
 EXPORTED OSStatus GetPanel1(PDEInterfaceObject** out) { return Create<1>(out); }
 EXPORTED OSStatus GetPanel2(PDEInterfaceObject** out) { return Create<2>(out); }
 EXPORTED OSStatus GetPanel3(PDEInterfaceObject** out) { return Create<3>(out); }
-EXPORTED OSStatus GetColorOptionPanelInterface(PDEInterfaceObject** out) { return Create<77>(out); }
 EXPORTED OSStatus GetRefusingPanel(PDEInterfaceObject** out) {
     Create<4>(out);
     (*out)->table->Prologue = Panel<4>::Refuse;

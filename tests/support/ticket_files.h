@@ -1,9 +1,7 @@
 // Ticket files as tests write and read them.
 #pragma once
 
-#include <string>
-
-#include "support/values.h"
+#include "support/test.h"
 
 namespace kalmo::test {
 

@@ -6,6 +6,7 @@
 
 #include "foundation/property_list.h"
 #include "foundation/url.h"
+#include "printing/ticket.h"
 
 namespace kalmo::test {
 
@@ -17,6 +18,15 @@ inline std::string TakeText(CFStringRef created) {
     const auto text = Owned<CFStringRef>::Adopt(created);
     return text ? CFStringToUTF8(text) : "(null)";
 }
+/// A ticket of no session.
+class LooseTicket final {
+public:
+    ~LooseTicket() { PMTicketDispose(ticket_); }
+    operator PMTicketRef() const { return ticket_; }
+
+private:
+    PMTicketRef ticket_ = PMTicketCreate();
+};
 inline Owned<CFDataRef> Data(const std::string& bytes) {
     return Owned<CFDataRef>::Adopt(CFDataCreate(
         nullptr, reinterpret_cast<const UInt8*>(bytes.data()), static_cast<CFIndex>(bytes.size())));

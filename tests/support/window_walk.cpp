@@ -35,9 +35,8 @@ bool IsControl(const QWidget& widget) {
 /// A popup answers its choice when asked for its name: a label beside it has to name it.
 bool HasName(QWidget& widget) {
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&widget);
-    if (!qobject_cast<QComboBox*>(&widget)) {
+    if (!qobject_cast<QComboBox*>(&widget))
         return seen && !seen->text(QAccessible::Name).trimmed().isEmpty();
-    }
     for (const auto* label :
          widget.parentWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly)) {
         if (label->buddy() == &widget && !label->text().isEmpty()) return true;
@@ -64,9 +63,8 @@ std::vector<std::string> WindowFaults(QWidget& window, Identities identities) {
         if (!HasName(*widget)) faults.push_back(name + " has no accessible name");
         if (identities == Identities::needed && !HasIdentity(*widget))
             faults.push_back(name + " has no identity");
-        if (!IsPicture(*widget) && !IsArrows(*widget) && !(widget->focusPolicy() & Qt::TabFocus)) {
+        if (!IsPicture(*widget) && !IsArrows(*widget) && !(widget->focusPolicy() & Qt::TabFocus))
             faults.push_back(name + " cannot be reached with Tab");
-        }
     }
     return faults;
 }
@@ -79,9 +77,8 @@ std::vector<std::string> CutTexts(QWidget& window) {
             qobject_cast<QAbstractButton*>(widget) || (label && !label->wordWrap());
         if (!hasText || widget->isHidden()) continue;
         const QSize wanted = widget->minimumSizeHint();
-        if (widget->width() < wanted.width() || widget->height() < wanted.height()) {
+        if (widget->width() < wanted.width() || widget->height() < wanted.height())
             cut.push_back(NameOf(*widget) + " is cut");
-        }
     }
     return cut;
 }

@@ -7,14 +7,17 @@
 
 namespace kalmo::test {
 
-/// Everything asked of workers so far is done and answered: jobs are served in the order of asking.
+/// Everything asked of workers so far is done and answered: those of one pace are served in the
+/// order of asking.
 inline void WaitForWorkers() {
-    bool reached = false;
-    const WorkerRef worker = CreateWorker();
-    RunOnWorker(
-        worker, [] {}, [&] { reached = true; });
-    while (!reached) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    DisposeWorker(worker);
+    for (const WorkerPace pace : {WorkerPace::quick, WorkerPace::patient}) {
+        bool reached = false;
+        const WorkerRef worker = CreateWorker(pace);
+        RunOnWorker(
+            worker, [] {}, [&] { reached = true; });
+        while (!reached) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        DisposeWorker(worker);
+    }
 }
 
 }  // namespace kalmo::test

@@ -1,16 +1,14 @@
 // kalmoticket, called as cupsd calls it, and kalmo-ticket at the command line.
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <thread>
 
 #include "job_ticket/attachment.h"
 #include "support/pdf_documents.h"
-#include "support/private_home.h"
 #include "support/programs.h"
+#include "support/test.h"
 
 namespace kalmo::test {
 namespace {
@@ -18,10 +16,9 @@ namespace {
 using std::filesystem::path;
 
 /// A document without and one with a ticket.
-class TicketFilter : public testing::Test {
-protected:
+struct TicketFilter : testing::Test {
     TicketFilter() {
-        WriteFile(plain, MakePdf({"page"}));
+        WriteFile(plain, MakePdf(1));
         WriteFile(letter, "Dear reader");
         EXPECT_TRUE(job_ticket::AttachTicket(plain, ticket, sent));
     }
@@ -69,7 +66,7 @@ TEST_F(TicketFilter, LetsTheJobThroughWithItsTicket) {
         EXPECT_EQ(ReadFile(ticketFile), ticket);
         EXPECT_EQ(status(ticketFile).permissions(), std::filesystem::perms(0600));
         EXPECT_TRUE(end.output.starts_with("%PDF-"));
-        EXPECT_EQ(end.output.find("4711"), std::string::npos);
+        EXPECT_FALSE(Contains(end.output, "4711"));
         EXPECT_TRUE(is_empty(temporary));
         remove(ticketFile);
     }
@@ -79,7 +76,6 @@ TEST_F(TicketFilter, PassesWhatHasNoTicketUnchanged) {
     // The ticket of the job before must not be taken for this job's.
     const std::tuple<const char*, ProgramCall, path> rows[] = {
         {"no option", call("Duplex=None", plain), plain},
-        {"no option, standard input", call("", {}, plain), plain},
         {"a foreign attachment", call("Duplex=None", sent), sent},
         {"a banner page", call(option, plain, "/dev/null", "job-sheet"), plain},
     };
@@ -100,10 +96,8 @@ TEST_F(TicketFilter, FailsRatherThanPrintWithoutTheTicket) {
         {"cut short", call(option.substr(0, option.size() - 2), sent)},
         {"of nothing", call("com.kalmo.print.ticket=" + job_ticket::TicketDigest(""), plain)},
         {"no value", call("com.kalmo.print.ticket", sent)},
-        {"empty value", call("com.kalmo.print.ticket=", sent)},
         {"behind a line end that stops the parsing", call("a=x\ry " + option, plain)},
         {"no PDF", call(option, letter)},
-        {"no PDF on standard input", call(option, {}, letter)},
         {"no such file", call(option, folder / "nowhere.pdf")},
     };
     for (const auto& [why, made] : rows) {
@@ -111,7 +105,7 @@ TEST_F(TicketFilter, FailsRatherThanPrintWithoutTheTicket) {
         const ProgramEnd end = RunProgram(made);
         EXPECT_EQ(end.exitCode, 1);
         EXPECT_TRUE(end.errors.starts_with("ERROR: ")) << end.errors;
-        EXPECT_EQ(end.errors.find("4711"), std::string::npos);
+        EXPECT_FALSE(Contains(end.errors, "4711"));
         EXPECT_TRUE(end.output.empty());
         EXPECT_FALSE(exists(ticketFile));
         EXPECT_TRUE(is_empty(temporary));
@@ -125,9 +119,8 @@ TEST_F(TicketFilter, LeavesNothingBehindWhenTheJobIsCancelled) {
     std::ofstream open(pipe, std::ios::binary);  // the document never ends
     open << "%PDF-1.4\n" << std::flush;
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (is_empty(temporary) && std::chrono::steady_clock::now() < end) {
+    while (is_empty(temporary) && std::chrono::steady_clock::now() < end)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
     const auto made = std::filesystem::directory_iterator(temporary);
     ASSERT_NE(made, std::filesystem::directory_iterator());
     EXPECT_EQ(made->status().permissions(), std::filesystem::perms(0700));
@@ -142,22 +135,17 @@ TEST_F(TicketFilter, CommandLineTakesOutWhatTheDigestNames) {
         run({sent, "--digest", digest, "--ticket", ticketFile, "--document", documentFile});
     EXPECT_EQ(end.exitCode, 0) << end.errors;
     EXPECT_EQ(ReadFile(ticketFile), ticket);
-    EXPECT_EQ(ReadFile(documentFile).find("4711"), std::string::npos);
-    for (const path& file : {ticketFile, documentFile}) {
+    EXPECT_FALSE(Contains(ReadFile(documentFile), "4711"));
+    for (const path& file : {ticketFile, documentFile})
         EXPECT_EQ(status(file).permissions(), std::filesystem::perms(0600)) << file;
-    }
 }
 
 TEST_F(TicketFilter, CommandLineRefusesInOneLineAndWritesNothing) {
     const std::string other = job_ticket::TicketDigest("other");
     const std::tuple<const char*, std::vector<std::string>, int> rows[] = {
-        {"changed", {sent, "--digest", other}, 1},
-        {"missing", {plain, "--digest", digest}, 1},
-        {"no PDF", {letter, "--digest", digest}, 1},
-        {"no such file", {folder / "nowhere.pdf"}, 1},
-        {"no document", {}, 2},
-        {"unknown option", {sent, "--what"}, 2},
-        {"two documents", {sent, plain}, 2},
+        {"changed", {sent, "--digest", other}, 1},     {"missing", {plain, "--digest", digest}, 1},
+        {"no such file", {folder / "nowhere.pdf"}, 1}, {"no document", {}, 2},
+        {"unknown option", {sent, "--what"}, 2},       {"two documents", {sent, plain}, 2},
     };
     for (const auto& [why, start, code] : rows) {
         SCOPED_TRACE(why);
@@ -167,7 +155,7 @@ TEST_F(TicketFilter, CommandLineRefusesInOneLineAndWritesNothing) {
         EXPECT_EQ(end.exitCode, code) << end.errors;
         EXPECT_FALSE(end.errors.empty());
         EXPECT_TRUE(code == 2 || std::ranges::count(end.errors, '\n') == 1) << end.errors;
-        EXPECT_EQ(end.errors.find("4711"), std::string::npos);
+        EXPECT_FALSE(Contains(end.errors, "4711"));
         EXPECT_FALSE(exists(documentFile));
     }
     EXPECT_EQ(run({sent, "--ticket", ticketFile}).exitCode, 2) << "a ticket needs its digest";

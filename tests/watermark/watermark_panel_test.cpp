@@ -90,6 +90,17 @@ protected:
         });
     }
 
+    /// The editor that opens next gets this text and OK.
+    void type(const QString& text) {
+        driver.expect([text](QWidget& editor) {
+            auto* const field = editor.findChild<QLineEdit*>("text");
+            field->selectAll();
+            QTest::keyClicks(field, text);
+            for (auto* each : editor.findChildren<QPushButton*>())
+                if (each->isDefault()) return each->click();
+        });
+    }
+
     /// What the ticket has after a Sync towards it; null without a watermark.
     CFDictionaryRef written() {
         EXPECT_EQ(sync(kSyncToTicket), noErr);
@@ -177,7 +188,8 @@ TEST_F(WatermarkPanel, ADefaultWatermarkIsChosenShownAndTakenAlong) {
 }
 
 TEST_F(WatermarkPanel, ATicketsWatermarkPrintsAsItIsThereAndIsNotSavedHere) {
-    auto watermark = Dictionary("Name=Draft Layer=9 Pages=5 Unknown=7");
+    auto watermark =
+        Dictionary("Name=Draft Layer=9 Pages=5 Unknown=7 Drawing=no PageWidth=792 PageHeight=612");
     WatermarkHolder record;
     setDefaultValues(*record, 0);
     SetWatermarkText(record->textString, CFSTR("Draft"));
@@ -200,13 +212,17 @@ TEST_F(WatermarkPanel, ATicketsWatermarkPrintsAsItIsThereAndIsNotSavedHere) {
     EXPECT_TRUE(isStored("Draft", &stored));
     EXPECT_EQ(stored.angle, 45);
     sync(kSyncToUI);
+    EXPECT_FALSE(IsMenuItemEnabled(menu(), itemOf(menu(), "Delete"))) << "not the user's";
+    type("Job's");
+    choose("Edit…");
+    EXPECT_TRUE(isStored("Job's") && isStored("Draft")) << "the user's own stays";
     choose("Draft");
     EXPECT_EQ(number(value<CFDictionaryRef>(written(), CFSTR("Record")), CFSTR("angle")), 45)
         << "chosen here it is the user's own";
 }
 
 TEST_F(WatermarkPanel, WhatIsNoWatermarkInATicketIsNone) {
-    for (const char* entries : {"Name=5 Record=6", "Name=Draft", "Record=true", ""}) {
+    for (const char* entries : {"Name=5 Record=6", "Name=Draft", "Record=true", "", "Name=\"\""}) {
         PMTicketSetCFDictionary(printer.ticket, CFSTR("K"), kWatermarkKey, Dictionary(entries),
                                 false);
         if (context && !window.findChild<QLabel*>()) show();
@@ -232,15 +248,6 @@ TEST_F(WatermarkPanel, DeletingAsksAndNothingBringsTheWatermarkBack) {
 
 TEST_F(WatermarkPanel, NewAndEditedWatermarksStandInTheListOnceAndAFailureIsTold) {
     show();
-    const auto type = [this](const QString& text) {
-        driver.expect([text](QWidget& editor) {
-            auto* const field = editor.findChild<QLineEdit*>("text");
-            field->selectAll();
-            QTest::keyClicks(field, text);
-            for (auto* each : editor.findChildren<QPushButton*>())
-                if (each->isDefault()) return each->click();
-        });
-    };
     type("R&D <only>");
     choose("New…");
     EXPECT_TRUE(isStored("R&D <only>"));
@@ -256,6 +263,7 @@ TEST_F(WatermarkPanel, NewAndEditedWatermarksStandInTheListOnceAndAFailureIsTold
     choose("New…");
     EXPECT_EQ(ReadFile(store), "damaged");
     EXPECT_EQ(CFStringToUTF8(value(written(), CFSTR("Name"))), "Lost") << "printed all the same";
+    EXPECT_GT(Coloured(preview()), 50);
 }
 
 TEST_F(WatermarkPanel, AMissingPictureIsSaidAndTakesNothingAlong) {

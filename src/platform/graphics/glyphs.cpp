@@ -52,7 +52,8 @@ SInt32 Whole(double value) {
 }  // namespace
 
 Rect InkBounds(PangoLayoutLine* line, double angle) {
-    const SurfacePointer surface(cairo_image_surface_create(CAIRO_FORMAT_A8, 1, 1));
+    // Without bounds: of a surface with an area, glyphs far outside are left out of the path.
+    const SurfacePointer surface(cairo_recording_surface_create(CAIRO_CONTENT_ALPHA, nullptr));
     const CairoPointer cairo(cairo_create(surface.get()));
     cairo_rotate(cairo.get(), -angle);
     cairo_move_to(cairo.get(), 0, 0);

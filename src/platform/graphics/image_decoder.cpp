@@ -54,6 +54,13 @@ QSize SizeWithin(const QSize& full, PixelSize limit) {
     return full.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
+/// Readers take a file that was cut off for a whole picture, grey where it ends. A whole one has an
+/// end mark behind its last scan.
+bool HasJpegEnd(const std::string& bytes) {
+    const std::size_t scan = bytes.rfind("\xff\xda");
+    return scan != std::string::npos && bytes.find("\xff\xd9", scan) != std::string::npos;
+}
+
 }  // namespace
 
 std::optional<PixelSize> PictureSize(const std::string& bytes) {
@@ -69,6 +76,7 @@ std::optional<DecodedPicture> DecodePicture(const std::string& bytes, PixelSize 
     if (!full) return std::nullopt;
     Reader reader(bytes);
     const bool isPhotograph = reader->format() == "jpeg";
+    if (isPhotograph && !HasJpegEnd(bytes)) return std::nullopt;
     const QSize wanted = SizeWithin({full->width, full->height}, limit);
     if (wanted != QSize(full->width, full->height)) {
         reader->setScaledSize(reader.isTurned() ? wanted.transposed() : wanted);

@@ -14,6 +14,16 @@ QString AsActionText(QString text) {
         .replace(QLatin1Char('\t'), QLatin1Char(' '));
 }
 
+/// A popup shows its text as it is: without the mark of the letter to press, "&&" for "&".
+QString WithoutMarks(const QString& title) {
+    QString text;
+    for (qsizetype i = 0; i < title.size(); ++i) {
+        if (title[i] == QLatin1Char('&') && ++i == title.size()) break;
+        text += title[i];
+    }
+    return text;
+}
+
 void Show(const Menu& items, QMenu& shown);
 
 QAction* AddAction(const Menu& items, const QModelIndex& item, QMenu& shown) {
@@ -76,7 +86,7 @@ QStyleOptionComboBox MenuButton::look() const {
     option.initFrom(this);
     option.subControls = QStyle::SC_All;
     option.activeSubControls = QStyle::SC_ComboBoxArrow;
-    option.currentText = text();
+    option.currentText = WithoutMarks(text());
     option.state.setFlag(QStyle::State_Sunken, isDown() || shown_->isVisible());
     return option;
 }

@@ -10,6 +10,7 @@
 #include <thread>
 
 struct OpaqueWorker {
+    WorkerPace pace;
     /// False once disposed. Read and written on the UI thread only.
     std::shared_ptr<bool> waits = std::make_shared<bool>(true);
 };
@@ -96,18 +97,25 @@ private:
     std::jthread thread_{[this](const std::stop_token& stop) { serve(stop); }};
 };
 
-std::unique_ptr<WorkThread>& Running() {
-    static std::unique_ptr<WorkThread> thread;
-    return thread;
+/// One thread for each pace.
+std::unique_ptr<WorkThread>& Running(WorkerPace pace) {
+    static std::unique_ptr<WorkThread> threads[2];
+    return threads[static_cast<int>(pace)];
 }
 
 /// It ends with the application, before anything static that the work may use is destroyed.
-WorkThread& StartedThread() {
-    if (!Running()) {
-        Running() = std::make_unique<WorkThread>();
-        qAddPostRoutine([] { Running() = nullptr; });
+template <WorkerPace pace>
+WorkThread& Started() {
+    if (!Running(pace)) {
+        Running(pace) = std::make_unique<WorkThread>();
+        qAddPostRoutine([] { Running(pace) = nullptr; });
     }
-    return *Running();
+    return *Running(pace);
+}
+
+WorkThread& StartedThread(WorkerPace pace) {
+    return pace == WorkerPace::quick ? Started<WorkerPace::quick>()
+                                     : Started<WorkerPace::patient>();
 }
 
 }  // namespace
@@ -115,16 +123,16 @@ WorkThread& StartedThread() {
 
 using namespace toolbox;
 
-WorkerRef CreateWorker() { return new OpaqueWorker; }
+WorkerRef CreateWorker(WorkerPace pace) { return new OpaqueWorker{pace}; }
 
 void DisposeWorker(WorkerRef worker) {
     if (!worker) return;
     *worker->waits = false;
-    if (Running()) Running()->forget(*worker);
+    if (const auto& thread = Running(worker->pace)) thread->forget(*worker);
     delete worker;
 }
 
 void RunOnWorker(WorkerRef worker, std::function<void()> work, std::function<void()> done) {
     if (!worker || !QCoreApplication::instance()) return;
-    StartedThread().ask({worker->waits, std::move(work), std::move(done)});
+    StartedThread(worker->pace).ask({worker->waits, std::move(work), std::move(done)});
 }

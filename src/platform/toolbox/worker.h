@@ -1,7 +1,7 @@
 // Work beside the UI thread: reading and decoding pictures, drawing a page, and the answer back.
 //
-// One thread serves all workers and lives as long as the program, so that the fonts it has loaded
-// stay at hand. A worker is its asker's: a pane or a dialog has one of its own.
+// A thread for each pace serves all workers of it and lives as long as the program, so that the
+// fonts it has loaded stay at hand. A worker is its asker's: a pane or a dialog has one of its own.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,10 @@
 
 // UI thread only, all three.
 
-[[nodiscard]] WorkerRef CreateWorker();
+/// Quick work is waited for by the user's eye and takes a moment; patient work may take seconds and
+/// holds up no quick work.
+enum class WorkerPace { quick, patient };
+[[nodiscard]] WorkerRef CreateWorker(WorkerPace pace = WorkerPace::quick);
 /// What has not begun never will; what runs is finished, and its answer dropped. Does not wait.
 /// Null is ignored.
 void DisposeWorker(WorkerRef worker);

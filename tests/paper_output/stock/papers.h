@@ -3,7 +3,6 @@
 
 #include "paper_output/stock/stock.h"
 #include "settings/ppd_file.h"
-#include "support/bundles.h"
 
 namespace kalmo::test {
 
@@ -15,8 +14,7 @@ inline const std::string kPapers =
               {"SystemDefault/Default", "Standard/Plain", "Unspecified/Any", "TabStock/Tabs",
                "Transparency/Film"});
 
-class PaperTest : public testing::Test {
-protected:
+struct PaperTest : testing::Test {
     const Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
     const PrinterWithPPD printer{kPapers};
 };

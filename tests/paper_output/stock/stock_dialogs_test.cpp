@@ -1,16 +1,8 @@
 // The dialogs for a paper of one's own size and for separators.
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-
 #include "paper_output/stock/custom_size_dialog.h"
 #include "paper_output/stock/separators.h"
 #include "settings/ppd_file.h"
 #include "support/beeps.h"
-#include "support/bundles.h"
-#include "support/modal_driver.h"
 #include "toolbox/menus.h"
 
 namespace kalmo::test {
@@ -20,13 +12,7 @@ void Press(QWidget& window, const char* button) {
     QTest::mouseClick(window.findChild<QPushButton*>(button), Qt::LeftButton);
 }
 
-class StockDialogs : public testing::Test {
-protected:
-    void TearDown() override {
-        setenv("LC_ALL", "C.UTF-8", 1);
-        EXPECT_TRUE(driver.done()) << driver.faults().join(' ').toStdString();
-    }
-
+struct StockDialogs : testing::Test {
     /// Checks what the field shows, types into it and presses OK, and Cancel where that beeps.
     SInt32 enterSize(const char* name, const char* shown, const char* typed) {
         driver.expect([=, this](QWidget& window) {
@@ -72,9 +58,8 @@ TEST_F(StockDialogs, SizeThatThePrinterRefusesIsRefused) {
 void ChooseSeparators(QWidget& window) {
     auto& menu = *window.findChild<QPushButton*>("stock");
     EXPECT_FALSE(menu.isEnabled());
-    auto* const option = window.findChild<QComboBox*>("option");
-    option->setCurrentIndex(1);
-    Q_EMIT option->activated(1);
+    auto& option = *window.findChild<QComboBox*>("option");
+    Pick(option, option.itemText(1));
     EXPECT_TRUE(menu.isEnabled());
     const ControlRef button = ControlFromWidget(&menu);
     SimulateMenuChoice(button, GetMenuItemHierarchicalMenu(GetControlPopupMenu(button), 2), 3);

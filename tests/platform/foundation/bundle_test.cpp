@@ -1,12 +1,9 @@
 // Files, URLs, and bundles with their texts.
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <cerrno>
 
-#include "support/bundles.h"
-#include "support/private_home.h"
-#include "support/values.h"
+#include "support/test.h"
 
 namespace kalmo::test {
 namespace {
@@ -66,19 +63,17 @@ TEST(Bundles, LookTextsUpInTheUsersLanguages) {
          {"Resources/de-AT.lproj/Localizable.strings", "\"a\"=\"at\";"},
          {"Resources/de.lproj/Help/index.htm", "de"},
          {"Resources/plain.txt", "plain"}})));
-    const struct {
-        const char *languages, *key, *text;
-    } rows[] = {{"de_AT", "a", "at"},
-                {"de_AT", "b", "de"},
-                {"de_AT", "c", "en"},
-                {"fr:de", "b", "de"},
-                {"../../etc", "b", "en"}};
-    for (const auto& row : rows) {
-        setenv("LANGUAGE", row.languages, 1);
-        EXPECT_EQ(TakeText(CFBundleCopyLocalizedString(bundle, String(row.key), nullptr, nullptr)),
-                  row.text);
+    const std::tuple<const char*, const char*, const char*> rows[] = {{"de_AT", "a", "at"},
+                                                                      {"de_AT", "b", "de"},
+                                                                      {"de_AT", "c", "en"},
+                                                                      {"fr:de", "b", "de"},
+                                                                      {"../../etc", "b", "en"}};
+    for (const auto& [languages, key, text] : rows) {
+        setenv("LANGUAGE", languages, 1);
+        EXPECT_EQ(TakeText(CFBundleCopyLocalizedString(bundle, String(key), nullptr, nullptr)),
+                  text);
     }
-    unsetenv("LANGUAGE");
+    setenv("LANGUAGE", "", 1);
     const auto resource = [&](CFStringRef name, CFStringRef type) {
         return Owned<CFURLRef>::Adopt(CFBundleCopyResourceURL(bundle, name, type, nullptr));
     };

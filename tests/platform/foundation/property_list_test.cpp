@@ -1,13 +1,10 @@
 // Property lists: every type comes back as it was; what is no list is refused before it can do
 // harm.
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <clocale>
 #include <cstdlib>
 
-#include "support/private_home.h"
-#include "support/values.h"
+#include "support/test.h"
 
 namespace kalmo::test {
 namespace {
@@ -41,24 +38,19 @@ TEST(PropertyLists, BringEveryTypeBackAsItWas) {
         EXPECT_NE(Bytes(xml).find(written), std::string::npos) << written;
 }
 
+std::string Repeated(const std::string& part, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i) text += part;
+    return text;
+}
+
 TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
     const auto nested = [](int depth) {
-        std::string text;
-        for (int i = 0; i < depth; ++i) text += "<array>";
-        for (int i = 0; i < depth; ++i) text += "</array>";
-        return text;
+        return Repeated("<array>", depth) + Repeated("</array>", depth);
     };
-    const auto repeated = [](const std::string& part) {
-        std::string text;
-        for (int i = 0; i < 1'000'000; ++i) text += part;
-        return text;
-    };
+    constexpr int kMany = 1'000'000;
     const std::string whole = Plist("<dict><key>a</key><string>text</string></dict>");
-    const struct {
-        const char* why;
-        std::string xml;
-        const char* reason;
-    } rows[] = {
+    const std::tuple<const char*, std::string, const char*> rows[] = {
         {"empty", "", "no XML property list"},
         {"another XML", "<html></html>", "no XML property list"},
         {"unknown element", Plist("<foo/>"), "no well-formed XML property list"},
@@ -66,11 +58,11 @@ TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
         {"513 levels", Plist(nested(513)), "nested more than 512 levels deep"},
         {"entity declarations", "<!DOCTYPE plist [<!ENTITY a \"b\">]>" + whole,
          "declarations inside the document type are not accepted"},
-        {"depth hidden in quotes", Plist(repeated("<array a=\"></array>\">")),
+        {"depth hidden in quotes", Plist(Repeated("<array a=\"></array>\">", kMany)),
          "a tag ends within quotes"},
-        {"depth hidden in an instruction", Plist(repeated("<array><?a \"?></array>\"?>")),
+        {"depth hidden in an instruction", Plist(Repeated("<array><?a \"?></array>\"?>", kMany)),
          "a tag ends within quotes"},
-        {"depth hidden in a comment", Plist(repeated("<array><!--></array>-->")),
+        {"depth hidden in a comment", Plist(Repeated("<array><!--></array>-->", kMany)),
          "nested more than 512 levels deep"},
         {"integer beyond 64 bits", Plist("<integer>9223372036854775808</integer>"),
          "line 4: no decimal integer of 64 bits"},
@@ -84,18 +76,16 @@ TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
         {"over 64 MiB", Plist("<string>" + std::string(65u << 20, 'a') + "</string>"),
          "larger than 64 MiB"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
+    for (const auto& [why, xml, expected] : rows) {
         std::string reason;
-        EXPECT_FALSE(ReadPlist(row.xml, &reason));
-        EXPECT_EQ(reason, row.reason);
+        EXPECT_FALSE(ReadPlist(xml, &reason));
+        EXPECT_EQ(reason, expected) << why;
     }
     EXPECT_TRUE(ReadPlist(Plist(nested(512))));
     EXPECT_TRUE(ReadPlist("\xEF\xBB\xBF<plist ><array ><integer> +5 </integer></array ></plist >"));
     const std::size_t end = whole.find("</plist>");
-    for (std::size_t cut = 0; cut < end + 8; ++cut) {
+    for (std::size_t cut = 0; cut < end + 8; ++cut)
         EXPECT_FALSE(ReadPlist(whole.substr(0, cut))) << "cut at " << cut;
-    }
 }
 
 TEST(PropertyLists, KeepRealsWhereTheDecimalPointIsAComma) {
@@ -117,10 +107,8 @@ TEST(PropertyLists, KeepRealsWhereTheDecimalPointIsAComma) {
 }
 
 TEST(PropertyLists, ReadManyReferencesInLinearTime) {
-    std::string text;
-    for (int i = 0; i < 500'000; ++i) text += "&#228;x";
     const auto start = std::chrono::steady_clock::now();
-    ReadPlist(Plist("<string>" + text + "</string>"));
+    ReadPlist(Plist("<string>" + Repeated("&#228;x", 500'000) + "</string>"));
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 

@@ -1,22 +1,16 @@
-// Strings: encodings, formats from untrusted tables, searching.
-#include <gtest/gtest.h>
-
+// Strings: encodings, formats from untrusted tables; values: exactness, sets of characters.
 #include <cstring>
 
-#include "foundation/number.h"
+#include "foundation/character_set.h"
 #include "foundation/strings_table.h"
-#include "support/values.h"
+#include "support/dictionaries.h"
+#include "support/test.h"
 
 namespace kalmo::test {
 namespace {
 
 TEST(Strings, AreReadStrictlyInTheirEncoding) {
-    const struct {
-        const char* why;
-        const char* bytes;
-        CFStringEncoding encoding;
-        const char* utf8;  // null: refused
-    } rows[] = {
+    const std::tuple<const char*, const char*, CFStringEncoding, const char*> rows[] = {
         {"UTF-8", "\xC3\xA4\xF0\x9F\x98\x80", kCFStringEncodingUTF8, "ä😀"},
         {"invalid UTF-8", "a\xFF", kCFStringEncodingUTF8, nullptr},
         {"Latin 1", "\xE4", kCFStringEncodingISOLatin1, "ä"},
@@ -26,18 +20,18 @@ TEST(Strings, AreReadStrictlyInTheirEncoding) {
         {"no ASCII", "\xE4", kCFStringEncodingASCII, nullptr},
         {"unknown encoding", "a", 0x7777, nullptr},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
+    for (const auto& [why, bytes, encoding, utf8] : rows) {
+        SCOPED_TRACE(why);
         const auto string =
-            Owned<CFStringRef>::Adopt(CFStringCreateWithCString(nullptr, row.bytes, row.encoding));
-        ASSERT_EQ(string.get() != nullptr, row.utf8 != nullptr);
-        if (!row.utf8) continue;
-        EXPECT_EQ(CFStringToUTF8(string), row.utf8);
+            Owned<CFStringRef>::Adopt(CFStringCreateWithCString(nullptr, bytes, encoding));
+        ASSERT_EQ(string.get() != nullptr, utf8 != nullptr);
+        if (!utf8) continue;
+        EXPECT_EQ(CFStringToUTF8(string), utf8);
         char back[16];
-        const CFIndex size = static_cast<CFIndex>(std::strlen(row.bytes)) + 1;
-        EXPECT_TRUE(CFStringGetCString(string, back, size, row.encoding));
-        EXPECT_STREQ(back, row.bytes);
-        EXPECT_FALSE(CFStringGetCString(string, back, size - 1, row.encoding)) << "no room";
+        const CFIndex size = static_cast<CFIndex>(std::strlen(bytes)) + 1;
+        EXPECT_TRUE(CFStringGetCString(string, back, size, encoding));
+        EXPECT_STREQ(back, bytes);
+        EXPECT_FALSE(CFStringGetCString(string, back, size - 1, encoding)) << "no room";
     }
     const UniChar lone[] = {u'a', 0xD800, u'b'};
     EXPECT_EQ(TakeText(CFStringCreateWithCharacters(nullptr, lone, 3)), "a\uFFFDb");
@@ -50,10 +44,7 @@ TEST(Strings, FillFormatsWithoutTrustingThem) {
     const auto number = create(kCFNumberSInt32Type, SInt32{4});
     const auto wide = create(kCFNumberSInt64Type, SInt64{1} << 40);
     const auto real = create(kCFNumberFloat64Type, 0.1);
-    const struct {
-        const char* format;
-        const char* text;
-    } rows[] = {
+    const std::tuple<const char*, const char*> rows[] = {
         {"%d to %ld of %@, 100 %%", "4 to 1099511627776 of name, 100 %"},
         {"%3$@: %2$ld-%1$d", "name: 1099511627776-4"},
         {"%s%n%x %", "%s%n%x %"},
@@ -63,11 +54,10 @@ TEST(Strings, FillFormatsWithoutTrustingThem) {
         {"%2$d", "2147483647"},
         {"%4$@ mm", "0.1 mm"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(TakeText(CFStringCreateWithFormat(nullptr, String(row.format), number.get(),
+    for (const auto& [format, text] : rows)
+        EXPECT_EQ(TakeText(CFStringCreateWithFormat(nullptr, String(format), number.get(),
                                                     wide.get(), CFSTR("name"), real.get())),
-                  row.text);
-    }
+                  text);
 }
 
 TEST(StringsTables, ReadWhatIsRightAndNameWhatIsWrong) {
@@ -93,6 +83,44 @@ TEST(StringsTables, ReadWhatIsRightAndNameWhatIsWrong) {
                   .texts.at("k"),
               "v");
     EXPECT_FALSE(ReadStringsTable("\"k\" = \"\xE4\";").faults.empty());
+}
+
+template <typename Value>
+Owned<CFNumberRef> Number(CFNumberType type, Value value) {
+    return Owned<CFNumberRef>::Adopt(CFNumberCreate(kCFAllocatorDefault, type, &value));
+}
+
+TEST(Values, EqualAcrossNumberKindsButNeverAcrossTypes) {
+    const auto one = Number(kCFNumberSInt32Type, SInt32{1});
+    EXPECT_TRUE(CFEqual(one, Number(kCFNumberFloat64Type, 1.0)));
+    EXPECT_FALSE(CFEqual(one, kCFBooleanTrue));
+    // 2^53 + 1 has no double of its own.
+    EXPECT_FALSE(CFEqual(Number(kCFNumberSInt64Type, (SInt64{1} << 53) + 1),
+                         Number(kCFNumberFloat64Type, 9007199254740992.0)));
+    const auto first = Dictionary("b=1 a=2 c=3");
+    EXPECT_TRUE(CFEqual(first, Dictionary("c=3 b=1 a=2")));
+    const auto copy = Owned<CFDictionaryRef>::Adopt(CFDictionaryCreateCopy(nullptr, first));
+    CFDictionaryRemoveAllValues(const_cast<CFMutableDictionaryRef>(copy.get()));
+    EXPECT_TRUE(CFEqual(first, copy)) << "an immutable dictionary was emptied";
+    EXPECT_EQ(CFDictionaryGetValue(reinterpret_cast<CFDictionaryRef>(CFSTR("x")), CFSTR("a")),
+              nullptr)
+        << "a string is no dictionary";
+}
+
+TEST(CharacterSets, SayWhetherTheyHoldAText) {
+    const CFCharacterSetRef digits = CFCharacterSetGetPredefined(kCFCharacterSetDecimalDigit);
+    const CFCharacterSetRef controls = CFCharacterSetGetPredefined(kCFCharacterSetControl);
+    const auto list = Owned<CFCharacterSetRef>::Adopt(
+        CFCharacterSetCreateWithCharactersInString(kCFAllocatorDefault, CFSTR("0-9, \U0001D7CE")));
+    const std::tuple<const char*, CFCharacterSetRef, CFStringRef, bool> rows[] = {
+        {"digits of any script, beyond 16 bits too", digits, CFSTR("0٣९\U0001D7CE"), true},
+        {"control characters", controls, CFSTR("\b\r\x7f\u0085\u009f"), true},
+        {"a soft hyphen shows", controls, CFSTR("\u00ad"), false},
+        {"characters, not ranges", list, CFSTR("5"), false},
+        {"half of a character", list, CFSTR("0\U0001D7CF"), false},
+    };
+    for (const auto& [why, set, text, holds] : rows)
+        EXPECT_EQ(CFCharacterSetContainsText(set, text), holds) << why;
 }
 
 }  // namespace

@@ -98,6 +98,7 @@ TEST(Image, HostileFilesAreRefused) {
     const std::string png = Encoded(TwoHalves(80, 40), "png");
     // A bitmap's sizes stand in its header, little end first, guarded by no checksum.
     const std::string bitmap = Encoded(TwoHalves(80, 40), "bmp");
+    const std::string photograph = Encoded(TwoHalves(80, 40), "jpeg");
     const auto sized = [&](const char* sides) {
         return std::string(bitmap).replace(18, 8, std::string(sides, 8));
     };
@@ -110,6 +111,7 @@ TEST(Image, HostileFilesAreRefused) {
         {"vast", sized("\xFF\xFF\xFF\x7F\xFF\xFF\xFF\x7F")},
         {"a gigabyte of pixels", sized("\0\x3F\0\0\0\x3F\0\0")},
         {"cut off", png.substr(0, 60)},
+        {"a photograph cut off", photograph.substr(0, photograph.size() - 40)},
     };
     for (const auto& row : kRows) EXPECT_FALSE(Decoded(row.bytes)) << row.why;
     Owned<GraphicsImportComponent> importer;

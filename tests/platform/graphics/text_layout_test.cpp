@@ -73,11 +73,12 @@ TEST(Fonts, AreFoundByExactNameAndOtherwiseByWhatTheNameTells) {
 
 TEST(TextLayout, InkLiesWhereItWasMeasuredAtAnyAngle) {
     constexpr double kScale = 2;
-    for (const char16_t* const text :
-         {u"CONFIDENTIAL", u"Ägypten, gray", u"\u0645\u0631\u062D\u0628\u0627 Ij"}) {
+    for (const std::u16string_view text :
+         {u"CONFIDENTIAL", u"Ägypten, gray", u"\u0645\u0631\u062D\u0628\u0627 Ij",
+          u"A long line: its last letters lie far from its first"}) {
         for (const int degrees : {0, 45, -60, 90, 200}) {
             SCOPED_TRACE(degrees);
-            const auto layout = LayoutOf(text, 60);
+            const auto layout = LayoutOf(text, text.size() > 20 ? 18 : 60);
             Rect ink;
             ATSUSetLineControls(layout, IntToFixed(degrees));
             ASSERT_EQ(ATSUMeasureTextImage(layout, 0, kATSUToTextEnd, &ink), noErr);

@@ -1,11 +1,8 @@
 // Tickets: what is stored comes back as it was, through files too, and goes with the session.
-#include <gtest/gtest.h>
-
-#include "foundation/number.h"
-#include "printing/session.h"
 #include "printing/ticket.h"
+#include "printing/session.h"
 #include "printing/ticket_file.h"
-#include "support/values.h"
+#include "support/test.h"
 
 namespace kalmo::test {
 namespace {
@@ -26,8 +23,7 @@ CFDictionaryRef Settings(const Owned<CFDictionaryRef>& file) {
     return static_cast<CFDictionaryRef>(CFDictionaryGetValue(file, CFSTR("PrintSettings")));
 }
 
-class TicketFiles : public testing::Test {
-protected:
+struct TicketFiles : testing::Test {
     Owned<PMPrintSession> session = Owned<PMPrintSession>::Adopt(PMSessionCreate());
     PMTicketRef settings = PMSessionGetTicket(session, kPMPrintSettingsTicket);
     std::string reason;
@@ -72,20 +68,17 @@ TEST_F(TicketFiles, RefusesInOneLineAndChangesNothing) {
     ASSERT_TRUE(ReadTicketFile(session, kTicket, &reason));
     const std::string before = WriteTicketFile(session, nullptr);
     const std::size_t alive = CFLiveValueCount();
-    const struct {
-        const char* why;
-        std::string bytes;
-    } kRows[] = {
+    const std::tuple<const char*, std::string> kRows[] = {
         {"cut short", kTicket.substr(0, kTicket.size() / 2)},
         {"an array", Plist("<array/>")},
         {"choices that are an array", Plist("<dict><key>PPDChoices</key><array/></dict>")},
         {"page format that is a number", Plist("<dict><key>PrintSettings</key><dict/>"
                                                "<key>PageFormat</key><integer>1</integer></dict>")},
     };
-    for (const auto& row : kRows) {
-        SCOPED_TRACE(row.why);
+    for (const auto& [why, bytes] : kRows) {
+        SCOPED_TRACE(why);
         reason.clear();
-        EXPECT_FALSE(ReadTicketFile(session, row.bytes, &reason));
+        EXPECT_FALSE(ReadTicketFile(session, bytes, &reason));
         EXPECT_FALSE(reason.empty());
         EXPECT_EQ(reason.find('\n'), std::string::npos);
         EXPECT_EQ(WriteTicketFile(session, nullptr), before);
@@ -97,8 +90,7 @@ Owned<CFNumberRef> Number(double value) {
     return Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, kCFNumberDoubleType, &value));
 }
 
-class Tickets : public testing::Test {
-protected:
+struct Tickets : testing::Test {
     Owned<PMPrintSession> session = Owned<PMPrintSession>::Adopt(PMSessionCreate());
     PMTicketRef ticket = PMSessionGetTicket(session, kPMPrintSettingsTicket);
 };
@@ -157,7 +149,7 @@ TEST_F(Tickets, GoWithTheirSessionAndLeaveTheirNumberUnused) {
     }
     EXPECT_EQ(CFLiveValueCount(), alive);
     CFTypeRef value = nullptr;
-    const PMTicketRef next = PMTicketCreate();
+    const LooseTicket next;
     for (const PMTicketRef unknown : {old, kPMNoTicket}) {
         CFMutableDictionaryRef choices = nullptr;
         EXPECT_EQ(PMTicketGetItem(unknown, CFSTR("key"), &value), kPMInvalidTicket);
@@ -165,7 +157,6 @@ TEST_F(Tickets, GoWithTheirSessionAndLeaveTheirNumberUnused) {
         EXPECT_EQ(PMTicketGetPPDDict(unknown, &choices), kPMInvalidTicket);
         EXPECT_EQ(PMTicketCopyItems(unknown), nullptr);
     }
-    PMTicketDispose(next);
 }
 
 }  // namespace

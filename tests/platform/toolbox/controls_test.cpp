@@ -16,28 +16,24 @@ TEST(Controls, ValuesStayWithinTheirBounds) {
     Interface interface(WindowFile(WidgetText("SpinArrows", 1)));
     ASSERT_EQ(interface.open(), noErr);
     QWidget* const arrows = interface.widget(1);
-    const struct {
-        const char* why;
-        QWidget* widget;
-        SInt32 minimum, maximum, value, result;
-    } cases[] = {
+    const std::tuple<const char*, QWidget*, SInt32, SInt32, SInt32, SInt32> cases[] = {
         {"arrows, the widest bounds", arrows, kLeast, kMost, kLeast, kLeast},
         {"arrows above", arrows, kLeast, -3, kMost, -3},
         {"popup below its minimum", &popup, 1, 3, -1, 1},
         {"popup above its maximum", &popup, 1, 2, 3, 2},
         {"popup beyond its items but not its maximum", &popup, 0, 9, 7, 0},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.why);
-        const ControlRef control = ControlFromWidget(row.widget);
+    for (const auto& [why, widget, minimum, maximum, value, result] : cases) {
+        SCOPED_TRACE(why);
+        const ControlRef control = ControlFromWidget(widget);
         std::string record;
         Recorder recorder{'h', &record};
         EventHandlerRef handler = nullptr;
         InstallControlEventHandler(control, Recorder::Handle, 1, &kHit, &recorder, &handler);
-        SetControl32BitMaximum(control, row.maximum);
-        SetControl32BitMinimum(control, row.minimum);
-        SetControl32BitValue(control, row.value);
-        EXPECT_EQ(GetControl32BitValue(control), row.result);
+        SetControl32BitMaximum(control, maximum);
+        SetControl32BitMinimum(control, minimum);
+        SetControl32BitValue(control, value);
+        EXPECT_EQ(GetControl32BitValue(control), result);
         EXPECT_EQ(record, "");
         RemoveEventHandler(handler);
     }

@@ -26,13 +26,11 @@ std::string Sections() {
 }
 
 /// A dialog with a button, an empty view, and a button; a pane in the view takes the sections.
-class Embedding : public testing::Test {
-protected:
+struct Embedding : testing::Test {
     void SetUp() override {
         ASSERT_EQ(file.open(), noErr);
-        layout->addWidget(before);
-        layout->addWidget(view);
-        layout->addWidget(after);
+        for (QWidget* widget : {static_cast<QWidget*>(before), view, static_cast<QWidget*>(after)})
+            layout->addWidget(widget);
         view->resize(300, 120);
         ASSERT_EQ(CreateUserPaneControl(dialogRef, {0, 0, 120, 300}, &pane), noErr);
         ASSERT_EQ(EmbedControl(pane, ControlFromWidget(view)), noErr);
@@ -76,10 +74,8 @@ TEST_F(Embedding, MovedControlsKeepTabOrderBuddiesAndVisibility) {
     EXPECT_FALSE(IsControlVisible(ControlFromWidget(moved(202))));
 
     DisposeWindow(std::exchange(file.window, nullptr));
-    dialog.show();
     moved(202)->show();
-    dialog.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    Activate(dialog);
     before->setFocus();
     std::vector<QWidget*> visited;
     for (int step = 0; step < 4; ++step) {

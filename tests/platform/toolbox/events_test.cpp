@@ -6,8 +6,7 @@ namespace {
 
 /// A check box in a pane in a window, with handlers a (old) and b on the box, c on the pane, d on
 /// the window.
-class Events : public testing::Test {
-protected:
+struct Events : testing::Test {
     void SetUp() override {
         Install(control, recorders[0]);
         Install(control, recorders[1]);

@@ -1,6 +1,5 @@
 // What a host brings: guarded wheels, help, modal loops, notices.
 #include "interface.h"
-#include "support/modal_driver.h"
 #include "support/window_walk.h"
 
 namespace kalmo::test {
@@ -18,9 +17,7 @@ TEST(WheelGuard, ScrollsThePaneInsteadOfChangingAnUnfocusedNumber) {
     other->move(0, 50);
     area.setWidget(content);
     area.resize(120, 200);
-    area.show();
-    area.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&area));
+    Activate(area);
     const auto wheel = [&] {
         QWheelEvent event({5, 5}, spin->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
                           Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -38,8 +35,7 @@ TEST(WheelGuard, ScrollsThePaneInsteadOfChangingAnUnfocusedNumber) {
 }
 
 /// A book of three pages beside a file that does not belong to it.
-class HelpBook : public testing::Test {
-protected:
+struct HelpBook : testing::Test {
     void SetUp() override {
         std::filesystem::create_directories(folder / "book/sub");
         WriteFile(folder / "outside.htm", "<p>outside</p>");
@@ -53,9 +49,8 @@ protected:
         return WindowPresence(texts).helpPage(String((folder / page).string()), anchor);
     }
     static QWidget* viewer() {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
+        for (QWidget* widget : QApplication::topLevelWidgets())
             if (widget->inherits("toolbox::HelpViewer")) return widget;
-        }
         return nullptr;
     }
     static QTextBrowser& pages() { return *viewer()->findChild<QTextBrowser*>(); }
@@ -98,13 +93,11 @@ TEST_F(HelpBook, SpeaksTheLanguageOfItsProgram) {
 }
 
 /// A dialog under a Presence with windows.
-class ModalLoops : public testing::Test {
-protected:
+struct ModalLoops : testing::Test {
     void SetUp() override {
         InstallPresence(WindowPresence());
         ASSERT_EQ(interface.open(), noErr);
     }
-    void TearDown() override { InstallPresence(UnattendedPresence()); }
 
     Interface interface { WindowFile(Geometry(0, 0, 200, 100)) };
     ModalDriver driver;
@@ -129,7 +122,6 @@ TEST_F(ModalLoops, NoticesAndAlertsShowTheirTextsAsWritten) {
         driver.expect([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
         EXPECT_EQ(CurrentPresence().alert(texts), destroys) << "Escape does no harm";
     }
-    EXPECT_TRUE(driver.done());
 }
 
 }  // namespace

@@ -1,17 +1,9 @@
 // Interface files written by a test, and the windows made from them.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QtTest>
-#include <QtWidgets>
-#include <string>
-
-#include "support/bundles.h"
-#include "support/private_home.h"
-#include "support/values.h"
-#include "toolbox/host.h"
 #include "toolbox/windows.h"
+
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 

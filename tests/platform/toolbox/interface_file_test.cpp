@@ -5,11 +5,7 @@ namespace {
 
 TEST(InterfaceFile, FaultyFilesAreRefusedWithOneLine) {
     const std::string box = WidgetText("QCheckBox", 1);
-    const struct {
-        const char* why;
-        std::string ui;
-        const char* says;
-    } cases[] = {
+    const std::tuple<const char*, std::string, const char*> cases[] = {
         {"no XML", "<ui", "Interface file Panel: line"},
         {"another kind of XML", "<plist/>", "no interface file"},
         {"an unknown class that names its base",
@@ -26,12 +22,12 @@ TEST(InterfaceFile, FaultyFilesAreRefusedWithOneLine) {
         {"no such window", "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"Other\"/></ui>",
          "no window Window"},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.why);
-        Interface interface(row.ui);
+    for (const auto& [why, ui, says] : cases) {
+        SCOPED_TRACE(why);
+        Interface interface(ui);
         testing::internal::CaptureStderr();
         EXPECT_EQ(interface.open(), nibNotFoundErr);
-        EXPECT_NE(testing::internal::GetCapturedStderr().find(row.says), std::string::npos);
+        EXPECT_NE(testing::internal::GetCapturedStderr().find(says), std::string::npos);
         EXPECT_EQ(interface.window, nullptr);
     }
 }

@@ -2,14 +2,12 @@
 #include "toolbox/menus.h"
 
 #include "interface.h"
-#include "support/modal_driver.h"
 
 namespace kalmo::test {
 namespace {
 
 /// A popup from an interface file with the items One, -, Three (disabled), Four.
-class Popup : public testing::Test {
-protected:
+struct Popup : testing::Test {
     void SetUp() override {
         ASSERT_EQ(interface.open(), noErr);
         Append("One", kMenuItemPlain);
@@ -31,44 +29,34 @@ protected:
     Recorder recorder{'h', &record};
 };
 
-TEST_F(Popup, KeysPassOverWhatCannotBeChosen) {
-    interface.windowWidget()->show();
-    QTest::keyClick(&box(), Qt::Key_Down);
-    EXPECT_EQ(GetControl32BitValue(control()), 1) << "the key opens the list and chooses nothing";
-    QTest::keyClick(box().view(), Qt::Key_Down);
-    QTest::keyClick(box().view(), Qt::Key_Return);
-    EXPECT_EQ(GetControl32BitValue(control()), 4);
-    QTest::keyClick(&box(), Qt::Key_Home);
-    QTest::keyClick(box().view(), Qt::Key_Return);
-    EXPECT_EQ(GetControl32BitValue(control()), 1);
-    EXPECT_EQ(record, "hh");
-    SetControl32BitValue(control(), 2);
-    EXPECT_EQ(GetControl32BitValue(control()), 1) << "not by code either";
-}
-
-TEST_F(Popup, OpensWithTheKeyboardAfterAskingForItsItems) {
+TEST_F(Popup, KeysOpenItAfterItAskedForItsItemsAndPassOverWhatCannotBeChosen) {
     const EventTypeSpec populate = {kEventClassMenu, kEventMenuPopulate};
-    InstallControlEventHandler(
-        control(),
-        [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
-            return AppendMenuItemTextWithCFString(GetControlPopupMenu(GetEventControl(event)),
-                                                  CFSTR("Five"), kMenuItemPlain, 0, nullptr);
-        },
-        1, &populate, nullptr, nullptr);
+    const auto addFive = [](EventHandlerCallRef, EventRef event, void*) -> OSStatus {
+        return AppendMenuItemTextWithCFString(GetControlPopupMenu(GetEventControl(event)),
+                                              CFSTR("Five"), kMenuItemPlain, 0, nullptr);
+    };
+    InstallControlEventHandler(control(), addFive, 1, &populate, nullptr, nullptr);
     interface.windowWidget()->show();
-    QTest::keyClick(&box(), Qt::Key_Space);
-    ASSERT_TRUE(box().view()->isVisible());
-    EXPECT_EQ(CountMenuItems(menu()), 5);
-    QTest::keyClick(box().view(), Qt::Key_End);
-    QTest::keyClick(box().view(), Qt::Key_Return);
-    EXPECT_EQ(GetControl32BitValue(control()), 5);
-    EXPECT_EQ(record, "h");
+    const std::tuple<Qt::Key, Qt::Key, SInt32> rows[] = {{Qt::Key_Space, Qt::Key_End, 5},
+                                                         {Qt::Key_Home, Qt::Key_Home, 1},
+                                                         {Qt::Key_Down, Qt::Key_Down, 4}};
+    for (const auto& [opens, moves, chosen] : rows) {
+        const SInt32 before = GetControl32BitValue(control());
+        QTest::keyClick(&box(), opens);
+        ASSERT_TRUE(box().view()->isVisible());
+        EXPECT_EQ(GetControl32BitValue(control()), before) << "the key chooses nothing";
+        QTest::keyClick(box().view(), moves);
+        QTest::keyClick(box().view(), Qt::Key_Return);
+        EXPECT_EQ(GetControl32BitValue(control()), chosen);
+    }
+    EXPECT_EQ(record, "hhh");
+    SetControl32BitValue(control(), 2);
+    EXPECT_EQ(GetControl32BitValue(control()), 4) << "not by code either";
 }
 
 /// A menu button with the items Size > (A & B, C without a command), two separators, Inserter. Its
 /// owner checks Inserter when the menu opens and builds it anew at each choice.
-class Button : public testing::Test {
-protected:
+struct Button : testing::Test {
     void SetUp() override {
         ASSERT_EQ(interface.open(), noErr);
         build();

@@ -37,33 +37,29 @@ const std::string kGif =
 TEST(Pictures, KnownFormatsLoadWhateverTheNameSaysAndBrokenOnesAreNone) {
     std::string huge = Encoded("bmp");  // width and height at 18 and 22
     huge[20] = huge[21] = huge[24] = huge[25] = 0x7f;
-    const struct {
-        const char* why;
-        std::string bytes;
-        SInt32 width;  // 0: no picture
-    } cases[] = {{"svg", kBlue, 20},
-                 {"svg after a declaration", "<?xml version=\"1.0\"?>\n" + std::string(kBlue), 20},
-                 {"png", Encoded("png"), 20},
-                 {"gif", kGif, 1},
-                 {"empty", "", 0},
-                 {"cut PNG", Encoded("png").substr(0, 40), 0},
-                 {"broken SVG", "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect", 0},
-                 {"another XML", "<plist/>", 0},
-                 {"two thousand million pixels wide", huge, 0}};
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.why);
-        const PictureRef picture = Load(row.bytes);
+    const std::tuple<const char*, std::string, SInt32> cases[] = {
+        {"svg", kBlue, 20},
+        {"svg after a declaration", "<?xml version=\"1.0\"?>\n" + std::string(kBlue), 20},
+        {"png", Encoded("png"), 20},
+        {"gif", kGif, 1},
+        {"empty", "", 0},
+        {"cut PNG", Encoded("png").substr(0, 40), 0},
+        {"broken SVG", "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect", 0},
+        {"another XML", "<plist/>", 0},
+        {"two thousand million pixels wide", huge, 0}};
+    for (const auto& [why, bytes, expected] : cases) {
+        SCOPED_TRACE(why);
+        const PictureRef picture = Load(bytes);
         SInt32 width = -1;
         GetPictureSize(picture, &width, nullptr);
-        EXPECT_EQ(picture != nullptr, row.width != 0);
-        EXPECT_EQ(width, row.width);
+        EXPECT_EQ(picture != nullptr, expected != 0);
+        EXPECT_EQ(width, expected);
         DisposePicture(picture);
     }
 }
 
 /// A picture control 40 x 40 that draws `picture` over all of itself.
-class PictureView : public testing::Test {
-protected:
+struct PictureView : testing::Test {
     void SetUp() override {
         ASSERT_EQ(interface.open(), noErr);
         const EventTypeSpec types[] = {{kEventClassControl, kEventControlDraw},

@@ -13,8 +13,7 @@ void Note(ControlRef, SInt16 part) {
 }
 
 /// Arrows from -20 to 100 at 5.
-class Arrows : public testing::Test {
-protected:
+struct Arrows : testing::Test {
     void SetUp() override {
         pressed.clear();
         ASSERT_EQ(interface.open(), noErr);
@@ -64,8 +63,7 @@ TEST_F(Arrows, StepAtOnceThenAgainWhileHeldInside) {
 TEST_F(Arrows, TakeKeysAndWheelWithTheFocusOnly) {
     turn(120);
     EXPECT_EQ(pressed, "");
-    interface.windowWidget()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(interface.windowWidget()));
+    Activate(*interface.windowWidget());
     arrows().setFocus();
     for (const int delta : {60, 60, -240}) turn(delta);
     QTest::keyClick(&arrows(), Qt::Key_Up);

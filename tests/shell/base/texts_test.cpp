@@ -1,20 +1,17 @@
 #include "shell/base/texts.h"
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 
 #include "kalmo/statuses.h"
 #include "shell/base/panel_interface.h"
-#include "support/bundles.h"
-#include "support/private_home.h"
+#include "support/test.h"
 
-namespace kalmo {
+namespace kalmo::test {
 namespace {
 
 TEST(Texts, MissingTextIsShownAndReported) {
-    const auto bundle = Owned<CFBundleRef>::Adopt(test::OpenBundle(
-        test::WriteBundle(test::MakeFolder("bundle"), "Texts", "com.example.texts", {})));
+    const auto bundle = Owned<CFBundleRef>::Adopt(
+        OpenBundle(WriteBundle(MakeFolder("bundle"), "Texts", "com.example.texts", {})));
     testing::internal::CaptureStderr();
     EXPECT_EQ(CFStringToUTF8(CopyText(bundle, CFSTR("Maybe"), CFSTR("LANFax"))), kStringNotFound);
     EXPECT_EQ(CFStringToUTF8(CopyText(nullptr, CFSTR("Yes"))), kStringNotFound);
@@ -31,4 +28,4 @@ TEST(PanelInterface, ExceptionsBecomeTheStatus) {
 }
 
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test

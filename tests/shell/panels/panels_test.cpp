@@ -3,15 +3,8 @@
 // A test bundle carries the plug-in's identifier, the product's resources, and panels that keep a
 // diary; the shell itself is the product's module.
 #include <dlfcn.h>
-#include <gtest/gtest.h>
 
-#include <QComboBox>
-#include <QToolButton>
-#include <algorithm>
-
-#include "support/bundles.h"
 #include "support/pane_dialog.h"
-#include "support/private_home.h"
 #include "support/test_panels.h"
 
 namespace kalmo::test {
@@ -30,20 +23,13 @@ void* CreateInstance() {
         kCFAllocatorDefault, UUID(kDialogExtensionTypeUUID));
 }
 
-std::filesystem::path WritePanelBundle(const std::filesystem::path& parent, const std::string& name,
-                                       const std::string& identifier) {
-    const auto folder = WriteBundle(parent, name, identifier, {});
-    std::filesystem::create_directories(folder / "Contents/Linux");
-    std::filesystem::copy_file(std::filesystem::path(KALMO_BINARY_DIR) / "lib/test_panels.so",
-                               folder / "Contents/Linux" / (name + ".so"));
-    return folder;
-}
-
 /// Kept: executables stay loaded.
 CFBundleRef TestBundle() {
     static const CFBundleRef bundle = [] {
-        const auto folder =
-            WritePanelBundle(MakeFolder("bundle"), "Panels", kKalmoBundleIdentifier);
+        const auto folder = WriteBundle(MakeFolder("bundle"), "Panels", kKalmoBundleIdentifier, {});
+        std::filesystem::create_directory(folder / "Contents/Linux");
+        std::filesystem::create_symlink(KALMO_BINARY_DIR "/lib/test_panels.so",
+                                        folder / "Contents/Linux/Panels.so");
         std::filesystem::remove_all(folder / "Contents/Resources");
         std::filesystem::create_directory_symlink(ProductBundle() / "Contents/Resources",
                                                   folder / "Contents/Resources");
@@ -78,10 +64,7 @@ struct Pane : PaneDialog {
         for (int item = 0; item < selector()->count(); ++item) titles << selector()->itemText(item);
         return titles;
     }
-    void choose(int tab) {
-        selector()->setCurrentIndex(tab - 1);
-        emit selector()->activated(tab - 1);
-    }
+    void choose(int tab) { Pick(*selector(), selector()->itemText(tab - 1)); }
     void press(SInt32 button) { FindControl<QToolButton>(window, 'Kshl', button)->click(); }
     std::vector<int> shownTabs() {
         std::vector<int> shown;
@@ -122,11 +105,7 @@ TEST(Panels, ThePanelShownLastIsSyncedLastInBothDirections) {
 
 TEST(Panels, SelectorButtonsAndCommandsGoRound) {
     Pane pane(kThree);
-    const struct {
-        const char* why;
-        std::function<void()> act;
-        int shown;
-    } rows[] = {
+    const std::tuple<const char*, std::function<void()>, int> rows[] = {
         {"back from the first", [&] { pane.press(1966); }, 3},
         {"on from the last", [&] { pane.press(1967); }, 1},
         {"KFup is the next one", [&] { pane.send('KFup'); }, 2},
@@ -139,36 +118,15 @@ TEST(Panels, SelectorButtonsAndCommandsGoRound) {
          },
          3},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
-        row.act();
-        EXPECT_EQ(pane.shownTabs(), std::vector{row.shown});
-        EXPECT_EQ(pane.selector()->currentIndex(), row.shown - 1);
+    for (const auto& [why, act, shown] : rows) {
+        SCOPED_TRACE(why);
+        act();
+        EXPECT_EQ(pane.shownTabs(), std::vector{shown});
+        EXPECT_EQ(pane.selector()->currentIndex(), shown - 1);
     }
     News();
     pane.choose(3);
     EXPECT_EQ(News(), Diary()) << "it is shown already";
-}
-
-TEST(Panels, ALaterDialogWithFewerPanelsIsNotConfused) {
-    Pane(kThree).choose(3);
-    EXPECT_EQ(std::ranges::count(News(), "3 terminate"), 1);
-    Pane pane({CFSTR("GetPanel1")});
-    EXPECT_EQ(pane.shownTabs(), std::vector{1});
-    pane.sync(kSyncToTicket);
-    EXPECT_EQ(News(), Diary{"1 write"});
-}
-
-TEST(Panels, TheColourPanelComesFromItsOwnPlugIn) {
-    const Names names = {CFSTR("GetPanel1"), CFSTR("GetColorOptionPanelInterface")};
-    const auto root = MakeFolder("root");
-    SetPlugInRoot(FileURL(root));
-    EXPECT_EQ(Pane(names).titles(), QStringList{"Panel 1"}) << "it is not installed";
-    const auto folder = root / "Library/Printers/Kalmo/PDEs";
-    std::filesystem::create_directories(folder);
-    WritePanelBundle(folder, "ColorOptions", "com.kalmo.test.color");
-    EXPECT_EQ(Pane(names).titles(), (QStringList{"Panel 1", "Panel 77"}));
-    SetPlugInRoot(FileURL("/"));
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
 // Who prints, as the ticket says it.
-#include <gtest/gtest.h>
-
 #include "shell/client_information.h"
-#include "support/values.h"
+
+#include "support/test.h"
 
 namespace kalmo::test {
 namespace {
@@ -17,11 +16,7 @@ std::string Item(PMTicketRef ticket, CFStringRef key) {
 }
 
 TEST(ClientInformation, WhatIsUnknownOrCannotBeShownIsRemoved) {
-    struct {
-        const char* why;
-        const char *user, *computer, *address;
-        const char* expectedComputer;
-    } const rows[] = {
+    const std::tuple<const char*, const char*, const char*, const char*, const char*> rows[] = {
         {"all known", "anna", "desk 7", "192.0.2.7", "desk 7"},
         {"last character shown", "anna", "d\u00fe", nullptr, "d\u00fe"},
         {"first one behind it", "anna", "d\u00ff", nullptr, nullptr},
@@ -29,20 +24,19 @@ TEST(ClientInformation, WhatIsUnknownOrCannotBeShownIsRemoved) {
         {"an empty name", "anna", "", nullptr, ""},
         {"no user", nullptr, "desk 7", "192.0.2.7", nullptr},
     };
-    const PMTicketRef ticket = PMTicketCreate();
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
+    const LooseTicket ticket;
+    for (const auto& [why, user, computer, address, expectedComputer] : rows) {
+        SCOPED_TRACE(why);
         WriteClientInformation(ticket, {Text("before"), Text("before"), Text("before")});
-        WriteClientInformation(ticket, {Text(row.user), Text(row.computer), Text(row.address)});
+        WriteClientInformation(ticket, {Text(user), Text(computer), Text(address)});
         const auto expect = [&](CFStringRef key, const char* value) {
             EXPECT_EQ(Item(ticket, key), value ? value : "(absent)");
         };
-        expect(CFSTR("com.kalmo.print.ClientInformation.UserName"), row.user);
-        expect(CFSTR("com.kalmo.print.ClientInformation.ComputerName"), row.expectedComputer);
-        expect(CFSTR("com.kalmo.print.ClientInformation.IPAddress"), row.address);
+        expect(CFSTR("com.kalmo.print.ClientInformation.UserName"), user);
+        expect(CFSTR("com.kalmo.print.ClientInformation.ComputerName"), expectedComputer);
+        expect(CFSTR("com.kalmo.print.ClientInformation.IPAddress"), address);
         expect(CFSTR("com.kalmo.print.ControllerInformation.ControllerVersion"), "5.0");
     }
-    PMTicketDispose(ticket);
 }
 
 }  // namespace
