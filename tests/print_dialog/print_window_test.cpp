@@ -202,6 +202,7 @@ TEST_F(PrintWindowTest, ChosenPanelsJoinThePaneAtOnceAndAtTheNextStart) {
 
 TEST_F(PrintWindowTest, PanelsOfTheCommandLineAreForOneRun) {
     const auto file = std::filesystem::path(getenv("XDG_CONFIG_HOME")) / "kalmo-print/window.conf";
+    std::filesystem::create_directories(file.parent_path());
     WriteFile(file, "panels=colour, job-notes, @Variant(\\0\\0\n\xff");
     commandLine_.panels = {"special-pages"};
     open();
