@@ -211,8 +211,8 @@ void ClearMessage(const Context& context, const MessageRow& row) {
     UpdateClearButton(context, row);
 }
 
-/// After OK the panel shows the ticket again (kept as it is), and with it loses what was typed
-/// since the ticket was last written.
+/// After OK the panel shows the ticket again, which first takes what was typed: as when another panel
+/// is shown and this one again.
 void RunPreferences(Context& context) {
     UpdateJobNotesContext(context);
     SInt32 result = kModalCancel;
@@ -220,8 +220,9 @@ void RunPreferences(Context& context) {
                                       &context.preferences, &result);
     if (result != kModalOK) return;
     PMTicketRef ticket = kPMNoTicket;
-    if (GetTicketFromSession(context.session, kPMPrintSettingsTicket, &ticket) == noErr)
-        ReadJobNotes(context, ticket);
+    if (GetTicketFromSession(context.session, kPMPrintSettingsTicket, &ticket) != noErr) return;
+    WriteJobNotes(context, ticket);
+    ReadJobNotes(context, ticket);
 }
 
 OSStatus ObeyHit(Context& context, ControlRef hit) {

@@ -136,7 +136,7 @@ TEST_F(JobNotesPanel, PreferencesChangeTheirFileOnlyWithOK) {
         type(kBanner, "typed");
         QTest::mouseClick(widget(2006), Qt::LeftButton);
         EXPECT_EQ(stored({}), (std::array{1, left}));
-        EXPECT_EQ(text(kBanner), left == 1 ? "typed" : "") << "OK shows the ticket again";
+        EXPECT_EQ(text(kBanner), "typed") << "no note is lost";
     }
     EXPECT_TRUE(HasKeyboardFocus(control(kJob)));
     EXPECT_TRUE(driver.done()) << driver.faults().join("; ").toStdString();
