@@ -79,6 +79,8 @@ bool ModalLoop::eventFilter(QObject* watched, QEvent* event) {
 bool ModalLoop::pressKey(int key) {
     if (key == Qt::Key_Return || key == Qt::Key_Enter) return PressDefaultButton(*window_);
     if (key != Qt::Key_Escape) return false;
+    // Who drags something and thinks better of it does not mean the whole window.
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) return true;
     QAbstractButton* const button = CancelButtonOf(*window_);
     if (button && button->isVisible()) {
         button->click();
