@@ -49,7 +49,6 @@ protected:
 PaneView::PaneView(QWidget* parent)
     : QWidget(parent), scroll_(new ScreenScroll(this)), reason_(new QLabel(this)) {
     scroll_->setFrameShape(QFrame::NoFrame);
-    scroll_->setWidgetResizable(true);
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->hide();
     reason_->setWordWrap(true);
@@ -63,14 +62,18 @@ PaneView::PaneView(QWidget* parent)
 }
 
 ControlRef PaneView::createEmbedder() {
+    // The pane keeps its distances to the edges it meets. Those of the room that the pane before
+    // left here would add to what it needs; nothing but the pane itself is to be around it.
+    scroll_->setWidgetResizable(false);
     embedder_ = new QWidget;
-    embedder_->resize(kUsualPane);
+    embedder_->resize(0, 0);
     scroll_->setWidget(embedder_);
     return ControlFromWidget(embedder_);
 }
 
 void PaneView::showPane(int width, int height) {
     embedder_->setMinimumSize(width, height);
+    scroll_->setWidgetResizable(true);
     reason_->hide();
     scroll_->show();
 }
