@@ -271,7 +271,10 @@ void PrintWindow::openPane() {
 }
 
 void PrintWindow::openDocument(const std::filesystem::path& file) {
-    if (job_) return;
+    if (!job_) whenPaneIsFree([=, this] { showDocument(file); });
+}
+
+void PrintWindow::showDocument(const std::filesystem::path& file) {
     bar_->clear();
     document_.open(file);
     if (!commandLine_.title.empty()) return;
@@ -297,9 +300,12 @@ void PrintWindow::documentChanged() {
 
 void PrintWindow::settingsChanged() {
     if (form_->isValid()) {
-        host_.apply(form_->settings());
         preview_->setSheets(form_->paper(), form_->settings(), form_->isGrey());
     }
+    // A document that has loaded can change them at any time.
+    whenPaneIsFree([this] {
+        if (form_->isValid()) host_.apply(form_->settings());
+    });
     updatePrint();
 }
 

@@ -39,7 +39,7 @@ public:
     void findPrinters();
     /// How it ended; cancelled until something was printed.
     [[nodiscard]] ExitCode exitCode() const { return exitCode_; }
-    /// Takes the place of the document shown.
+    /// Takes the place of the document shown, once no dialog of the pane is open.
     void openDocument(const std::filesystem::path& file);
 
     /// Closes at once, or as soon as a job on its way is called back.
@@ -74,6 +74,7 @@ private:
     void changePanels();
 
     void askForDocument();
+    void showDocument(const std::filesystem::path& file);
     void documentChanged();
     void settingsChanged();
     void updatePrint();
