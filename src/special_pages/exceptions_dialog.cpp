@@ -40,7 +40,7 @@ public:
                              .helpPage = CFSTR("special_pages/exceptions.htm"),
                              .titleKey = mode == DialogMode::edit ? CFSTR("Edit Exception Title")
                                                                   : CFSTR("Add Exceptions Title")}),
-          edited_(edited),
+          edited_(edited ? edited->serial() : 0),
           exception_(StartOf(edited)),
           paper_(*model, JobContext::exception, &exception_.stock()),
           shift_(model->bundle, &exception_.imageShift()) {}
@@ -133,7 +133,7 @@ private:
         return GetPopupButtonTicketValue(control(kLightnessID));
     }
 
-    const ExceptionPage* edited_;  // lent, in the model's list; null: there is none
+    SInt64 edited_;  // its serial number; 0: there is none
     ExceptionPage exception_;
     PaperField paper_;
     ImageShiftFields shift_;

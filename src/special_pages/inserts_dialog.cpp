@@ -35,7 +35,7 @@ public:
                              .helpPage = CFSTR("special_pages/inserts.htm"),
                              .titleKey = mode == DialogMode::edit ? CFSTR("Edit Insert Title")
                                                                   : CFSTR("Add Inserts Title")}),
-          edited_(edited),
+          edited_(edited ? edited->serial() : 0),
           insert_(StartOf(edited)),
           paper_(*model, JobContext::insert, &insert_.stock()) {}
 
@@ -106,12 +106,13 @@ private:
         if (sheets <= kManySheets) return true;
         const auto count = CreateNumber(static_cast<SInt32>(sheets));
         const CFTypeRef arguments[] = {count.get()};
-        return AskWithKeys(bundle(), {CFSTR("Many Inserts Title"), CFSTR("Many Inserts Message")},
-                           CFSTR("Many Inserts Command"), CFSTR("Cancel Command"), arguments,
-                           std::size(arguments));
+        return AskToDestroyWithKeys(bundle(),
+                                    {CFSTR("Many Inserts Title"), CFSTR("Many Inserts Message")},
+                                    CFSTR("Cancel Command"), CFSTR("Many Inserts Command"),
+                                    arguments, std::size(arguments));
     }
 
-    const Insert* edited_;  // lent, in the model's list; null: there is none
+    SInt64 edited_;  // its serial number; 0: there is none
     Insert insert_;
     PaperField paper_;
 };

@@ -70,14 +70,16 @@ protected:
     [[nodiscard]] std::optional<std::vector<PageRange>> readPages(SInt32 field, bool byRange) const;
     void refusePages(SInt32 field, OSStatus code) const;
 
-    /// Adds the pages, in place of `edited` if there is one, which is gone afterwards.
+    /// Adds the pages in place of the one with this serial number, which is gone afterwards. 0: of
+    /// none; nor is there one when the ticket was read anew meanwhile.
     template <typename Page>
-    void put(SpecialPageList* list, const Page* edited, const std::vector<Page>& pages) const {
+    void put(SpecialPageList* list, SInt64 edited, const std::vector<Page>& pages) const {
         std::vector<const SpecialPage*> lent;
         for (const Page& page : pages) lent.push_back(&page);
         SaveUndoState(model_);
         const auto array = ArrayOfPages(lent);
-        edited ? list->update(edited, array) : list->add(array);
+        const SpecialPage* const old = edited ? list->pageWithSerial(edited) : nullptr;
+        old ? list->update(old, array) : list->add(array);
         tellChange();
     }
     void tellChange() const {

@@ -17,6 +17,12 @@ CFIndex SpecialPageList::indexOfPage(const SpecialPage* page) const {
     return index == pages_.size() ? kCFNotFound : static_cast<CFIndex>(index);
 }
 
+const SpecialPage* SpecialPageList::pageWithSerial(SInt64 serial) const {
+    for (std::size_t i = 0; i < pages_.size(); ++i)
+        if (pages_[i].serial() == serial) return &pages_[i];
+    return nullptr;
+}
+
 void SpecialPageList::remove(const SpecialPage* page) {
     const std::size_t index = pages_.indexOf(page);
     if (index < pages_.size()) pages_.take(index);

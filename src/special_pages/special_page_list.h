@@ -22,6 +22,8 @@ public:
     [[nodiscard]] virtual SpecialPage* pageAtIndex(CFIndex index) const;
     /// -1 when it is not in the list.
     [[nodiscard]] virtual CFIndex indexOfPage(const SpecialPage* page) const;
+    /// Lent; null when it is not in the list.
+    [[nodiscard]] const SpecialPage* pageWithSerial(SInt64 serial) const;
     /// Clones of the pages in the array (addresses of SpecialPage, no retain callbacks); pages of
     /// another kind than the list's are passed over. 0.
     virtual OSStatus add(CFArrayRef pages) = 0;

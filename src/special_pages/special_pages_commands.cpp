@@ -23,8 +23,12 @@ ControlRef Button(const Context& context, SInt32 id) {
     return button;
 }
 
+/// A button that is pressed and cannot be pressed again leaves the keyboard to the list: to the
+/// next button, which may delete, it must not go by itself.
 void Enable(const Context& context, SInt32 id, bool on) {
-    on ? EnableControl(Button(context, id)) : DisableControl(Button(context, id));
+    const ControlRef button = Button(context, id);
+    if (!on && HasKeyboardFocus(button)) SetKeyboardFocus(context.list);
+    on ? EnableControl(button) : DisableControl(button);
 }
 
 SpecialPage* PageOf(const Context& context, ListItem item) {
@@ -81,15 +85,18 @@ bool AddExceptions(Context& context) {
            RunModalExceptionsDialog(&context.model, DialogMode::add, nullptr) == kModalOK;
 }
 
+/// The page is gone when the dialog ends with OK.
+SInt32 RunEditor(SpecialPagesModel& model, const SpecialPage& page) {
+    if (const auto* insert = dynamic_cast<const Insert*>(&page))
+        return RunModalInsertsDialog(&model, DialogMode::edit, insert);
+    if (const auto* exception = dynamic_cast<const ExceptionPage*>(&page))
+        return RunModalExceptionsDialog(&model, DialogMode::edit, exception);
+    return RunModalCoversDialog(&model, DialogMode::edit);
+}
+
 bool Edit(Context& context) {
-    SpecialPage* const page = PageOf(context, GetListSelectionAnchor(context.list));
-    SInt32 result = kModalCancel;
-    if (dynamic_cast<Cover*>(page)) result = RunModalCoversDialog(&context.model, DialogMode::edit);
-    if (const auto* insert = dynamic_cast<Insert*>(page))
-        result = RunModalInsertsDialog(&context.model, DialogMode::edit, insert);
-    if (const auto* exception = dynamic_cast<ExceptionPage*>(page))
-        result = RunModalExceptionsDialog(&context.model, DialogMode::edit, exception);
-    return result == kModalOK;
+    const SpecialPage* const page = PageOf(context, GetListSelectionAnchor(context.list));
+    return page && RunEditor(context.model, *page) == kModalOK;
 }
 
 /// Kept as it is: the state is saved before the question, so that a refused deletion still takes
@@ -123,17 +130,36 @@ bool Move(Context& context) {
 constexpr struct {
     SInt32 id;
     bool (*act)(Context& context);
+    bool makesPages = false;
 } kCommands[] = {
-    {kAddCoversID, AddCovers},
-    {kAddInsertsID, AddInserts},
-    {kAddExceptionsID, AddExceptions},
-    {kEditID, Edit},
+    {kAddCoversID, AddCovers, true},
+    {kAddInsertsID, AddInserts, true},
+    {kAddExceptionsID, AddExceptions, true},
+    {kEditID, Edit, true},
     {kDeleteID, DeleteSelected},
     {kDeleteAllID, DeleteAll},
     {kUndoID, Undo},
     {kMoveUpID, Move<&InsertList::promote>},
     {kMoveDownID, Move<&InsertList::demote>},
 };
+
+/// The serial number of the page made last.
+SInt64 NewestOf(const Context& context) {
+    SInt64 newest = 0;
+    for (const auto& [serial, page] : context.shown) newest = std::max(newest, serial);
+    return newest;
+}
+
+/// The first in the list that is newer: where the user goes on.
+void SelectFirstAfter(const Context& context, SInt64 newest) {
+    const std::vector<ListItem> items = GetListItems(context.list);
+    const auto made =
+        std::ranges::find_if(items, [newest](ListItem item) { return item > newest; });
+    if (made == items.end()) return;
+    SetListSelection(context.list, {*made});
+    RevealListItem(context.list, *made);
+    UpdateSpecialPagesCommandButtons();
+}
 
 bool IsDeletionMeant(CFBundleRef bundle, CFStringRef message) {
     return AskToDestroyWithKeys(bundle, {CFSTR("Delete Special Pages Title"), message},
@@ -198,7 +224,10 @@ bool ObeySpecialPagesCommand(_SpecialPagesContext& context, SInt32 id) {
     const auto* const row =
         std::ranges::find_if(kCommands, [id](const auto& each) { return each.id == id; });
     if (row == std::end(kCommands)) return false;
-    if (IsControlEnabled(Button(context, id)) && row->act(context)) ShowSpecialPages(context);
+    const SInt64 newest = NewestOf(context);
+    if (!IsControlEnabled(Button(context, id)) || !row->act(context)) return true;
+    ShowSpecialPages(context);
+    if (row->makesPages) SelectFirstAfter(context, newest);
     return true;
 }
 

@@ -16,7 +16,7 @@ constexpr SInt32 kPages = 202, kSides = 205, kLightness = 207, kShift = 502, kUn
 struct SpecialPageDialogs : DialogTest {
     SpecialPageDialogs() {
         Presence presence = CurrentPresence();
-        presence.alert = [this](const AlertTexts&) { return std::exchange(meansMany, true); };
+        presence.alert = [this](const AlertTexts&) { return std::exchange(thinksTwice, false); };
         InstallPresence(presence);
         model.bundle = bundle;
         printer.useFile(SamplePPD("kalmo-office-color"));
@@ -43,7 +43,7 @@ struct SpecialPageDialogs : DialogTest {
 
     PrinterWithPPD printer{""};
     SpecialPagesModel model;
-    bool meansMany = false;
+    bool thinksTwice = true;
     int changes = 0;
 };
 
