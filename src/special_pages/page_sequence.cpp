@@ -11,14 +11,19 @@ constexpr std::size_t kLargestBlock = 512;
 }  // namespace
 
 std::size_t PageSequence::indexOf(const SpecialPage* page) const {
-    std::size_t before = 0;
-    for (const Block& block : blocks_) {
+    // Round all blocks, from where the last look fell: there it mostly is, or next to it.
+    for (std::size_t looked = 0; looked < blocks_.size(); ++looked) {
+        const auto& pages = blocks_[block_].pages;
         const auto found =
-            std::ranges::find_if(block.pages, [&](const auto& held) { return held.get() == page; });
-        before += static_cast<std::size_t>(found - block.pages.begin());
-        if (found != block.pages.end()) break;
+            std::ranges::find_if(pages, [&](const auto& held) { return held.get() == page; });
+        if (found != pages.end()) return before_ + static_cast<std::size_t>(found - pages.begin());
+        if (block_ + 1 < blocks_.size()) {
+            before_ += blocks_[block_++].pages.size();
+        } else {
+            block_ = before_ = 0;
+        }
     }
-    return before;
+    return size_;
 }
 
 void PageSequence::insert(std::size_t index, std::unique_ptr<SpecialPage> page) {
