@@ -211,8 +211,8 @@ void ClearMessage(const Context& context, const MessageRow& row) {
     UpdateClearButton(context, row);
 }
 
-/// After OK the panel shows the ticket again, which first takes what was typed: as when another panel
-/// is shown and this one again.
+/// After OK the panel shows the ticket again, which first takes what was typed: as when another
+/// panel is shown and this one again.
 void RunPreferences(Context& context) {
     UpdateJobNotesContext(context);
     SInt32 result = kModalCancel;
