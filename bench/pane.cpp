@@ -1,11 +1,12 @@
 // The pane: from loading the plug-in to the end of Initialize (in fresh processes, and again in
 // one), a change of panels with the repaint that follows, against the library's own, and the way of
-// a full ticket to the panels and back.
+// a full ticket, and of one with many special pages, to the panels and back.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QProcess>
 #include <QPushButton>
+#include <QTreeView>
 #include <QVBoxLayout>
 #include <chrono>
 #include <cstdio>
@@ -14,6 +15,7 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "print_dialog/print_job_host.h"
 #include "toolbox/host.h"
@@ -80,7 +82,8 @@ BENCHMARK(WarmPrologueToTerminate)->Unit(benchmark::kMillisecond);
 
 /// The pane in a window that is shown.
 struct OpenPane {
-    explicit OpenPane(const std::string& ticket = {}) {
+    explicit OpenPane(const std::string& ticket = {}, const std::vector<std::string>& panels = {})
+        : host(panels) {
         if (!ticket.empty() && !host.readTicket(ticket))
             throw std::runtime_error("the ticket cannot be read");
         Begin(host, dialog);
@@ -200,6 +203,36 @@ void SyncOfAFullTicket(benchmark::State& state) {
     }
 }
 BENCHMARK(SyncOfAFullTicket)->Unit(benchmark::kMicrosecond);
+
+/// So many inserts and as many exceptions, each of a page of its own.
+std::string TicketWithSpecialPages(int count) {
+    const auto pages = [count](const char* key, const char* more) {
+        std::string array =
+            "<key>com.kalmo.print.SpecialPages." + std::string(key) + "</key><array>";
+        for (int page = 1; page <= count; ++page) {
+            array += "<dict>" + Numbers({"StartPage", more}, page) +
+                     Dictionary("Stock", Numbers({"Color"}, 2)) + "</dict>";
+        }
+        return array + "</array>";
+    };
+    return "<plist version=\"1.0\"><dict>" +
+           Dictionary("PrintSettings",
+                      pages("InsertList", "Quantity") + pages("ExceptionList", "EndPage")) +
+           Dictionary("PPDChoices", {}) + Dictionary("PageFormat", {}) + "</dict></plist>";
+}
+
+/// The same with special pages: both lists written, read again and shown in the panel's list.
+void SyncOfSpecialPages(benchmark::State& state) {
+    OpenPane pane(TicketWithSpecialPages(static_cast<int>(state.range(0))), {"special-pages"});
+    const auto* const list = qobject_cast<QTreeView*>(pane.widget('KPDE', 1000));
+    for (auto _ : state) {
+        pane.host.sync(kSyncToTicket);
+        pane.host.sync(kSyncToUI);
+    }
+    if (!list || list->model()->rowCount() != 2 * state.range(0))
+        state.SkipWithError("the list lacks pages");
+}
+BENCHMARK(SyncOfSpecialPages)->Arg(1000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
