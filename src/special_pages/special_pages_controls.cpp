@@ -86,11 +86,10 @@ void SetUpButtons(const Context& context) {
 
 /// What the keyboard does in the list.
 SInt32 CommandForKey(EventRef event) {
-    constexpr UniChar kBackspace = 8, kDelete = 127, kControlZ = 26;
+    constexpr UniChar kBackspace = 8, kDelete = 127;
     const UniChar key = GetEventKeyCharacter(event);
     if (key == kDelete || key == kBackspace) return kDeleteID;
-    const bool undoes = key == kControlZ || (GetEventHasControlKey(event) && (key == 'z'));
-    return undoes ? kUndoID : 0;
+    return key == 'z' && GetEventHasControlKey(event) ? kUndoID : 0;
 }
 
 OSStatus Consumed(bool consumed) { return consumed ? noErr : eventNotHandledErr; }

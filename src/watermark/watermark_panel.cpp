@@ -17,9 +17,13 @@ void Draw(JobDrawing& drawing, const CGSize& page) {
     drawing.document = Owned<CFDataRef>::Adopt(CopyWatermarkDrawing(drawing.record.get(), page));
 }
 
-/// What was drawn meanwhile may be another watermark than is chosen now.
+bool IsOtherPage(const CGSize& left, const CGSize& right) {
+    return left.width != right.width || left.height != right.height;
+}
+
+/// What was drawn meanwhile may be another watermark, or on another page, than is chosen now.
 void TakeDrawing(_BookletWatermarkContext& context, JobDrawing& drawing, const CGSize& page) {
-    if (!context.choice.isDrawnAs(*drawing.record)) return;
+    if (IsOtherPage(page, context.page) || !context.choice.isDrawnAs(*drawing.record)) return;
     context.choice.setDrawing(drawing.document, page, *drawing.record);
     context.drawingWasTried = true;
     context.isBeingDrawn = false;
@@ -45,10 +49,6 @@ void Initialize(_BookletWatermarkContext& context) {
     context.names =
         Owned<CFMutableArrayRef>::Adopt(CopyWatermarkListAtStart(kWatermarkStore, context.bundle));
     RemoveWatermarkName(context.names, CFSTR(""));
-}
-
-bool IsOtherPage(const CGSize& left, const CGSize& right) {
-    return left.width != right.width || left.height != right.height;
 }
 
 OSStatus ReadTicket(_BookletWatermarkContext& context, PMTicketRef ticket) {
