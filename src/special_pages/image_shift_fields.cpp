@@ -118,6 +118,9 @@ void ImageShiftFields::enableFields() {
     };
     const bool shifts = choice() != kPrinterDefault, apart = shifts && choice() != kSameShift;
     for (const SInt32 id : kUnitIDs) enable(id, shifts);
+    const auto side1 = apart || !shifts ? CopyText(context_.bundle, CFSTR("Image Shift Side 1:"))
+                                        : CopyText(context_.bundle, CFSTR("ImageShiftBothSides:"));
+    SetControlTitleWithCFString(control(kSide1ID), side1);
     enable(kSide1ID, shifts);
     enable(kSide2ID, apart);
     for (const DistanceRow& row : kDistances) {

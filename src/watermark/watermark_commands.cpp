@@ -1,6 +1,7 @@
 // What the user does with watermarks: the job's, and those in the user's store.
 #include <iterator>
 
+#include "foundation/locale.h"
 #include "settings/user_preferences.h"
 #include "shell/base/notices.h"
 #include "toolbox/windows.h"
@@ -79,18 +80,14 @@ void Keep(_BookletWatermarkContext& context, const _WatermarkData& record, CFStr
     Choose(context, name, record, !saved);
 }
 
-/// Offsets are shown in inches for the papers of the countries that measure so: their sides are
-/// whole half inches.
-SInt32 UnitsFor(const CGSize& page) {
-    constexpr int kHalfInch = 36;
-    const auto isInches = [](double side) {
-        return side == static_cast<int>(side) && static_cast<int>(side) % kHalfInch == 0;
-    };
-    return isInches(page.width) && isInches(page.height) ? 0 : 1;
+/// Of the editor's offsets.
+SInt32 UsualUnits() {
+    constexpr SInt32 kTenthsOfAnInch = 0, kMillimetres = 1;
+    return CFLocaleUsesMetricSystem() ? kMillimetres : kTenthsOfAnInch;
 }
 
-void StartRecord(const _BookletWatermarkContext& context, _WatermarkData& record) {
-    setDefaultValues(record, UnitsFor(context.page));
+void StartRecord(_WatermarkData& record) {
+    setDefaultValues(record, UsualUnits());
     record.textMode = 1;
 }
 
@@ -128,7 +125,7 @@ void ChooseWatermarkOption(_BookletWatermarkContext& context, SInt32 value) {
 
 void NewWatermark(_BookletWatermarkContext& context) {
     WatermarkHolder record;
-    StartRecord(context, *record);
+    StartRecord(*record);
     if (Edit(context, CFSTR("New Watermark Title"), context.names, record.get()))
         Keep(context, *record, nullptr);
 }
@@ -137,7 +134,7 @@ void EditWatermark(_BookletWatermarkContext& context) {
     if (context.choice.isNone()) return;
     WatermarkHolder record;
     context.choice.load(record.get());
-    if (!record->textString[0] && !record->filename[0]) StartRecord(context, *record);
+    if (!record->textString[0] && !record->filename[0]) StartRecord(*record);
     // The job's own is a new one to the store: it must not replace the user's of its name unasked.
     const auto before =
         Owned<CFStringRef>::Retain(context.isTheJobsOwn ? nullptr : context.choice.name());
