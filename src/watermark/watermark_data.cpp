@@ -37,17 +37,11 @@ void VisitFields(Record& record, const Visitor& visit) {
     visit(CFSTR("fontColorAlpha"), record.fontColorAlpha);
 }
 
-/// A field that lost its end reads as far as it goes.
-Owned<CFStringRef> TextOf(std::span<const char> field) {
-    return Owned<CFStringRef>::Adopt(
-        CFStringCreateFromUTF8({field.data(), strnlen(field.data(), field.size())}));
-}
-
 struct EntryWriter {
     CFMutableDictionaryRef entry;
 
     void operator()(CFStringRef key, std::span<const char> field) const {
-        CFDictionarySetValue(entry, key, TextOf(field));
+        CFDictionarySetValue(entry, key, CopyWatermarkText(field));
     }
     void operator()(CFStringRef key, float field) const {
         CFDictionarySetNumber(entry, key, kCFNumberFloat32Type, &field);
@@ -68,9 +62,7 @@ struct EntryReader {
     }
 
     void operator()(CFStringRef key, std::span<char> field) const {
-        const auto text =
-            ValueOfType<CFStringRef>(CFDictionaryGetValue(entry, key), CFStringGetTypeID());
-        if (text) SetWatermarkText(field, text);
+        if (const CFStringRef text = StringInDictionary(entry, key)) SetWatermarkText(field, text);
     }
     template <typename Real>
     requires std::is_floating_point_v<Real>
@@ -146,8 +138,14 @@ void SetWatermarkText(std::span<char> field, CFStringRef text) {
     std::ranges::fill(std::copy_n(utf8.begin(), length, field.begin()), field.end(), '\0');
 }
 
+/// A field that lost its end reads as far as it goes.
+Owned<CFStringRef> CopyWatermarkText(std::span<const char> field) {
+    return Owned<CFStringRef>::Adopt(
+        CFStringCreateFromUTF8({field.data(), strnlen(field.data(), field.size())}));
+}
+
 Owned<CFStringRef> CopyWatermarkName(const _WatermarkData& record) {
-    return TextOf(record.textMode ? record.textString : record.filename);
+    return CopyWatermarkText(record.textMode ? record.textString : record.filename);
 }
 
 CFMutableDictionaryRef CreateWatermarkEntry(const _WatermarkData& record) {

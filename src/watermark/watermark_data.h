@@ -72,6 +72,8 @@ void setDefaultValues(_WatermarkData& record, SInt32 units);
 
 /// Copies as many whole characters as fit with their end, and zeroes the rest of the field.
 void SetWatermarkText(std::span<char> field, CFStringRef text);
+/// Never null; broken UTF-8 is mended.
+[[nodiscard]] Owned<CFStringRef> CopyWatermarkText(std::span<const char> field);
 /// The name under which it is stored: its text or its file name. Never null.
 [[nodiscard]] Owned<CFStringRef> CopyWatermarkName(const _WatermarkData& record);
 

@@ -13,18 +13,10 @@ namespace {
 
 constexpr double kPointsPerInch = 72;
 
-std::string TextOf(std::span<const char> field) {
-    return {field.data(), strnlen(field.data(), field.size())};
-}
-
-Owned<CFStringRef> StringOf(std::span<const char> field) {
-    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(TextOf(field)));
-}
-
 /// The numbers come from files that anybody may have written.
 ATSUAttributes LookOf(const _WatermarkData& record) {
     const SInt32 size = std::clamp(record.fontSize, SInt32{1}, kLargestWatermarkFont);
-    return {.font = ATSFontFindFromPostScriptName(StringOf(record.fontName), 0),
+    return {.font = ATSFontFindFromPostScriptName(CopyWatermarkText(record.fontName), 0),
             .size = IntToFixed(size),
             .color = {record.wellColorRed, record.wellColorGreen, record.wellColorBlue,
                       record.wellColorAlpha}};
@@ -34,7 +26,7 @@ ATSUAttributes LookOf(const _WatermarkData& record) {
 Owned<ATSUTextLayout> LayoutOf(CGContextRef context, const _WatermarkData& record) {
     Owned<ATSUStyle> style;
     Owned<ATSUTextLayout> layout;
-    const auto text = StringOf(record.textString);
+    const auto text = CopyWatermarkText(record.textString);
     std::u16string units(static_cast<std::size_t>(CFStringGetLength(text)), u'\0');
     CFStringGetCharacters(text, {0, CFStringGetLength(text)}, units.data());
     const bool made =
@@ -97,7 +89,8 @@ bool DrawText(CGContextRef context, const CGRect& page, _WatermarkData& record) 
 OSStatus DrawPicture(CGContextRef context, const CGRect& page, const _WatermarkData& record,
                      WatermarkPictures& pictures) {
     CGImageRef image = nullptr;
-    const OSStatus status = pictures.get(TextOf(record.filePath), &image);
+    const OSStatus status =
+        pictures.get(CFStringToUTF8(CopyWatermarkText(record.filePath)), &image);
     if (status != noErr) return status;
     const double scale = std::clamp(record.scale, SInt32{0}, kLargestWatermarkScale) / 100.0;
     const double width = static_cast<double>(CGImageGetWidth(image)) * scale;

@@ -34,10 +34,6 @@ constexpr double kPointsPerInch = 72;
 
 using Kind = WatermarkKind;
 
-Owned<CFStringRef> TextOf(const char* utf8) {
-    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(utf8));
-}
-
 bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
@@ -127,10 +123,10 @@ private:
     }
 
     void prepareText() {
-        SetControlTitleWithCFString(control(kTextID), TextOf(edited_.textString));
+        SetControlTitleWithCFString(control(kTextID), CopyWatermarkText(edited_.textString));
         LimitInputLengthAndCharacters(control(kTextID), 1, kLongestText, nullptr);
         fonts_ = FontMenus(control(kFamilyID), control(kStyleID));
-        fonts_.show(TextOf(edited_.fontName));
+        fonts_.show(CopyWatermarkText(edited_.fontName));
         SetControlColor(control(kColorID), {edited_.wellColorRed, edited_.wellColorGreen,
                                             edited_.wellColorBlue, edited_.wellColorAlpha});
     }
@@ -169,8 +165,8 @@ private:
     /// A font that is not installed stays until another is chosen than the one in its place.
     void takeFont() {
         const CFStringRef face = fonts_.chosen();
-        const auto used = Owned<CFStringRef>::Adopt(
-            ATSFontCopyPostScriptName(ATSFontFindFromPostScriptName(TextOf(edited_.fontName), 0)));
+        const auto used = Owned<CFStringRef>::Adopt(ATSFontCopyPostScriptName(
+            ATSFontFindFromPostScriptName(CopyWatermarkText(edited_.fontName), 0)));
         if (face && !(used && CFEqual(face, used))) SetWatermarkText(edited_.fontName, face);
     }
 
@@ -183,10 +179,10 @@ private:
     }
 
     void showFile() {
-        const auto name = TextOf(edited_.filename);
+        const auto name = CopyWatermarkText(edited_.filename);
         SetControlTitleWithCFString(control(kFileID), CopyShortened(name, CFStringGetLength(name)));
         SetControlTextSelection(control(kFileID), {0, 0});
-        SetControlHelpTag(control(kFileID), TextOf(edited_.filePath));
+        SetControlHelpTag(control(kFileID), CopyWatermarkText(edited_.filePath));
     }
 
     void wasDrawn(const _WatermarkData& drawn, OSStatus status) {
@@ -229,7 +225,7 @@ private:
 
     void update() {
         enable(kOKButtonID, isComplete());
-        const auto message = kind() == Kind::text ? TextOf("") : picture_.message();
+        const auto message = kind() == Kind::text ? CopyWatermarkText("") : picture_.message();
         SetControlTitleWithCFString(control(kMessageID), message);
         SetControlAccessibleDescription(control(kPreviewID), description());
     }

@@ -16,10 +16,6 @@ bool Fits(CFStringRef text, std::span<const char> field) {
     return CFStringToUTF8(text).size() < field.size();
 }
 
-Owned<CFStringRef> TextOf(const char* utf8) {
-    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(utf8));
-}
-
 /// Null when the user cancelled.
 Owned<CFStringRef> AskForPath(CFBundleRef bundle, WindowRef owner, CFStringRef start) {
     const auto title = CopyText(bundle, CFSTR("WatermarkChooseTitle"));
@@ -41,7 +37,7 @@ void Tell(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef name) {
 }  // namespace
 
 void WatermarkPictureChoice::choose(WindowRef owner) {
-    const auto path = AskForPath(bundle_, owner, TextOf(record_->filePath));
+    const auto path = AskForPath(bundle_, owner, CopyWatermarkText(record_->filePath));
     if (!path) return;
     File file = fileAt(path);
     // Cut, they would lead nowhere.
@@ -64,7 +60,7 @@ Owned<CFStringRef> WatermarkPictureChoice::wasDrawn(const _WatermarkData& drawn,
         if (std::strcmp(drawn.filePath, record_->filePath) == 0) status_ = status;
         return {};
     }
-    if (!CFEqual(TextOf(drawn.filePath), trial_->path)) return {};
+    if (!CFEqual(CopyWatermarkText(drawn.filePath), trial_->path)) return {};
     const File tried = *std::exchange(trial_, std::nullopt);
     if (status != noErr) return tried.name;
     SetWatermarkPicture(*record_, tried.name, tried.path);
@@ -78,14 +74,15 @@ bool WatermarkPictureChoice::isReadable() const {
 
 Owned<CFStringRef> WatermarkPictureChoice::message() const {
     if (trial_) return CopySentence(CopyText(bundle_, CFSTR("WatermarkReading")), trial_->name);
-    if (!record_->filename[0] || status_.value_or(noErr) == noErr) return TextOf("");
+    if (!record_->filename[0] || status_.value_or(noErr) == noErr) return CopyWatermarkText("");
     return CopySentence(CopyText(bundle_, CFSTR("WatermarkPictureLost")),
-                        TextOf(record_->filename));
+                        CopyWatermarkText(record_->filename));
 }
 
 WatermarkPictureChoice::File WatermarkPictureChoice::fileAt(CFStringRef path) {
     const std::string utf8 = CFStringToUTF8(path);
-    return {TextOf(utf8.c_str() + utf8.rfind('/') + 1), Owned<CFStringRef>::Retain(path)};
+    return {Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(utf8.substr(utf8.rfind('/') + 1))),
+            Owned<CFStringRef>::Retain(path)};
 }
 
 void SetWatermarkPicture(_WatermarkData& record, CFStringRef name, CFStringRef path) {

@@ -27,10 +27,6 @@ protected:
     SpecialPagesPanel() : PanelRig(_GetSpecialPagesPanelInterface) {
         InstallPresence(WindowPresence());
     }
-    ~SpecialPagesPanel() override {
-        EXPECT_TRUE(driver.done()) << driver.faults().join("; ").toStdString();
-        InstallPresence(UnattendedPresence());
-    }
 
     void put(const char* name, const std::vector<std::string>& pages) {
         const auto array = Owned<CFMutableArrayRef>::Adopt(

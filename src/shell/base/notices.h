@@ -14,10 +14,6 @@ struct NoticeKeys {
 
 void ShowNoticeWithKeys(CFBundleRef bundle, const NoticeKeys& keys, const CFTypeRef* arguments,
                         CFIndex count);
-/// Asks with a default and an alternate button, whose texts are looked up by these keys; true when
-/// the default button was chosen.
-bool AskWithKeys(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef defaultButton,
-                 CFStringRef alternateButton, const CFTypeRef* arguments, CFIndex count);
 /// Asks before something is lost for good: true only when the button that destroys was pressed
 /// itself. The other one is the default, Escape's and an unattended run's.
 bool AskToDestroyWithKeys(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef keepButton,

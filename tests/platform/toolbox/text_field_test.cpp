@@ -45,12 +45,6 @@ void Compose(QWidget& field) {
     QApplication::sendEvent(&field, &event);
 }
 
-void Activate(QWidget& window) {
-    window.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-}
-
 struct FieldKind {
     const char* name;
     QString pasted, keys, inputs;
