@@ -9,17 +9,21 @@
 #include "shell/base/help.h"
 #include "shell/base/panel_interface.h"
 #include "shell/base/texts.h"
+#include "toolbox/list_view.h"
 
 namespace kalmo {
 namespace {
 
-constexpr UInt32 kCommandOK = 'ok  ';
+constexpr UInt32 kCommandOK = 'ok  ', kCommandCancel = 'not!';
 constexpr EventTypeSpec kEvents[] = {
     {kEventClassCommand, kEventCommandProcess},   {kEventClassControl, kEventControlHit},
     {kEventClassControl, kEventControlDraw},      {kEventClassInputCheck, kEventInputEmpty},
     {kEventClassInputCheck, kEventInputTooShort}, {kEventClassInputCheck, kEventInputLongEnough},
     {kEventClassSpin, kEventSpinChanged},         {kEventClassMouse, kEventMouseDown},
     {kEventClassMouse, kEventMouseDragged},       {kEventClassMouse, kEventMouseUp},
+    {kEventClassTextInput, kEventTextInput},      {kEventClassList, kEventListSelectionChanged},
+    {kEventClassList, kEventListItemOpened},      {kEventClassList, kEventListSortChanged},
+    {kEventClassList, kEventListGroundOpened},
 };
 
 }  // namespace
@@ -56,22 +60,26 @@ void ModalDialog::updatePicture() {
     SetControlNeedsDisplay(picture);
 }
 
-OSStatus ModalDialog::HandleEvent(EventHandlerCallRef, EventRef event, void* dialog) {
-    return WithoutExceptions(noErr,
-                             [&] { return static_cast<ModalDialog*>(dialog)->handle(event); });
+OSStatus ModalDialog::HandleEvent(EventHandlerCallRef next, EventRef event, void* dialog) {
+    return WithoutExceptions(
+        noErr, [&] { return static_cast<ModalDialog*>(dialog)->handle(next, event); });
 }
 
-OSStatus ModalDialog::handle(EventRef event) {
+OSStatus ModalDialog::handle(EventHandlerCallRef next, EventRef event) {
     const SInt32 id = IDOfHit(event);
     switch (GetEventClass(event)) {
         case kEventClassCommand:
-            return obey(GetEventCommand(event));
+            return obey(event);
         case kEventClassInputCheck:
             return inputWasChecked(id, GetEventKind(event)), noErr;
         case kEventClassSpin:
             return numberWasChanged(id), noErr;
         case kEventClassMouse:
             return mouseWasUsed(id, event);
+        case kEventClassTextInput:
+            return takeText(next, event);
+        case kEventClassList:
+            return listWasUsed(id, GetEventKind(event)), noErr;
         default:
             if (GetEventKind(event) == kEventControlDraw) return draw(id, event);
             return controlWasHit(id), eventNotHandledErr;
@@ -79,12 +87,22 @@ OSStatus ModalDialog::handle(EventRef event) {
 }
 
 /// The standard behaviour of OK and Cancel ends the loop.
-OSStatus ModalDialog::obey(UInt32 command) {
+OSStatus ModalDialog::obey(EventRef event) {
+    const UInt32 command = GetEventCommand(event);
     if (command == kHelpCommand) {
         DisplayHelp(bundle_, source_.helpPage, nullptr);
         return noErr;
     }
-    return command == kCommandOK && !accept() ? noErr : eventNotHandledErr;
+    if (command == kCommandOK) return accept() ? eventNotHandledErr : noErr;
+    return command == kCommandCancel ? eventNotHandledErr : commandWasSent(command, event);
+}
+
+/// Once the field has taken the text over.
+OSStatus ModalDialog::takeText(EventHandlerCallRef next, EventRef event) {
+    const SInt32 id = IDOfHit(event);
+    const OSStatus status = CallNextEventHandler(next, event);
+    textWasTyped(id);
+    return status;
 }
 
 OSStatus ModalDialog::draw(SInt32 id, EventRef event) {

@@ -61,6 +61,14 @@ protected:
     virtual void inputWasChecked(SInt32 /*id*/, UInt32 /*state*/) {}
     /// The user has changed a spin control: the arrows' id.
     virtual void numberWasChanged(SInt32 /*arrows*/) {}
+    /// A command that is neither OK, Cancel nor Help; eventNotHandledErr: it is not wanted.
+    virtual OSStatus commandWasSent(UInt32 /*command*/, EventRef /*event*/) {
+        return eventNotHandledErr;
+    }
+    /// The user has changed the text of a field, which holds it by now.
+    virtual void textWasTyped(SInt32 /*id*/) {}
+    /// An event of list_view.h.
+    virtual void listWasUsed(SInt32 /*id*/, UInt32 /*kind*/) {}
     /// A mouse event of a picture control; eventNotHandledErr: it is not wanted.
     virtual OSStatus mouseWasUsed(SInt32 /*id*/, EventRef /*event*/) { return eventNotHandledErr; }
     /// Draws a picture control: the illustration, unless a dialog draws its own.
@@ -70,8 +78,9 @@ protected:
 
 private:
     [[nodiscard]] OSStatus open();
-    OSStatus handle(EventRef event);
-    OSStatus obey(UInt32 command);
+    OSStatus handle(EventHandlerCallRef next, EventRef event);
+    OSStatus obey(EventRef event);
+    OSStatus takeText(EventHandlerCallRef next, EventRef event);
     static OSStatus HandleEvent(EventHandlerCallRef next, EventRef event, void* dialog);
 
     CFBundleRef bundle_;  // lent

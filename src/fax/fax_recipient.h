@@ -2,6 +2,9 @@
 // reference.
 #pragma once
 
+#include <memory>
+
+#include "contacts/person.h"
 #include "foundation/collections.h"
 
 namespace kalmo {
@@ -53,6 +56,12 @@ public:
     void fromTicket(CFDictionaryRef ticket);
     /// A key for each field that has a value. The caller releases it.
     [[nodiscard]] CFMutableDictionaryRef toTicket() const;
+
+    /// The address book's record of this uid; null without one. The user may have to wait.
+    [[nodiscard]] std::unique_ptr<contacts::Person> abRecord() const;
+    /// Adds the recipient to the address book as a person, whose uid it takes. Whether it was
+    /// added. The user may have to wait.
+    bool commitToAddressBook();
 
 private:
     Owned<CFStringRef> firstName_, lastName_, faxNumber_, faxNumberLabel_, organization_,

@@ -33,6 +33,10 @@ public:
     /// The caller releases it.
     [[nodiscard]] CFMutableArrayRef toTicket() const;
 
+    /// Makes a group of that name; recipients that are not in the address book are added first.
+    /// False, with nothing saved, when the group cannot be made. The user may have to wait.
+    bool saveAsABGroupWithName(CFStringRef name);
+
 private:
     Owned<CFMutableArrayRef> recipients_;
 };

@@ -102,12 +102,12 @@ const SettingMap WatermarkMap[] = {
 };
 
 const SettingMap CoverSheetImageMap[] = {
-    {CFSTR("NoWatermark"), 1},
+    {CFSTR("NoWatermark"), 1, 'KWmX'},
     {CFSTR("-"), -5},
-    {CFSTR("Cover Sheet Paper Size"), -6},
-    {CFSTR("New..."), -7},
-    {CFSTR("Edit..."), -8},
-    {CFSTR("Delete"), -9},
+    {CFSTR("Cover Sheet Paper Size"), -6, 'KWmO'},
+    {CFSTR("New..."), -7, 'LFin'},
+    {CFSTR("Edit..."), -8, 'LFie'},
+    {CFSTR("Delete"), -9, 'LFid'},
     {},
 };
 
@@ -151,8 +151,8 @@ const SettingMap CoverSheetSenderMap[] = {
 };
 
 const SettingMap FaxCoverSizeMap[] = {
-    {CFSTR("StockSizeLetter"), 1},
-    {CFSTR("StockSizeA4"), 4},
+    {CFSTR("StockSizeLetter"), 1, 'FwmL'},
+    {CFSTR("StockSizeA4"), 4, 'FwmA'},
     {},
 };
 

@@ -30,8 +30,8 @@ OSStatus SetControlID(ControlRef control, ControlID id);
 /// The window the control stands in, null when it stands in none.
 [[nodiscard]] WindowRef GetControlOwner(ControlRef control);
 
-/// Popup: number of the chosen item from 1, 0 when none; a separator is never chosen. Check box: 0
-/// or 1. Spin, slider: the number.
+/// Popup: number of the chosen item from 1, 0 when none; a separator is never chosen. Tabs: number
+/// of the tab in front from 1. Check box: 0 or 1. Spin, slider: the number.
 [[nodiscard]] SInt32 GetControl32BitValue(ControlRef control);
 void SetControl32BitValue(ControlRef control, SInt32 value);
 [[nodiscard]] SInt32 GetControl32BitMinimum(ControlRef control);

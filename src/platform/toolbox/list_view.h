@@ -19,10 +19,20 @@ inline constexpr OSStatus kListPropertyNotSupportedErr = -4979;
 using ListTextProc = OSStatus (*)(ControlRef list, ListItem item, OSType column, CFStringRef* text,
                                   void* userData);
 
-/// From the list: another selection; a double click on an item, or Enter with one selected.
+/// From the list: another selection; a double click on an item, or Enter with one selected; another
+/// column or direction to sort by, which the owner follows with SetListItems; a double click where
+/// no item is.
 inline constexpr UInt32 kEventClassList = 'list';
 inline constexpr UInt32 kEventListSelectionChanged = 1;
 inline constexpr UInt32 kEventListItemOpened = 2;
+inline constexpr UInt32 kEventListSortChanged = 3;
+inline constexpr UInt32 kEventListGroundOpened = 4;
+
+/// Column 0: in the owner's own order.
+struct ListSort {
+    OSType column = 0;
+    bool isDescending = false;
+};
 
 #pragma GCC visibility push(default)
 
@@ -31,6 +41,11 @@ void SetListTextProc(ControlRef list, ListTextProc proc, void* userData);
 OSStatus AddListColumn(ControlRef list, OSType column, CFStringRef title, SInt32 width);
 /// How many rows may be selected: one, or as many as wanted.
 void SetListSelectsMany(ControlRef list, Boolean many);
+
+/// The user may press the columns' titles: ascending, descending, the owner's own order again. The
+/// list only shows what is chosen; the order is that of its items.
+void SetListSortable(ControlRef list, Boolean sortable);
+[[nodiscard]] ListSort GetListSort(ControlRef list);
 
 /// Behind those already there, in this order. Selection and scrolling stay.
 OSStatus AddListItems(ControlRef list, const std::vector<ListItem>& items);
@@ -47,6 +62,8 @@ OSStatus SetListItems(ControlRef list, const std::vector<ListItem>& items);
 OSStatus SetListSelection(ControlRef list, const std::vector<ListItem>& items);
 /// The item that the keyboard stands on when it is selected, else the first selected; 0 for none.
 [[nodiscard]] ListItem GetListSelectionAnchor(ControlRef list);
+/// Scrolls to the first row.
+void ScrollListToTop(ControlRef list);
 /// Scrolls the item into sight.
 void RevealListItem(ControlRef list, ListItem item);
 /// Texts are asked for anew.

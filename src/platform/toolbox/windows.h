@@ -10,11 +10,13 @@
 /// broken. Its windows stand directly inside its root. Besides Qt's widgets it may hold UserPane, a
 /// bare view; PictureControl, which its owner draws; MenuButton, whose menu sends commands;
 /// SpinArrows, a value with two halves to press; ColorWell, a color; and AngleDial, a slider whose
-/// value is a direction in degrees, counter-clockwise from pointing right. Properties that mean
-/// something here: `controlSignature` (four characters) and `controlID`; `command` (four
-/// characters), sent when the control is pressed; and the keys `textKey`, `tipKey` and `nameKey`
-/// (accessible name), looked up in the bundle's table `textTable` ("Localizable" without one) when
-/// a window is made. A key without a text: "STRING NOT FOUND" and one line in the log.
+/// value is a direction in degrees, counter-clockwise from pointing right; and SearchField, a field
+/// to search in. A QTabWidget is a control whose hit says that another tab was brought to the
+/// front; its pages carry the `textKey` of their tabs. Properties that mean something here:
+/// `controlSignature` (four characters) and `controlID`; `command` (four characters), sent when the
+/// control is pressed; and the keys `textKey`, `tipKey` and `nameKey` (accessible name), looked up
+/// in the bundle's table `textTable` ("Localizable" without one) when a window is made. A key
+/// without a text: "STRING NOT FOUND" and one line in the log.
 OSStatus CreateNibReferenceWithCFBundle(CFBundleRef bundle, CFStringRef name, IBNibRef* nib);
 void DisposeNibReference(IBNibRef nib);
 /// The top-level widget of that object name, made anew and hidden; nibNotFoundErr when the file has

@@ -14,6 +14,9 @@ struct NoticeKeys {
 
 void ShowNoticeWithKeys(CFBundleRef bundle, const NoticeKeys& keys, const CFTypeRef* arguments,
                         CFIndex count);
+/// True for the default button; Escape and an unattended run answer the other one.
+bool AskWithKeys(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef defaultButton,
+                 CFStringRef otherButton, const CFTypeRef* arguments, CFIndex count);
 /// Asks before something is lost for good: true only when the button that destroys was pressed
 /// itself. The other one is the default, Escape's and an unattended run's.
 bool AskToDestroyWithKeys(CFBundleRef bundle, const NoticeKeys& keys, CFStringRef keepButton,

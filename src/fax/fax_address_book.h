@@ -1,0 +1,30 @@
+// Fax recipients and the user's address book: waited for where an answer is expected at once.
+#pragma once
+
+#include <functional>
+
+#include "contacts/address_book.h"
+#include "foundation/bundle.h"
+
+namespace kalmo {
+
+/// "com.kalmo.mailbox": the property of a person that holds the mailbox.
+#define kKMailboxABProperty CFSTR("com.kalmo.mailbox")
+
+/// Runs `work` with the opened book (null when there is none; the answer says why) while the user
+/// waits. It owns all it uses. False when the user did not wait for it; the modal loop has ended
+/// then.
+bool AskAddressBook(
+    std::function<void(const contacts::Opened& opened, const std::stop_token& stop)> work);
+
+/// A company's name is its organization, with no last name. Both are to be released, and null where
+/// there is none.
+void RecipientNamesFromPerson(const contacts::Person& person, CFStringRef* firstName,
+                              CFStringRef* lastName);
+/// The label's word in the user's language, or the user's own. The caller releases it.
+[[nodiscard]] CFStringRef CopyLocalizedLabel(CFBundleRef bundle, const contacts::Entry& entry);
+/// The user's own card; without one a person with the account's full name alone. Null when the user
+/// did not wait for it.
+[[nodiscard]] std::unique_ptr<contacts::Person> CopyMyCard();
+
+}  // namespace kalmo

@@ -1,0 +1,25 @@
+#include "fax/fax_options.h"
+
+namespace kalmo {
+
+SInt32 NumberOr(CFDictionaryRef options, CFStringRef key, SInt32 missing) {
+    const auto number =
+        ValueOfType<CFNumberRef>(CFDictionaryGetValue(options, key), CFNumberGetTypeID());
+    SInt32 value = 0;
+    return number && CFNumberGetValue(number, kCFNumberSInt32Type, &value) ? value : missing;
+}
+
+bool BooleanOr(CFDictionaryRef options, CFStringRef key, bool missing) {
+    const CFBooleanRef stored = BooleanInDictionary(options, key);
+    return stored ? CFBooleanGetValue(stored) : missing;
+}
+
+void SetOrRemove(CFMutableDictionaryRef options, CFStringRef key, CFStringRef text) {
+    if (text && CFStringGetLength(text) > 0) {
+        CFDictionarySetValue(options, key, text);
+    } else {
+        CFDictionaryRemoveValue(options, key);
+    }
+}
+
+}  // namespace kalmo
