@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the pictures of the Paper/Output and Special Pages panels, their dialogs and the About box
-from the shapes and tables below.
+"""Writes the pictures of the panels Paper/Output and Special Pages, of their dialogs, of the fax
+dialogs and of the About box from the shapes and tables below.
 
 Usage: resources/make_pictures.py        (Python 3, nothing else; writes into the source tree)
 
@@ -491,12 +491,57 @@ BUTTONS = {
 }
 
 
+# Buttons of the fax dialogs.
+
+
+def person(x, y, fill=PAPER, size=1):
+    """The head's centre, and the shoulders below it."""
+    r = 9 * size
+    return (path(f"M{x - 1.9 * r:g} {y + 4 * r:g}v{-.8 * r:g}a{1.9 * r:g} {1.9 * r:g} 0 0 1 "
+                 f"{3.8 * r:g} 0v{.8 * r:g}z", fill) + disc(x, y, r, fill))
+
+
+def address_book():
+    tabs = "".join(path(f"M46 {y}h7v10h-7z", fill)
+                   for y, fill in ((9, ORANGE), (22, PAPER), (35, SHADE)))
+    return (tabs + box(8, 4, 38, 54, BLUE, 3) + line("M15 4v54", INK) +
+            person(29, 20, PAPER, .6))
+
+
+def minus(x, y, fill=ORANGE):
+    return disc(x, y, 13, fill) + line(f"M{x - 6} {y}h12", PAPER, 4)
+
+
+def strike(x, y):
+    return disc(x, y, 13, ORANGE) + line(f"M{x - 5} {y - 5}l10 10m0 -10l-10 10", PAPER, 4)
+
+
+def pencil(x, y):
+    return (path(f"M{x} {y}l3 -10l16 -16l7 7l-16 16z", ORANGE) +
+            path(f"M{x} {y}l3 -10l7 7z", PAPER))
+
+
+def people(front=PAPER, behind=SHADE):
+    return person(42, 14, behind, .9) + person(22, 18, front)
+
+
+FAX_BUTTONS = {
+    "AddRecipient": ("Add a recipient", person(26, 17) + plus(48, 48)),
+    "AddFromAddressBook": ("Add from the address book", address_book() + plus(48, 49)),
+    "EditRecipient": ("Edit the recipient", person(26, 17) + pencil(35, 60)),
+    "SaveGroup": ("Save as a group", people() + disc(49, 48, 13, BLUE) +
+                  line("M49 41v14m-6 -6l6 6l6 -6", PAPER, 4)),
+    "RemoveRecipient": ("Remove the recipient", person(26, 17) + minus(48, 48)),
+    "RemoveAllRecipients": ("Remove all recipients", people() + strike(48, 49)),
+}
+
+
 def pictures():
     """Name, title and shapes of each."""
     for prefix, table in (("JobType_", JOB_TYPES), ("JobType_JobFormat_", JOB_FORMATS),
                           ("2SidedPrinting_", SIDES), ("OutputColor_", OUTPUT_COLORS),
                           ("", FINISHINGS), ("OutputTray_", OUTPUT_TRAYS), ("", BRAND),
-                          ("ButtonGraphic_", BUTTONS)):
+                          ("ButtonGraphic_", BUTTONS), ("ButtonGraphic_", FAX_BUTTONS)):
         for name, (title, shapes) in table.items():
             yield prefix + name, title, shapes
     for name, title, shapes in staples_and_holes():
