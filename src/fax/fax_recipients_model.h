@@ -22,8 +22,10 @@ inline constexpr CFIndex kMaxFaxRecipients = 1000;
 /// Appends the recipient to the list and the setup's view, and arms the check. When it is there
 /// already and the prompt is on, the user is asked: 0 when it was not added, else 1.
 SInt32 AddRecipient(FaxRecipientsModel* model, FaxRecipient* recipient);
-/// Removes those selected in `listView` from the list, after a question when the prompt is on.
-/// Whether anything was removed; the view is the caller's to fill anew.
+/// Removes them from the list and the setup's view, after a question when the prompt is on. Whether
+/// anything was removed; what another view shows of them is gone then and its to fill anew.
+bool RemoveRecipients(std::vector<FaxRecipient*> recipients, FaxRecipientsModel* model);
+/// Those selected in `listView`.
 bool RemoveSelectedRecipients(ControlRef listView, FaxRecipientsModel* model);
 
 /// The columns name, fax number, organization, telephone, e-mail and mailbox, and their texts.
