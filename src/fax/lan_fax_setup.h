@@ -1,4 +1,4 @@
-// The fax dialog.
+// The dialog that sets a fax up: its recipients, its cover sheet, how it is sent.
 #pragma once
 
 #include "fax/fax_recipient_list.h"
@@ -6,7 +6,8 @@
 
 namespace kalmo {
 
-/// Not there yet: says so in a notice and answers kModalCancel.
+/// Edits the caller's options and recipients in place; as they were unless kModalOK. kModalCancel,
+/// or the failure of the interface file.
 SInt32 RunModalLANFaxSetup(CFBundleRef bundle, CFMutableDictionaryRef options,
                            FaxRecipientList* recipients);
 
