@@ -22,6 +22,23 @@ namespace kalmo {
 #define kFaxWaterMarkSelectedIndex CFSTR("FAXWaterMarkSelectedIndex")  // number, 1
 #define kFaxNewJobResolutionProperty CFSTR("NewJobResolution")         // reserved
 
+// What the cover says. The labels are in the sender's language: the printer has no tables.
+#define kFaxShowSenderProperty CFSTR("ShowSender")  // boolean, true
+#define kFaxSenderNameProperty CFSTR("SenderName")
+#define kFaxSenderOrganizationProperty CFSTR("SenderOrganization")
+#define kFaxSenderEmailAddressProperty CFSTR("SenderEmailAddress")
+#define kFaxSenderFaxNumberProperty CFSTR("SenderFaxNumber")
+#define kFaxSenderPhoneNumberProperty CFSTR("SenderPhoneNumber")
+#define kFaxLocalizedFromLabel CFSTR("LocalizedFromLabel")
+#define kFaxLocalizedPhoneLabel CFSTR("LocalizedPhoneLabel")
+#define kFaxLocalizedFaxLabel CFSTR("LocalizedFaxLabel")
+#define kFaxShowRecipientsProperty CFSTR("ShowRecipients")  // number, kShowAllRecipients
+#define kFaxLocalizedToLabel CFSTR("LocalizedToLabel")
+#define kFaxCustomRecipientTextProperty CFSTR("CustomRecipientText")  // of kShowCustomText
+#define kFaxShowWatermarkProperty CFSTR("ShowWatermark")              // boolean, false
+#define kFaxWatermarkNameProperty CFSTR("WatermarkName")              // in kFaxImageStore
+#define kFaxCoverSizeProperty CFSTR("Size")                           // kCoverSizeLetter
+
 /// The texts that the cover and the alerts of a fax say.
 #define kFaxTextTable CFSTR("LANFax")
 #define kFaxInterfaceFile CFSTR("LANFAX")
