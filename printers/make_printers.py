@@ -221,7 +221,7 @@ OPTIONS = [
     Option("Option4", ("Stapler", "Hefter"), "True",
            [("False", "Not installed", "Nicht installiert"), ("True", "Installed", "Installiert")],
            "InstallableOptions", kind="Boolean"),
-    Option("Option5", ("Fax", "Fax"), "False",
+    Option("Option5", ("Fax", "Fax"), "True",
            [("False", "Not installed", "Nicht installiert"), ("True", "Installed", "Installiert")],
            "InstallableOptions", kind="Boolean"),
     Option("Option8", ("Job storage", "Auftragsspeicher"), "True",
