@@ -8,7 +8,6 @@
 namespace kalmo {
 namespace {
 
-#define kFaxRecipientListKey CFSTR("com.kalmo.print.FaxRecipientList")
 #define kFinishingBindValueKey CFSTR("com.kalmo.print.FinishingBindValue")
 #define kFinishingCustomKey CFSTR("com.kalmo.print.FinishingCustom")
 

@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "paper_output/passcode.h"
+#include "shell/base/notices.h"
 #include "shell/base/plugin_bundle.h"
+#include "system/presence.h"
 
 namespace kalmo {
 namespace {
@@ -13,6 +15,13 @@ PrintCheckSource currentSource;  // NOLINT: installed and taken away by the pane
 bool LacksPasscode(const CheckedJob& job) {
     return job.jobType == kJobTypeSecurePrint &&
            (!job.passcode || CFStringGetLength(job.passcode) == 0);
+}
+
+void ShowNoFaxRecipientsNotice() {
+    ShowNoticeWithKeys(GetPDEBundle(),
+                       {.header = CFSTR("No Fax Recipients Header"),
+                        .message = CFSTR("No Fax Recipients Message")},
+                       nullptr, 0);
 }
 
 bool LacksRecipient(const CheckedJob& job) {
@@ -33,7 +42,12 @@ PrintCheckResult CheckPrintJob() {
         return PrintCheckResult::refused;
     }
     if (LacksRecipient(job)) {
-        if (source.runFaxSetup) source.runFaxSetup();
+        // Where no setup can be shown, a line says what is missing.
+        if (!CurrentPresence().modalLoopsRun) {
+            ShowNoFaxRecipientsNotice();
+        } else if (source.runFaxSetup) {
+            source.runFaxSetup();
+        }
         return PrintCheckResult::refused;
     }
     return PrintCheckResult::pass;

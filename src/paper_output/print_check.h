@@ -29,7 +29,8 @@ enum class PrintCheckResult { pass, refused };
 /// Replaces the source; an empty one takes it away. The owner does so before its record goes.
 void InstallPrintCheckSource(PrintCheckSource source);
 /// Refused after a notice (secure print without passcode) or after the fax setup (fax without
-/// recipient, also when the user has just added one: Print is pressed again).
+/// recipient, also when the user has just added one: Print is pressed again); a notice stands for
+/// the setup in an unattended run.
 PrintCheckResult CheckPrintJob();
 
 }  // namespace kalmo

@@ -136,7 +136,14 @@ OSStatus PrintJobHost::close() {
 
 OSStatus PrintJobHost::sync(Boolean direction) {
     if (!hasPane()) return kPMInvalidPDEContext;
+    if (direction == kSyncToTicket) restoreColor();
     return extension_->operations().Sync(context_, session_, direction);
+}
+
+void PrintJobHost::restoreColor() {
+    if (description_ && FindOption(*description_, settings_.colorOption)) {
+        WritePPDChoice(session_, settings_.colorOption, settings_.colorChoice);
+    }
 }
 
 void PrintJobHost::end(OSStatus status) {
@@ -184,7 +191,6 @@ void PrintJobHost::write(const JobSettings& settings) {
     if (settings.inputSlot != settings_.inputSlot) {
         WritePPDChoice(session_, "InputSlot", settings.inputSlot);
     }
-    // A fax has turned the colour off in the ticket: only the user's own change touches it.
     if (colorChanges(settings)) {
         WritePPDChoice(session_, settings.colorOption, settings.colorChoice);
         // A printer with a color mode beside the option has two words for one thing.

@@ -119,6 +119,8 @@ private:
     void fillSession();
     void takeSettingsFromTickets();
     void write(const JobSettings& settings);
+    /// A fax turns the colour off in the ticket, and nobody turns it on again for the next job.
+    void restoreColor();
     /// The popup of the open pane's panels; null without one.
     [[nodiscard]] ControlRef panelSelector() const;
     /// The paper that prints: the chosen one, else the printer's own; empty when nobody knows.

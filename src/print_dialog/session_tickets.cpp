@@ -61,6 +61,12 @@ bool IsKnownChoice(const PPDDescription& printer, const std::string& keyword,
                option->choices.end();
 }
 
+bool HasFaxRecipients(PMPrintSession session) {
+    CFArrayRef recipients = nullptr;
+    return PMTicketGetCFArray(PrintSettings(session), kFaxRecipientListKey, &recipients) == noErr &&
+           CFArrayGetCount(recipients) > 0;
+}
+
 std::string TextOf(CFTypeRef value) {
     if (!value || CFGetTypeID(value) != CFStringGetTypeID()) return {};
     return CFStringToUTF8(static_cast<CFStringRef>(value));
@@ -158,7 +164,8 @@ void WriteStockPaper(PMPrintSession session, const std::string& keyword) {
 bool HoldsSecrets(PMPrintSession session) {
     const auto jobType = Dictionary(session, kJobTypeKey);
     return !TextOf(CFDictionaryGetValue(jobType, CFSTR("SecurePrintPassword"))).empty() ||
-           CFDictionaryGetCount(Dictionary(session, kFaxOptionsKey)) > 0;
+           CFDictionaryGetCount(Dictionary(session, kFaxOptionsKey)) > 0 ||
+           HasFaxRecipients(session);
 }
 
 }  // namespace kalmo

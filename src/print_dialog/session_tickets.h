@@ -35,7 +35,8 @@ void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer
 /// Sets the size of the job's stock, where the ticket has one, takes it, and knows the paper.
 void WriteStockPaper(PMPrintSession session, const std::string& keyword);
 
-/// Whether the print settings hold what nobody but the printer may read: a passcode, fax details.
+/// Whether the print settings hold what nobody but the printer may read: a passcode, how a fax
+/// is dialed, who receives it.
 [[nodiscard]] bool HoldsSecrets(PMPrintSession session);
 
 }  // namespace kalmo

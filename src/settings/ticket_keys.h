@@ -9,6 +9,7 @@
 #define kBookletForceNewSizeKey CFSTR("com.kalmo.print.BookletForceNewSize")
 #define kJobLevelStockKey CFSTR("com.kalmo.print.JobLevelStock")
 #define kFaxOptionsKey CFSTR("com.kalmo.print.FaxOptions")
+#define kFaxRecipientListKey CFSTR("com.kalmo.print.FaxRecipientList")
 #define kInvertImageOptionsKey CFSTR("com.kalmo.print.InvertImageOptions")
 /// The creator of the shell's own items and of the invert image options.
 #define kTicketCreator CFSTR("K")

@@ -52,6 +52,16 @@ TEST_F(PrintCheck, OnlySecurePrintWithoutPasscodeAndFaxWithoutRecipientAreRefuse
     }
 }
 
+TEST_F(PrintCheck, WhereNoSetupIsShownAFaxWithoutRecipientGetsALine) {
+    Presence presence = CurrentPresence();
+    presence.modalLoopsRun = false;
+    InstallPresence(presence);
+    setJob(5, nullptr, 0);
+    EXPECT_EQ(CheckPrintJob(), PrintCheckResult::refused);
+    EXPECT_EQ(notices.size(), 1u);
+    EXPECT_EQ(faxSetups, 0);
+}
+
 TEST_F(PrintCheck, OnePressChecksOnceAndARefusalHoldsTheDialog) {
     for (const auto& [version, refusal] : {std::pair{kSystemVersion10_5, kKalmoKeepDialogOpen},
                                            {kSystemVersion10_5 - 0x10, noErr}}) {

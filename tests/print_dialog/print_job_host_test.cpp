@@ -160,6 +160,34 @@ TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
     for (const auto& [name, value] : made.options) EXPECT_FALSE(Contains(value, "24680")) << name;
 }
 
+TEST_F(JobTest, AFaxIsBlackAndConfidentialAndTheNextJobHasItsColorAgain) {
+    const auto jobType = [](int type) {
+        return "<dict><key>JobType</key><integer>" + std::to_string(type) + "</integer></dict>";
+    };
+    const auto inColor = [](JobSettings& settings) {
+        settings.colorOption = "KLMColor", settings.colorChoice = "Color";
+    };
+    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    for (const char* details :
+         {"<key>com.kalmo.print.FaxRecipientList</key><array><dict><key>FaxNumber</key>"
+          "<string>12</string></dict></array>",
+          "<key>com.kalmo.print.FaxOptions</key><dict><key>CreditCard</key><string>12</string>"
+          "</dict>"}) {
+        SCOPED_TRACE(details);
+        ASSERT_TRUE(pane_.host.readTicket(
+            TicketFile("<key>com.kalmo.print.JobType</key>" + jobType(5) + details)));
+        EXPECT_TRUE(order(inColor).secret);
+        pane_.host.sync(kSyncToTicket);
+        EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "BW");
+    }
+    const auto normal = ReadPlist("<plist version=\"1.0\">" + jobType(1) + "</plist>");
+    PMTicketSetCFDictionary(pane_.host.printSettings(), kTicketCreator, kJobTypeKey,
+                            static_cast<CFDictionaryRef>(normal.get()), false);
+    pane_.host.sync(kSyncToUI);
+    pane_.host.sync(kSyncToTicket);
+    EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "Color");
+}
+
 TEST_F(JobTest, PlainJobsSayLittle) {
     ASSERT_EQ(pane_.beginOnSample(), noErr);
     const auto made = order([](JobSettings& settings) { settings.pages = {{2, 3}}; });

@@ -12,6 +12,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr char kPasscode[] = "8264019375";
+constexpr char kPrefix[] = "8#*7", kCard[] = "4929150163820471", kNumber[] = "+49 5559 176246";
 
 /// What the printer is told beside the ticket; the panels have a control for all but the first.
 constexpr std::pair<const char*, const char*> kChoices[] = {
@@ -26,19 +27,34 @@ struct KalmoPrintQueueTest : QueueTest {
                            .arguments = std::move(arguments),
                            .environment = {{"TMPDIR", temporary_}}});
     }
-    /// A ticket of secure print with kChoices.
-    fs::path securePrint(const std::string& passcode) {
-        const auto text = [](const std::string& key, const std::string& value) {
-            return "<key>" + key + "</key><string>" + value + "</string>";
-        };
-        std::string choices;
-        for (const auto& [keyword, choice] : kChoices) choices += text(keyword, choice);
+    static std::string text(const std::string& key, const std::string& value) {
+        return "<key>" + key + "</key><string>" + value + "</string>";
+    }
+    fs::path ticketOf(int jobType, const std::string& details, const std::string& more,
+                      const std::string& choices) {
         WriteFile(ticket_, TicketFile("<key>com.kalmo.print.JobType</key><dict><key>JobType</key>"
-                                      "<integer>6</integer>" +
-                                          text("SecurePrintPassword", passcode) + "</dict>",
+                                      "<integer>" +
+                                          std::to_string(jobType) + "</integer>" + details +
+                                          "</dict>" + more,
                                       choices));
         fs::permissions(ticket_, fs::perms(0600));
         return ticket_;
+    }
+    /// A ticket of secure print with kChoices.
+    fs::path securePrint(const std::string& passcode) {
+        std::string choices;
+        for (const auto& [keyword, choice] : kChoices) choices += text(keyword, choice);
+        return ticketOf(6, text("SecurePrintPassword", passcode), {}, choices);
+    }
+    /// A fax in color, as far as that goes.
+    fs::path fax(const std::string& recipients) {
+        return ticketOf(5, {},
+                        "<key>com.kalmo.print.FaxOptions</key><dict>" +
+                            text("DialingPrefix", kPrefix) + text("CreditCard", kCard) +
+                            "<key>Resolution</key><integer>3</integer></dict>" +
+                            "<key>com.kalmo.print.FaxRecipientList</key><array>" + recipients +
+                            "</array>",
+                        text("KLMColor", "Color"));
     }
 
     fs::path ticket_ = document.parent_path() / "in.plist";
@@ -68,6 +84,36 @@ TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePa
     }
     EXPECT_EQ(server.leaks(1, kPasscode), "");
     EXPECT_FALSE(Contains(end.output + end.errors, kPasscode));
+    EXPECT_TRUE(fs::is_empty(temporary_));
+}
+
+TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackAndNobodyElseReadsHowItIsDialed) {
+    const auto refused = run({"--no-dialog", "-d", "kalmo", "--ticket", fax(""), document});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_EQ(refused.errors,
+              "The fax has no recipients: Choose them in the Print dialog, at the job type, or list "
+              "them in the ticket under com.kalmo.print.FaxRecipientList.\n");
+    EXPECT_TRUE(JobsOnTheServer().empty());
+    const auto recipient = "<dict>" + text("FirstName", "Quendolyn") + text("FaxNumber", kNumber) +
+                           text("Future", "kept not") + "</dict>";
+    const auto end = run({"--no-dialog", "-d", "kalmo", "--ticket", fax(recipient), document});
+    ASSERT_EQ(end.exitCode, 0) << end.errors;
+    ASSERT_EQ(server.finished(1).state, IPP_JSTATE_COMPLETED) << server.log();
+    const WrittenTicket arrived(ReadFile(out / "ticket"));
+    const WrittenTicket sent(ReadFile(ticket_));
+    EXPECT_TRUE(CFEqual(arrived.value("PrintSettings", "com.kalmo.print.FaxOptions"),
+                        sent.value("PrintSettings", "com.kalmo.print.FaxOptions")));
+    const auto list = ReadPlist("<plist version=\"1.0\"><array><dict>" +
+                                text("FirstName", "Quendolyn") + text("FaxNumber", kNumber) +
+                                "</dict></array></plist>");
+    EXPECT_TRUE(
+        CFEqual(arrived.value("PrintSettings", "com.kalmo.print.FaxRecipientList"), list.get()));
+    EXPECT_EQ(arrived.text("PPDChoices", "KLMColor"), "BW");
+    EXPECT_TRUE(Contains(server.attributes(1, "bob"), "KLMColor=BW\n"));
+    for (const char* secret : {kPrefix, kCard, kNumber, "495559176246", "Quendolyn"}) {
+        EXPECT_EQ(server.leaks(1, secret), "") << secret;
+        EXPECT_FALSE(Contains(end.output + end.errors, secret)) << secret;
+    }
     EXPECT_TRUE(fs::is_empty(temporary_));
 }
 
