@@ -68,12 +68,14 @@ struct Windows : testing::Test {
             QWidget& widget = *WidgetFromWindow(window);
             EXPECT_EQ(WindowFaults(widget, Identities::needed), std::vector<std::string>());
             EXPECT_EQ(CutTexts(widget), std::vector<std::string>());
-            std::vector<std::string> texts = MnemonicTexts(widget);
-            if (!IsDialog(window)) {
-                const auto around = TextsAroundPane(getenv("LANGUAGE"), name == "PDE_Shell");
+            std::vector<std::string> around;
+            if (!IsDialog(window))
+                around = TextsAroundPane(getenv("LANGUAGE"), name == "PDE_Shell");
+            ForEachFront(widget, [&] {
+                std::vector<std::string> texts = MnemonicTexts(widget);
                 texts.insert(texts.end(), around.begin(), around.end());
-            }
-            EXPECT_EQ(RepeatedMnemonics(texts), std::vector<std::string>());
+                EXPECT_EQ(RepeatedMnemonics(texts), std::vector<std::string>());
+            });
             ++checked;
             DisposeWindow(window);
         }

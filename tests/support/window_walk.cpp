@@ -8,6 +8,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTabWidget>
 #include <cctype>
 #include <map>
 
@@ -53,6 +56,27 @@ std::string NameOf(const QWidget& widget) {
     return (QString(widget.metaObject()->className()) + " " + widget.objectName()).toStdString();
 }
 
+/// Each tab has a name, Tab comes to the row of them, and it has room for all.
+void CheckTabs(QTabWidget& tabs, Identities identities, std::vector<std::string>& faults) {
+    const std::string name = NameOf(tabs);
+    for (int page = 0; page < tabs.count(); ++page) {
+        if (tabs.tabText(page).isEmpty())
+            faults.push_back(name + " has no text for tab " + std::to_string(page + 1));
+    }
+    if (identities == Identities::needed && !HasIdentity(tabs))
+        faults.push_back(name + " has no identity");
+    if (!(tabs.tabBar()->focusPolicy() & Qt::TabFocus))
+        faults.push_back(name + " cannot be reached with Tab");
+}
+
+bool IsInFront(const QWidget& widget) {
+    const QWidget* view = &widget;
+    while (view && !qobject_cast<const QStackedWidget*>(view->parentWidget()))
+        view = view->parentWidget();
+    return !view ||
+           static_cast<const QStackedWidget*>(view->parentWidget())->currentWidget() == view;
+}
+
 }  // namespace
 
 std::vector<std::string> WindowFaults(QWidget& window, Identities identities) {
@@ -66,6 +90,7 @@ std::vector<std::string> WindowFaults(QWidget& window, Identities identities) {
         if (!IsPicture(*widget) && !IsArrows(*widget) && !(widget->focusPolicy() & Qt::TabFocus))
             faults.push_back(name + " cannot be reached with Tab");
     }
+    for (auto* tabs : window.findChildren<QTabWidget*>()) CheckTabs(*tabs, identities, faults);
     return faults;
 }
 
@@ -75,6 +100,9 @@ std::vector<std::string> CutTexts(QWidget& window) {
         const auto* label = qobject_cast<QLabel*>(widget);
         const bool hasText =
             qobject_cast<QAbstractButton*>(widget) || (label && !label->wordWrap());
+        const auto* tabs = qobject_cast<QTabWidget*>(widget);
+        if (tabs && tabs->width() < tabs->tabBar()->sizeHint().width())
+            cut.push_back(NameOf(*widget) + " has no room for its tabs");
         if (!hasText || widget->isHidden()) continue;
         const QSize wanted = widget->minimumSizeHint();
         if (widget->width() < wanted.width() || widget->height() < wanted.height())
@@ -83,13 +111,27 @@ std::vector<std::string> CutTexts(QWidget& window) {
     return cut;
 }
 
+void ForEachFront(QWidget& window, const std::function<void()>& visit) {
+    auto* const tabs = window.findChild<QTabWidget*>();
+    if (!tabs) return visit();
+    for (int page = 0; page < tabs->count(); ++page) {
+        tabs->setCurrentIndex(page);
+        visit();
+    }
+}
+
 std::vector<std::string> MnemonicTexts(QWidget& window) {
     std::vector<std::string> texts;
+    const auto add = [&texts](const QString& text) {
+        if (text.contains(u'&')) texts.push_back(text.toStdString());
+    };
     for (QWidget* widget : window.findChildren<QWidget*>()) {
         const auto* label = qobject_cast<QLabel*>(widget);
         const auto* button = qobject_cast<QAbstractButton*>(widget);
-        const QString text = label ? label->text() : button ? button->text() : QString();
-        if (text.contains(u'&')) texts.push_back(text.toStdString());
+        const auto* tabs = qobject_cast<QTabWidget*>(widget);
+        if (label && IsInFront(*label)) add(label->text());
+        if (button && IsInFront(*button)) add(button->text());
+        for (int page = 0; tabs && page < tabs->count(); ++page) add(tabs->tabText(page));
     }
     return texts;
 }

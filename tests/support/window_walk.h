@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,10 @@ enum class Identities { needed, notNeeded };
 /// One line for each label, button or check box that is narrower or lower than its text needs, in a
 /// window that is laid out.
 [[nodiscard]] std::vector<std::string> CutTexts(QWidget& window);
-/// The texts of labels, buttons and check boxes in `window` that have a letter of their own.
+/// Once for each tab of the window, with its page in front; once for a window without tabs.
+void ForEachFront(QWidget& window, const std::function<void()>& visit);
+/// The texts of tabs, labels, buttons and check boxes that have a letter of their own, without
+/// those on pages behind the one in front.
 [[nodiscard]] std::vector<std::string> MnemonicTexts(QWidget& window);
 /// One line for each letter that stands for two of the texts.
 [[nodiscard]] std::vector<std::string> RepeatedMnemonics(const std::vector<std::string>& texts);

@@ -39,6 +39,8 @@ void ReportUserChanges(QWidget& widget) {
         QObject::connect(spin, &QSpinBox::valueChanged, spin, report);
     } else if (auto* date = qobject_cast<QDateTimeEdit*>(&widget)) {
         QObject::connect(date, &QDateTimeEdit::dateTimeChanged, date, report);
+    } else if (auto* tabs = qobject_cast<QTabWidget*>(&widget)) {
+        QObject::connect(tabs, &QTabWidget::currentChanged, tabs, report);
     } else if (auto* slider = qobject_cast<QAbstractSlider*>(&widget)) {
         QObject::connect(slider, &QAbstractSlider::valueChanged, slider, [slider, report] {
             const QPointer<QWidget> alive = slider;
@@ -76,8 +78,18 @@ void EndHandlers(ControlState& state) {
     state.handlers.clear();
 }
 
+QTabWidget* TabsOf(const QWidget& page) {
+    const QWidget* const stack = page.parentWidget();
+    auto* const tabs = qobject_cast<QTabWidget*>(stack ? stack->parentWidget() : nullptr);
+    return tabs && tabs->indexOf(&page) >= 0 ? tabs : nullptr;
+}
+
 std::vector<QWidget*> Subviews(const QWidget& widget) {
     std::vector<QWidget*> views;
+    if (const auto* tabs = qobject_cast<const QTabWidget*>(&widget)) {
+        for (int page = 0; page < tabs->count(); ++page) views.push_back(tabs->widget(page));
+        return views;
+    }
     for (QObject* child : widget.children()) {
         auto* view = qobject_cast<QWidget*>(child);
         if (view && !view->isWindow() && !view->objectName().startsWith("qt_")) {

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QTabWidget>
 #include <QWidget>
 #include <memory>
 #include <optional>
@@ -70,7 +71,11 @@ void EndHandlers(ControlState& state);
     return !widget.isHidden() || !widget.testAttribute(Qt::WA_WState_ExplicitShowHide);
 }
 
-/// The widgets directly inside, without windows and without a widget's own inner parts.
+/// The widgets directly inside, without windows and without a widget's own inner parts; of tabs
+/// their pages.
 [[nodiscard]] std::vector<QWidget*> Subviews(const QWidget& widget);
+
+/// The tabs that the widget is a page of; null when it is none.
+[[nodiscard]] QTabWidget* TabsOf(const QWidget& page);
 
 }  // namespace toolbox

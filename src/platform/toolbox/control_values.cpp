@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <algorithm>
 #include <limits>
 
@@ -83,8 +84,27 @@ constexpr ValueKind kCheckKind = {
     nullptr,
 };
 
-constexpr const ValueKind* kKinds[] = {&kPopupKind, &kCheckKind, &kNumberKind<QSpinBox>,
-                                       &kNumberKind<SpinArrows>, &kNumberKind<QAbstractSlider>};
+constexpr ValueKind kTabsKind = {
+    [](const QWidget& widget) { return qobject_cast<const QTabWidget*>(&widget) != nullptr; },
+    [](const QWidget& widget) {
+        return SInt32{static_cast<const QTabWidget&>(widget).currentIndex() + 1};
+    },
+    [](QWidget& widget, SInt32 value) {
+        static_cast<QTabWidget&>(widget).setCurrentIndex(value - 1);
+    },
+    [](const QWidget& widget) {
+        const int count = static_cast<const QTabWidget&>(widget).count();
+        return Bounds{std::min(count, 1), count};
+    },
+    nullptr,
+};
+
+constexpr const ValueKind* kKinds[] = {&kPopupKind,
+                                       &kCheckKind,
+                                       &kTabsKind,
+                                       &kNumberKind<QSpinBox>,
+                                       &kNumberKind<SpinArrows>,
+                                       &kNumberKind<QAbstractSlider>};
 
 const ValueKind* KindOf(const QWidget* widget) {
     const auto* kind = std::ranges::find_if(

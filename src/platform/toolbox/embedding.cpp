@@ -106,7 +106,8 @@ ControlRef GetFirstSubcontrol(ControlRef control) {
 ControlRef GetNextSibling(ControlRef control) {
     QWidget* const widget = ToWidget(control);
     if (!widget || widget->isWindow()) return nullptr;
-    const std::vector<QWidget*> sisters = Subviews(*widget->parentWidget());
+    const QWidget* const tabs = TabsOf(*widget);
+    const std::vector<QWidget*> sisters = Subviews(tabs ? *tabs : *widget->parentWidget());
     const auto place = std::ranges::find(sisters, widget);
     return FirstOf(sisters, static_cast<std::size_t>(place - sisters.begin()) + 1);
 }

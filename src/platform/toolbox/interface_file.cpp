@@ -7,6 +7,8 @@
 #include <QSet>
 #include <QSpinBox>
 #include <QStringList>
+#include <QStyleOption>
+#include <QTabWidget>
 #include <QUiLoader>
 #include <QXmlStreamReader>
 #include <cstdio>
@@ -56,6 +58,24 @@ QWidget* MakeSpinBox(QWidget* parent) {
     return spin;
 }
 
+class Tabs final : public QTabWidget {
+public:
+    explicit Tabs(QWidget* parent) : QTabWidget(parent) {
+        setUsesScrollButtons(false);  // room for all of them
+    }
+
+    /// Qt gives the one in front its place when it is shown, and the others none.
+    void placePages() const {
+        QStyleOptionTabWidgetFrame frame;
+        initStyleOption(&frame);
+        const QRect place = style()->subElementRect(QStyle::SE_TabWidgetTabContents, &frame, this);
+        for (int page = 0; page < count(); ++page) {
+            widget(page)->resize(place.size());
+            if (QLayout* const layout = widget(page)->layout()) layout->invalidate();
+        }
+    }
+};
+
 template <typename Field>
 QWidget* MakeDateTimeField(QWidget* parent) {
     auto* const field = new Field(parent);
@@ -77,6 +97,7 @@ constexpr struct {
     {"AngleDial", Make<AngleDial>},
     {"QLabel", MakeLabel},
     {"QSpinBox", MakeSpinBox},
+    {"QTabWidget", Make<Tabs>},
     {"QLineEdit", Make<TextField>},
     {"TextArea", Make<TextArea>},
     {"ComboField", Make<ComboField>},
@@ -145,6 +166,7 @@ QString Identify(const QList<QWidget*>& widgets) {
 void LayOut(QWidget& widget) {
     widget.ensurePolished();
     if (widget.layout()) widget.layout()->activate();
+    if (const auto* tabs = dynamic_cast<const Tabs*>(&widget)) tabs->placePages();
     for (QWidget* view : Subviews(widget)) LayOut(*view);
 }
 

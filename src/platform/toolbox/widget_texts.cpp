@@ -5,8 +5,10 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRegularExpression>
+#include <QTabWidget>
 #include <cstdio>
 
+#include "toolbox/control_state.h"
 #include "toolbox/qt_strings.h"
 #include "toolbox/text_area.h"
 
@@ -52,6 +54,8 @@ void SetOwnText(QWidget& widget, const QString& text) {
         line->setText(text);
     } else if (auto* area = qobject_cast<TextArea*>(&widget)) {
         area->setPlainText(text);
+    } else if (QTabWidget* tabs = TabsOf(widget)) {
+        tabs->setTabText(tabs->indexOf(&widget), text);
     } else if (widget.isWindow()) {
         widget.setWindowTitle(text);
     }
@@ -63,6 +67,7 @@ QString OwnText(const QWidget& widget) {
     if (const auto* box = qobject_cast<const QGroupBox*>(&widget)) return box->title();
     if (const QLineEdit* line = LineOf(widget)) return line->text();
     if (const auto* area = qobject_cast<const TextArea*>(&widget)) return area->text();
+    if (const auto* tabs = TabsOf(widget)) return tabs->tabText(tabs->indexOf(&widget));
     return widget.isWindow() ? widget.windowTitle() : QString();
 }
 

@@ -9,7 +9,8 @@
 
 namespace toolbox {
 
-/// Title of buttons, boxes and windows, text of labels and fields. Others have none.
+/// Title of buttons, boxes, windows and tabs (at their pages), text of labels and fields. Others
+/// have none.
 void SetOwnText(QWidget& widget, const QString& text);
 [[nodiscard]] QString OwnText(const QWidget& widget);
 

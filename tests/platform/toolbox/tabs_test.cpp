@@ -1,0 +1,78 @@
+// Tabs: what is in front, where Tab goes, and what stands on the pages behind.
+#include "interface.h"
+#include "support/window_walk.h"
+
+namespace kalmo::test {
+namespace {
+
+std::string Page(const std::string& name, const std::string& content) {
+    return "<widget class=\"QWidget\" name=\"" + name + "\">" + StringProperty("textKey", name) +
+           "<layout class=\"QVBoxLayout\"><item>" + content + "</item></layout></widget>";
+}
+
+/// A field on each of two pages, and a button below.
+struct Tabs : testing::Test {
+    void SetUp() override {
+        ASSERT_EQ(interface.open(), noErr);
+        InstallControlEventHandler(tabs = interface.control(1), Recorder::Handle, 1, &kHit, &hit,
+                                   nullptr);
+    }
+
+    Interface interface {
+        WindowFile("<layout class=\"QVBoxLayout\"><item>" +
+                   WidgetText("QTabWidget", 1,
+                              Page("First", WidgetText("QLineEdit", 2)) +
+                                  Page("Second", WidgetText("TextArea", 3))) +
+                   "</item><item>" + WidgetText("QPushButton", 4) + "</item></layout>"),
+            R"("First" = "&First"; "Second" = "&Second";)"
+    };
+    ControlRef tabs = nullptr;
+    std::string record;
+    Recorder hit{'h', &record};
+};
+
+TEST_F(Tabs, OnlyTheUserBringsAnotherToTheFrontWithAHit) {
+    const auto widget = interface.widget<QTabWidget>(1);
+    for (const auto& [value, front] : {std::pair{2, 2}, {9, 2}, {-1, 1}}) {
+        SetControl32BitValue(tabs, value);
+        EXPECT_EQ(GetControl32BitValue(tabs), front);
+        EXPECT_EQ(widget->currentWidget()->objectName(), front == 1 ? "First" : "Second");
+    }
+    Activate(*interface.windowWidget());
+    EXPECT_EQ(record, "");
+    QTest::keyClick(widget, Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(GetControl32BitValue(tabs), 2);
+    interface.widget(3)->setFocus();
+    QTest::keyClick(interface.widget(3), Qt::Key_PageUp, Qt::ControlModifier);
+    QTest::keyClick(interface.widget(3), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(GetControl32BitValue(tabs), 1);
+    EXPECT_EQ(record, "hh");
+}
+
+TEST_F(Tabs, TabGoesThroughTheRowThePageInFrontAndTheRest) {
+    Activate(*interface.windowWidget());
+    QWidget* const row = interface.widget<QTabWidget>(1)->tabBar();
+    for (const SInt32 page : {1, 2}) {
+        SetControl32BitValue(tabs, page);
+        SetKeyboardFocus(tabs);
+        EXPECT_TRUE(HasKeyboardFocus(tabs));
+        for (QWidget* next : {interface.widget(page + 1), interface.widget(4), row}) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            EXPECT_EQ(QApplication::focusWidget(), next);
+        }
+    }
+}
+
+TEST_F(Tabs, PagesBehindAreLaidOutAndPartsOfTheWindow) {
+    const QSize front = interface.widget(2)->size();
+    EXPECT_EQ(interface.widget(3)->width(), front.width());
+    EXPECT_EQ(interface.widget(3)->parentWidget()->height(),
+              interface.widget(2)->parentWidget()->height());
+    const ControlRef first = GetFirstSubcontrol(tabs);
+    EXPECT_EQ(TakeText(CopyControlTitleAsCFString(GetNextSibling(first))), "&Second");
+    EXPECT_EQ(MnemonicTexts(*interface.windowWidget()),
+              (std::vector<std::string>{"&First", "&Second"}));
+}
+
+}  // namespace
+}  // namespace kalmo::test
