@@ -125,6 +125,20 @@ void DrawToFit(QPainter& painter, Picture& picture, const QRectF& bounds) {
     painter.restore();
 }
 
+/// A line as wide as so many pixels of the control, one of the screen's at least, just inside.
+OSStatus FillEdge(QPainter& painter, const Rect& bounds, double width, const QColor& color) {
+    const QRect place = PlaceOf(bounds);
+    if (place.isEmpty()) return paramErr;
+    const PixelGrid grid(painter);
+    const QRect outside = grid.pixelsOf(place);
+    const double scale = static_cast<double>(outside.width()) / place.width();
+    const int line = std::max(1, qRound(width * scale));
+    for (const QRect& side : QRegion(outside) - outside.adjusted(line, line, -line, -line)) {
+        painter.fillRect(grid.placeOf(side), color);
+    }
+    return noErr;
+}
+
 std::shared_ptr<Picture> ReadPicture(const QByteArray& bytes) {
     return IsDrawing(bytes) ? ReadDrawing(bytes) : ReadRaster(bytes);
 }
@@ -173,15 +187,11 @@ OSStatus DrawImageInRect(DrawingRef drawing, CGImageRef image, const Rect& bound
 }
 
 OSStatus FrameRect(DrawingRef drawing, const Rect& bounds) {
-    const QRect place = PlaceOf(bounds);
-    if (!drawing || place.isEmpty()) return paramErr;
-    const PixelGrid grid(drawing->painter);
-    const QRect outside = grid.pixelsOf(place);
-    const int line = std::max(1, grid.pixelsOf({0, 0, 1, 1}).width());
-    for (const QRect& side : QRegion(outside) - outside.adjusted(line, line, -line, -line)) {
-        drawing->painter.fillRect(grid.placeOf(side), FrameColor(drawing->palette));
-    }
-    return noErr;
+    return drawing ? FillEdge(drawing->painter, bounds, 1, FrameColor(drawing->palette)) : paramErr;
+}
+
+OSStatus StrokeRect(DrawingRef drawing, const Rect& bounds, double width) {
+    return drawing ? FillEdge(drawing->painter, bounds, width / 2, Qt::black) : paramErr;
 }
 
 double GetControlScale(ControlRef control) {

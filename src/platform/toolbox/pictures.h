@@ -21,6 +21,8 @@ OSStatus DrawPictureInRect(DrawingRef drawing, PictureRef picture, const Rect& b
 OSStatus DrawImageInRect(DrawingRef drawing, CGImageRef image, const Rect& bounds);
 /// A line around `bounds`, just inside, that is seen on white and on the theme's ground.
 OSStatus FrameRect(DrawingRef drawing, const Rect& bounds);
+/// The inner half of a black line along the edge of `bounds`; `width` in pixels of the control.
+OSStatus StrokeRect(DrawingRef drawing, const Rect& bounds, double width);
 /// How many pixels of its screen make one pixel of the control; 1 for null.
 [[nodiscard]] double GetControlScale(ControlRef control);
 
