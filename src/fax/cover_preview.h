@@ -1,33 +1,29 @@
-// The cover sheet in a picture control, drawn anew after each change on a thread of its own: of the
-// changes made meanwhile only the last is drawn.
+// The cover sheet of a fax in a picture control.
 #pragma once
 
-#include <memory>
-
 #include "fax/cover_sheet.h"
-#include "graphics/image.h"
-#include "toolbox/events.h"
-#include "toolbox/worker.h"
+#include "watermark/page_preview.h"
 
 namespace kalmo {
 
-/// UI thread only.
-class FaxCoverPreview final {
+class FaxCoverPreview final : public PagePreview {
 public:
     FaxCoverPreview();
-    ~FaxCoverPreview();
-    FaxCoverPreview(const FaxCoverPreview&) = delete;
-    FaxCoverPreview& operator=(const FaxCoverPreview&) = delete;
 
-    /// Where it is drawn; its draw events come to draw(). Null: nowhere.
-    void setControl(ControlRef control) { control_ = control; }
-    void show(const CoverSheet& cover);
-    /// Answers a draw event of the control.
-    OSStatus draw(EventRef event);
+    /// `bundle` has the words for those who cannot see it: they become the control's description.
+    void show(const CoverSheet& cover, CFBundleRef bundle);
 
 private:
-    ControlRef control_ = nullptr;
-    WorkerRef worker_ = nullptr;
+    class Drawing;
+
+    [[nodiscard]] std::shared_ptr<PageDrawing> createDrawing() const override;
+    void drawingArrived(PageDrawing& drawing) override;
+    OSStatus drawFrame(DrawingRef drawing, const Rect& place) const override;
+    void describe(bool imageIsMissing) const;
+
+    Owned<CFBundleRef> bundle_;
+    std::shared_ptr<const CoverSheet> cover_;
+    std::shared_ptr<PreviewDesk> desk_;
 };
 
 /// Assembles the cover from the state and shows it.

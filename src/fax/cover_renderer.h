@@ -12,7 +12,8 @@ struct CoverSection {
 };
 
 /// One page, from the consumer's first byte; the images decoded before are kept in `pictures` (may
-/// be null). noErr when every byte was taken; a picture that cannot be read is left out.
+/// be null). noErr when every byte was taken; fnfErr or noCodecErr when that is so for a page whose
+/// picture cannot be read and is left out.
 OSStatus DrawFaxCover(CGDataConsumerRef consumer, const CGRect& pageRect,
                       const CoverSection& sender, const CoverSection& recipients,
                       const CoverSection& notes, _WatermarkData* watermark,

@@ -1,12 +1,9 @@
 // What the cover sheet of a fax says: its texts, its paper, its image.
 #pragma once
 
-#include <memory>
-
 #include "fax/fax_recipient_list.h"
 #include "foundation/bundle.h"
 #include "graphics/geometry.h"
-#include "watermark/watermark_data.h"
 
 namespace kalmo {
 
@@ -19,18 +16,23 @@ struct CoverSheetState {
     SInt32 imageIndex = 1;  // the chosen item of the cover image menu
 };
 
-/// Texts are null when there are none.
+/// Null where there is nothing to say. Nothing in it changes any more, so that another thread may
+/// draw it.
 struct CoverSheet {
     CGSize page{};
     Owned<CFStringRef> senderLabel, senderText, recipientsLabel, recipientsText, notesLabel,
         notesText;
-    std::shared_ptr<const _WatermarkData> image;  // without glyphs; null: none
+    Owned<CFStringRef> imageName;  // in kFaxImageStore
 };
 
 /// 612 x 792 for 1, else 595 x 842.
 [[nodiscard]] CGSize FaxCoverPageSize(SInt32 size);
-/// The image comes from its store file.
+/// Reads no file: whoever draws loads the image.
 [[nodiscard]] CoverSheet AssembleCoverSheet(const CoverSheetState& state);
+/// The cover in words, for those who cannot see it; long texts are cut. `imageIsMissing`: it could
+/// not be drawn.
+[[nodiscard]] Owned<CFStringRef> DescribeCoverSheet(CFBundleRef bundle, const CoverSheet& cover,
+                                                    bool imageIsMissing);
 
 /// The sender's details that are given, a line each. The caller releases it.
 [[nodiscard]] CFStringRef CreateLANFaxSenderInformation(
