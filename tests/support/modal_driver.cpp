@@ -15,7 +15,9 @@ constexpr qint64 kPatienceMs = 5000;
 
 QWidget* WaitingWindow() {
     QWidget* const popup = QApplication::activePopupWidget();
-    return popup ? popup : QApplication::activeModalWidget();
+    QWidget* const window = popup ? popup : QApplication::activeModalWidget();
+    // What holds up the others but is not to be seen yet cannot be answered.
+    return window && window->testAttribute(Qt::WA_DontShowOnScreen) ? nullptr : window;
 }
 
 }  // namespace

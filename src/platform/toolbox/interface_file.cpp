@@ -23,6 +23,7 @@
 #include "toolbox/picture_control.h"
 #include "toolbox/popup_button.h"
 #include "toolbox/qt_strings.h"
+#include "toolbox/search_field.h"
 #include "toolbox/spin_arrows.h"
 #include "toolbox/text_area.h"
 #include "toolbox/text_field.h"
@@ -99,6 +100,7 @@ constexpr struct {
     {"QSpinBox", MakeSpinBox},
     {"QTabWidget", Make<Tabs>},
     {"QLineEdit", Make<TextField>},
+    {"SearchField", Make<SearchField>},
     {"TextArea", Make<TextArea>},
     {"ComboField", Make<ComboField>},
     {"ListView", Make<ListView>},

@@ -21,6 +21,10 @@ void ListModel::addColumn(OSType column, const QString& title) {
     endInsertColumns();
 }
 
+OSType ListModel::columnAt(int place) const {
+    return place >= 0 && place < columnCount() ? columns_[static_cast<std::size_t>(place)].type : 0;
+}
+
 bool ListModel::addRows(const std::vector<ListItem>& items, Rows& rows) {
     rows.reserve(rows.size() + static_cast<qsizetype>(items.size()));
     for (const ListItem item : items) {

@@ -15,6 +15,8 @@ public:
 
     void setTextProc(ListTextProc proc, void* userData);
     void addColumn(OSType column, const QString& title);
+    /// 0 outside.
+    [[nodiscard]] OSType columnAt(int place) const;
 
     /// False, and nothing changes, when an item is 0, twice among them, or already there.
     [[nodiscard]] bool append(const std::vector<ListItem>& items);

@@ -32,6 +32,15 @@ void SetListSelectsMany(ControlRef control, Boolean many) {
     if (ListView* const list = ListOf(control)) list->setSelectsMany(many);
 }
 
+void SetListSortable(ControlRef control, Boolean sortable) {
+    if (ListView* const list = ListOf(control)) list->setSortable(sortable);
+}
+
+ListSort GetListSort(ControlRef control) {
+    const ListView* const list = ListOf(control);
+    return list ? list->sort() : ListSort();
+}
+
 OSStatus AddListItems(ControlRef control, const std::vector<ListItem>& items) {
     ListView* const list = ListOf(control);
     return list && list->items().append(items) ? noErr : paramErr;
@@ -70,6 +79,10 @@ ListItem GetListSelectionAnchor(ControlRef control) {
     const std::vector<ListItem>& selected = list->selectedItems();
     const bool standsOnOne = std::ranges::find(selected, list->currentItem()) != selected.end();
     return standsOnOne ? list->currentItem() : selected.front();
+}
+
+void ScrollListToTop(ControlRef control) {
+    if (ListView* const list = ListOf(control)) list->scrollToTop();
 }
 
 void RevealListItem(ControlRef control, ListItem item) {

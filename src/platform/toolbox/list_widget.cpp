@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QSet>
 #include <QToolTip>
@@ -86,6 +87,10 @@ ListView::ListView(QWidget* parent) : QTreeView(parent), model_(new ListModel(*t
     header()->setObjectName(QStringLiteral("qt_list_header"));  // an inner part, no view
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
+    header()->setSortIndicatorClearable(true);
+    connect(header(), &QHeaderView::sortIndicatorChanged, this, [this] {
+        if (!isQuiet_) SendEventToControl(ToControl(this), kEventClassList, kEventListSortChanged);
+    });
     connect(header(), &QHeaderView::sectionResized, this, &ListView::stretchLastColumn);
 }
 
@@ -116,6 +121,18 @@ void ListView::resizeEvent(QResizeEvent* event) {
 void ListView::setSelectsMany(bool many) {
     setSelectionMode(many ? ExtendedSelection : SingleSelection);
     selectItems(std::vector(selected_));
+}
+
+void ListView::setSortable(bool sortable) {
+    const Quietly quietly(*this);
+    header()->setSortIndicator(-1, Qt::AscendingOrder);
+    header()->setSortIndicatorShown(sortable);
+    header()->setSectionsClickable(sortable);
+}
+
+ListSort ListView::sort() const {
+    const OSType column = model_->columnAt(header()->sortIndicatorSection());
+    return {column, column != 0 && header()->sortIndicatorOrder() == Qt::DescendingOrder};
 }
 
 bool ListView::setItems(const std::vector<ListItem>& items) {
@@ -246,21 +263,54 @@ bool ListView::showWholeText(const QHelpEvent& event) {
 
 /// Return that opens nothing goes on to the default button.
 void ListView::keyPressEvent(QKeyEvent* event) {
-    if (IsReturn(*event) && selected_.size() == 1 && open()) return;
+    if (IsReturn(*event) && selected_.size() == 1 && open(kEventListItemOpened)) return;
     QTreeView::keyPressEvent(event);
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent* event) {
+    const bool isAsked = event->reason() == QContextMenuEvent::Keyboard;
+    isAsked&& header()->sectionsClickable() ? chooseSort() : QTreeView::contextMenuEvent(event);
+}
+
+/// To choose a title does what to press it does.
+void ListView::chooseSort() {
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (int place = 0; place < model_->columnCount(); ++place) {
+        const QString text = model_->headerData(place, Qt::Horizontal, Qt::DisplayRole).toString();
+        QAction* const title = menu->addAction(QString(text).replace(u'&', QStringLiteral("&&")));
+        title->setCheckable(true);
+        title->setChecked(place == header()->sortIndicatorSection());
+        connect(title, &QAction::triggered, this, [this, place] { pressTitle(place); });
+    }
+    menu->popup(viewport()->mapToGlobal(QPoint()));
+}
+
+/// Ascending, descending, not sorted.
+void ListView::pressTitle(int place) {
+    const bool isSorted = place == header()->sortIndicatorSection();
+    if (isSorted && sort().isDescending) {
+        header()->setSortIndicator(-1, Qt::AscendingOrder);
+    } else {
+        header()->setSortIndicator(place, isSorted ? Qt::DescendingOrder : Qt::AscendingOrder);
+    }
 }
 
 void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
     QTreeView::mouseDoubleClickEvent(event);
+    if (event->button() != Qt::LeftButton) return;
     const QModelIndex cell = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && selectionModel()->isSelected(cell)) (void)open();
+    if (!cell.isValid()) {
+        (void)open(kEventListGroundOpened);
+    } else if (selectionModel()->isSelected(cell)) {
+        (void)open(kEventListItemOpened);
+    }
 }
 
-bool ListView::open() {
+bool ListView::open(UInt32 kind) {
     const QPointer<ListView> self = this;
     sendNews();
-    return self && SendEventToControl(ToControl(this), kEventClassList, kEventListItemOpened) !=
-                       eventNotHandledErr;
+    return self && SendEventToControl(ToControl(this), kEventClassList, kind) != eventNotHandledErr;
 }
 
 }  // namespace toolbox

@@ -17,6 +17,8 @@ public:
     [[nodiscard]] ListModel& items() const { return *model_; }
     void addColumn(OSType column, const QString& title, int width);
     void setSelectsMany(bool many);
+    void setSortable(bool sortable);
+    [[nodiscard]] ListSort sort() const;
     /// False, and nothing changes, for items that a list cannot have.
     [[nodiscard]] bool setItems(const std::vector<ListItem>& items);
 
@@ -32,6 +34,8 @@ protected:
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// Of the keyboard: the columns to sort by, as their titles cannot be reached with it.
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
@@ -44,7 +48,9 @@ private:
     bool withoutReports(const Handle& handle);
     void report();
     void sendNews();
-    [[nodiscard]] bool open();
+    [[nodiscard]] bool open(UInt32 kind);
+    void chooseSort();
+    void pressTitle(int place);
     [[nodiscard]] bool showWholeText(const QHelpEvent& event);
     void stretchLastColumn();
     [[nodiscard]] std::vector<ListItem> itemsInSight() const;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QHash>
 #include <QKeyEvent>
+#include <QTimer>
 #include <QWindow>
 
 #include "system/presence.h"
@@ -46,14 +47,18 @@ ModalLoop::~ModalLoop() {
 
 ModalLoop* ModalLoop::Of(const QWidget& window) { return RunningLoops().value(&window); }
 
-SInt32 ModalLoop::run(QWidget* owner) {
+SInt32 ModalLoop::run(QWidget* owner, std::chrono::milliseconds unseen) {
     const QPointer<QWidget> focus = QApplication::focusWidget();
     window_->setWindowModality(Qt::ApplicationModal);
     if (!owner) owner = QApplication::activeWindow();
     if (owner) placeOver(*owner->window());
-    window_->show();
-    window_->raise();
-    window_->activateWindow();
+    if (unseen.count() > 0) {
+        window_->setAttribute(Qt::WA_DontShowOnScreen);
+        window_->show();
+        QTimer::singleShot(unseen, this, &ModalLoop::appear);
+    } else {
+        appear();
+    }
     loop_.exec(QEventLoop::DialogExec);
     if (window_) {
         window_->hide();
@@ -61,6 +66,16 @@ SInt32 ModalLoop::run(QWidget* owner) {
     }
     if (focus) focus->setFocus(Qt::ActiveWindowFocusReason);
     return result_;
+}
+
+void ModalLoop::appear() {
+    if (window_->testAttribute(Qt::WA_DontShowOnScreen)) {
+        window_->hide();
+        window_->setAttribute(Qt::WA_DontShowOnScreen, false);
+    }
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
 }
 
 void ModalLoop::quit(SInt32 result) {

@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QPointer>
 #include <QWidget>
+#include <chrono>
 
 #include "toolbox/windows.h"
 
@@ -16,8 +17,9 @@ public:
     explicit ModalLoop(QWidget& window);
     ~ModalLoop() override;
 
-    /// Shows the window over `owner` (may be null); returns when quit, closed or destroyed.
-    [[nodiscard]] SInt32 run(QWidget* owner);
+    /// Shows the window over `owner` (null: the active window); returns when quit, closed or
+    /// destroyed. While it is `unseen` it holds up the others already.
+    [[nodiscard]] SInt32 run(QWidget* owner, std::chrono::milliseconds unseen = {});
     void quit(SInt32 result);
 
     /// The loop that runs for `window`, null when none does.
@@ -29,6 +31,7 @@ protected:
 private:
     bool pressKey(int key);
     void placeOver(QWidget& owner);
+    void appear();
 
     QPointer<QWidget> window_;
     QEventLoop loop_;

@@ -9,7 +9,7 @@ namespace toolbox {
 
 /// What comes from elsewhere than single keys holds no control characters: line breaks at its ends
 /// are left out, others become spaces.
-class TextField final : public QLineEdit, public TextInput {
+class TextField : public QLineEdit, public TextInput {
     Q_OBJECT
 
 public:
