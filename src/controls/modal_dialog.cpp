@@ -40,7 +40,9 @@ OSStatus ModalDialog::open() {
     OSStatus status = OpenNib(bundle_, source_.file, &nib);
     if (status == noErr) status = OpenNibWindow(nib, source_.window, &window_);
     if (status != noErr) return status;
-    if (source_.titleKey) SetWindowTitleWithCFString(window(), CopyText(bundle_, source_.titleKey));
+    if (source_.titleKey)
+        SetWindowTitleWithCFString(window(),
+                                   CopyText(bundle_, source_.titleKey, source_.titleTable));
     return InstallWindowEventHandler(window(), HandleEvent, std::size(kEvents), kEvents, this,
                                      &handler_);
 }

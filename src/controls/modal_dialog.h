@@ -26,11 +26,11 @@ public:
 
 protected:
     /// Lent names: the interface file, the window in it, the help page; 0: no picture; the key of
-    /// the window's title, null: the interface file's own.
+    /// the window's title, null: the interface file's own, and its table, null: "Localizable".
     struct Source {
         CFStringRef file, window, helpPage;
         SInt32 picture = 0;
-        CFStringRef titleKey = nullptr;
+        CFStringRef titleKey = nullptr, titleTable = nullptr;
     };
     /// A picture file of the bundle, and the key of the words that say the same.
     struct Illustration {
