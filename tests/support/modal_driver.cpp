@@ -38,7 +38,8 @@ void ModalDriver::look() {
     if (seen == seen_.end()) {
         seen_.append({window, now});
         window->installEventFilter(this);
-        answer(*window);
+        // Later, so that the timer can fire again: an answer may open another window.
+        QTimer::singleShot(0, window, [this, window] { answer(*window); });
     } else if (now - seen->since > kPatienceMs) {
         seen->since = now;
         dismiss(*window, "stayed open");
