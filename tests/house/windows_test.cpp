@@ -47,8 +47,8 @@ std::vector<std::string> TextsAroundPane(const std::string& language, bool isFra
 }
 
 bool IsDialog(WindowRef window) {
-    ControlRef cancel = nullptr;
-    return GetWindowCancelButton(window, &cancel) == noErr && cancel;
+    ControlRef button = nullptr;
+    return GetWindowDefaultButton(window, &button) == noErr && button;
 }
 
 CFStringRef Text(const QString& text) { return CFStringMakeConstant(qUtf8Printable(text)); }
