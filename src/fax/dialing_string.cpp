@@ -5,13 +5,19 @@
 namespace kalmo {
 namespace {
 
+Owned<CFCharacterSetRef> SetOf(CFStringRef characters) {
+    return Owned<CFCharacterSetRef>::Adopt(
+        CFCharacterSetCreateWithCharactersInString(kCFAllocatorDefault, characters));
+}
+
 /// Made with the plug-in, and gone with it.
-const auto kDialingCharacters = Owned<CFCharacterSetRef>::Adopt(
-    CFCharacterSetCreateWithCharactersInString(kCFAllocatorDefault, kFaxDialingCharacters));
+const auto kDialingCharacters = SetOf(kFaxDialingCharacters);
+const auto kDigits = SetOf(CFSTR("0123456789"));
 
 }  // namespace
 
 const CFCharacterSetRef kFaxDialingCharacterSet = kDialingCharacters;
+const CFCharacterSetRef kFaxDigitSet = kDigits;
 
 CFStringRef CopyDialingStringFromFaxNumber(CFStringRef faxNumber) {
     std::basic_string<UniChar> dialed;

@@ -9,6 +9,8 @@ namespace kalmo {
 #define kFaxDialingCharacters CFSTR("0123456789*#=:!,/S$<>ABCD")
 /// Exactly those characters.
 extern const CFCharacterSetRef kFaxDialingCharacterSet;
+/// 0 to 9, of which a mailbox and a credit card number consist.
+extern const CFCharacterSetRef kFaxDigitSet;
 
 /// Prefix, credit card number and fax number together; so many are allowed.
 inline constexpr CFIndex kMaxDialingString = 50;
