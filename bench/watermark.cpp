@@ -7,55 +7,19 @@
 
 #include <QApplication>
 #include <QBuffer>
-#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QPdfDocument>
-#include <QTemporaryDir>
-#include <QVBoxLayout>
 #include <cstring>
-#include <memory>
-#include <random>
-#include <stdexcept>
 
-#include "foundation/bundle.h"
-#include "toolbox/host.h"
-#include "toolbox/windows.h"
+#include "preview_window.h"
 #include "watermark/watermark_preview.h"
 
 namespace {
 
-constexpr QSizeF kPage(612, 792);
+using namespace kalmo::bench;
 
-const QTemporaryDir& Folder() {
-    static const QTemporaryDir folder;
-    return folder;
-}
-
-void Write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(bytes);
-}
-
-/// Twelve megapixels of shapes and grain, as a camera writes them.
-const QString& Photograph() {
-    static const QString path = [] {
-        QImage image(4000, 3000, QImage::Format_RGB32);
-        std::minstd_rand random(1);
-        for (int y = 0; y < image.height(); ++y) {
-            auto* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
-            for (int x = 0; x < image.width(); ++x) {
-                const int grain = static_cast<int>(random() % 24);
-                row[x] = qRgb(x / 20 + grain, y / 16 + grain, (x ^ y) / 32 + grain);
-            }
-        }
-        const QString file = Folder().filePath("photograph.jpg");
-        image.save(file, "jpeg", 92);
-        return file;
-    }();
-    return path;
-}
+constexpr QSizeF kPage(kPageWidth, kPageHeight);
 
 /// What both ways draw: a text that turns, or the photograph at a size that changes.
 struct Change {
@@ -67,74 +31,11 @@ struct Change {
     [[nodiscard]] int scale() const { return leastScale + step; }
 };
 
-constexpr char kInterface[] =
-    "<ui version='4.0'><class>Panel</class><widget class='QWidget' name='Panel'>"
-    "<widget class='QWidget' name='Window'><widget class='PictureControl' name='picture'>"
-    "<property name='controlSignature' stdset='0'><string>KPDE</string></property>"
-    "<property name='controlID' stdset='0'><number>1</number></property>"
-    "</widget></widget></widget></ui>";
-
-/// A window with one picture control, all of it a preview.
-class PreviewWindow {
-public:
-    explicit PreviewWindow(int height) {
-        const QString contents = Folder().filePath("Bench.plugin/Contents");
-        QDir().mkpath(contents + "/Resources");
-        Write(contents + "/Info.plist",
-              "<plist version='1.0'><dict><key>CFBundleIdentifier</key><string>bench</string>"
-              "</dict></plist>");
-        Write(contents + "/Resources/Panel.ui", kInterface);
-        const auto path = Owned<CFStringRef>::Adopt(
-            CFStringCreateFromUTF8(Folder().filePath("Bench.plugin").toStdString()));
-        const auto url = Owned<CFURLRef>::Adopt(CFURLCreateWithFileSystemPath(nullptr, path, true));
-        bundle_ = Owned<CFBundleRef>::Adopt(CFBundleCreate(nullptr, url));
-        ControlRef control = nullptr;
-        if (CreateNibReferenceWithCFBundle(bundle_, CFSTR("Panel"), &nib_) != noErr ||
-            CreateWindowFromNib(nib_, CFSTR("Window"), &window_) != noErr ||
-            GetControlByID(window_, {'KPDE', 1}, &control) != noErr)
-            throw std::runtime_error("the window cannot be made");
-        const EventTypeSpec draw = {kEventClassControl, kEventControlDraw};
-        InstallControlEventHandler(control, &PreviewWindow::draw, 1, &draw, this, nullptr);
-        preview_.setControl(control);
-        QWidget* const window = WidgetFromWindow(window_);
-        window->resize(height * 612 / 792, height);
-        WidgetFromControl(control)->setGeometry(window->rect());
-        window->show();
-        QCoreApplication::processEvents();
-    }
-    ~PreviewWindow() {
-        DisposeWindow(window_);
-        DisposeNibReference(nib_);
-    }
-    PreviewWindow(const PreviewWindow&) = delete;
-    PreviewWindow& operator=(const PreviewWindow&) = delete;
-
-    /// Returns when the drawing of the change is on the screen.
-    void show(const kalmo::_WatermarkData& record) {
-        isDrawn_ = isShown_ = false;
-        preview_.show(record, kalmo::kDefaultWatermarkPage);
-        while (!isShown_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-
-private:
-    static OSStatus draw(EventHandlerCallRef, EventRef event, void* self) {
-        auto& window = *static_cast<PreviewWindow*>(self);
-        window.isShown_ = window.isDrawn_;
-        return window.preview_.draw(event);
-    }
-
-    Owned<CFBundleRef> bundle_;
-    IBNibRef nib_ = nullptr;
-    WindowRef window_ = nullptr;
-    bool isDrawn_ = false, isShown_ = false;
-    kalmo::WatermarkPreview preview_{[this](const kalmo::_WatermarkData&, OSStatus status) {
-        if (status != noErr) throw std::runtime_error("the watermark cannot be drawn");
-        isDrawn_ = true;
-    }};
-};
-
 void Preview(benchmark::State& state, const char* text, int leastScale) {
-    PreviewWindow window(static_cast<int>(state.range(0)));
+    kalmo::WatermarkPreview preview([](const kalmo::_WatermarkData&, OSStatus status) {
+        if (status != noErr) throw std::runtime_error("the watermark cannot be drawn");
+    });
+    PreviewWindow window(preview, static_cast<int>(state.range(0)));
     kalmo::WatermarkHolder record;
     kalmo::setDefaultValues(*record, 0);
     std::strcpy(record->textString, text);
@@ -145,7 +46,7 @@ void Preview(benchmark::State& state, const char* text, int leastScale) {
         change.next();
         record->angle = change.angle();
         record->scale = change.scale();
-        window.show(*record);
+        window.show([&] { preview.show(*record, kalmo::kDefaultWatermarkPage); });
     };
     show();
     for (auto _ : state) show();

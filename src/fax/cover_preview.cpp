@@ -46,7 +46,7 @@ FaxCoverPreview::FaxCoverPreview()
 void FaxCoverPreview::show(const CoverSheet& cover, CFBundleRef bundle) {
     bundle_ = Owned<CFBundleRef>::Retain(bundle);
     cover_ = std::make_shared<const CoverSheet>(cover);
-    describe(false);
+    describe();
     PagePreview::show(cover.page);
 }
 
@@ -55,7 +55,10 @@ std::shared_ptr<PageDrawing> FaxCoverPreview::createDrawing() const {
 }
 
 void FaxCoverPreview::drawingArrived(PageDrawing& drawing) {
-    if (static_cast<Drawing&>(drawing).imageIsMissing) describe(true);
+    const bool isMissing = static_cast<Drawing&>(drawing).imageIsMissing;
+    if (isMissing == imageIsMissing_) return;
+    imageIsMissing_ = isMissing;
+    describe();
 }
 
 OSStatus FaxCoverPreview::drawFrame(DrawingRef drawing, const Rect& place) const {
@@ -63,9 +66,9 @@ OSStatus FaxCoverPreview::drawFrame(DrawingRef drawing, const Rect& place) const
     return StrokeRect(drawing, place, kFrameWidth * pixelsPerPoint);
 }
 
-void FaxCoverPreview::describe(bool imageIsMissing) const {
+void FaxCoverPreview::describe() const {
     SetControlAccessibleDescription(control(),
-                                    DescribeCoverSheet(bundle_, *cover_, imageIsMissing));
+                                    DescribeCoverSheet(bundle_, *cover_, imageIsMissing_));
 }
 
 void DrawFaxCoverPreview(FaxCoverPreview& preview, const CoverSheetState& state) {

@@ -19,10 +19,11 @@ private:
     [[nodiscard]] std::shared_ptr<PageDrawing> createDrawing() const override;
     void drawingArrived(PageDrawing& drawing) override;
     OSStatus drawFrame(DrawingRef drawing, const Rect& place) const override;
-    void describe(bool imageIsMissing) const;
+    void describe() const;
 
     Owned<CFBundleRef> bundle_;
     std::shared_ptr<const CoverSheet> cover_;
+    bool imageIsMissing_ = false;  // as far as is known
     std::shared_ptr<PreviewDesk> desk_;
 };
 

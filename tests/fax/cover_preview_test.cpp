@@ -1,0 +1,60 @@
+#include "fax/cover_preview.h"
+
+#include "platform/toolbox/interface.h"
+#include "support/dictionaries.h"
+#include "support/drawn_page.h"
+#include "watermark/fresh_store.h"
+#include "watermark/watermark_store.h"
+
+namespace kalmo::test {
+namespace {
+
+OSStatus Draw(EventHandlerCallRef, EventRef event, void* preview) {
+    return static_cast<FaxCoverPreview*>(preview)->draw(event);
+}
+
+QImage Drawn(QWidget* control) {
+    QImage image(control->size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    control->render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+TEST(CoverPreview, ShowsTheLastStateInAFrameAndSaysWhatItShows) {
+    FreshStore();
+    Interface interface(WindowFile(WidgetText("PictureControl", 1, Geometry(0, 0, 612, 792))));
+    ASSERT_EQ(interface.open(), noErr);
+    QWidget* const control = interface.widget(1);
+    FaxCoverPreview preview;
+    preview.setControl(interface.control(1));
+    const EventTypeSpec draw = {kEventClassControl, kEventControlDraw};
+    InstallControlEventHandler(interface.control(1), Draw, 1, &draw, &preview, nullptr);
+    const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
+    const auto show = [&](const char* options, const std::string& notes) {
+        DrawFaxCoverPreview(preview, {bundle, Dictionary(options), nullptr, String(notes), 2});
+    };
+    const auto says = [&](const std::string& words) {
+        return Wait([&] { return control->accessibleDescription().toStdString() == words; });
+    };
+    const auto shows = [&](const QColor& color) {
+        return Wait([&] { return Drawn(control).pixelColor(306, 396) == color; });
+    };
+    for (int i = 0; i < 50; ++i) show("WatermarkName=W", "early");
+    EXPECT_TRUE(
+        says("Cover sheet on Letter paper\nNotes: early\nWithout the image “W”, which "
+             "cannot be read"));
+    WatermarkHolder image;
+    setDefaultValues(*image, 0);
+    std::strcpy(image->textString, "\u2588"), image->textMode = 1, image->density = 100;
+    saveWatermarkData(kFaxImageStore, *image);
+    show("WatermarkName=\u2588", "");
+    EXPECT_TRUE(says("Cover sheet on Letter paper\nWith the image “█”") && shows(Qt::blue));
+    EXPECT_EQ(Drawn(control).pixelColor(1, 400), QColor(Qt::black));
+    EXPECT_EQ(Drawn(control).pixelColor(4, 400), QColor(Qt::white)) << "half lies outside";
+    show("Size=2", "");
+    EXPECT_TRUE(says("Cover sheet on A4 paper") && shows(Qt::white));
+    EXPECT_NEAR(InkOf(Drawn(control)).size.width, 792 * 595.0 / 842, 1);
+}
+
+}  // namespace
+}  // namespace kalmo::test
