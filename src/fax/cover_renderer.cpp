@@ -13,9 +13,8 @@ constexpr Float32 kNearBlack = 255.0F / 65535;
 // Far more than a page shows, little enough to be copied at each keystroke: notes have no limit.
 constexpr CFIndex kMostUnitsOfText = CFIndex{1} << 16;
 
-// A layout belongs to one thread, and is quickest there. Covers are drawn on a thread that lives as
-// long as the program, so that its four are made once and never freed before; another thread that
-// draws one, has four of its own.
+// Made once and kept: covers are drawn on a thread that lives as long as the program. A layout
+// belongs to one thread, so that any other thread that draws one has four of its own up to its end.
 thread_local Owned<ATSUStyle> gDefaultStyle, gLabelStyle;
 thread_local Owned<ATSUTextLayout> gDefaultLayout, gLabelLayout;
 
@@ -74,14 +73,15 @@ struct Writer {
     }
 };
 
-/// The text goes below an image that lies over it: thinned as one, whatever its parts.
+/// Over the texts, thinned as one.
 OSStatus DrawImage(CGContextRef context, const CGRect& page, _WatermarkData* image,
                    WatermarkPictures* pictures) {
     if (!image) return noErr;
     CGContextSetAlpha(context, std::clamp(image->density, SInt32{0}, SInt32{100}) / 100.0);
     CGContextBeginTransparencyLayer(context, nullptr);
-    // Saves a text among the print watermarks too. Who draws the same image again does not wait
-    // for it: an entry that would not change is left alone.
+    // A text is kept among the print watermarks, too, as its printing needs it there. That costs a
+    // keystroke little: an entry that would not change is left alone, and nobody waits for the
+    // disk.
     const OSStatus drawn = DrawWatermark(context, page, image, pictures);
     CGContextEndTransparencyLayer(context);
     return drawn;

@@ -55,8 +55,8 @@ private:
 OSStatus DrawWatermarkOnly(CGContextRef context, const CGRect& page, _WatermarkData* record,
                            WatermarkPictures* pictures);
 /// The same, and saves a text under its name in the store of the print watermarks, whichever store
-/// it came from: there its glyphs and place lie ready for printing. Previews that draw on a thread
-/// draw only, and save where the user's changes are saved.
+/// it came from: there its glyphs and place lie ready for printing. The previews of the print
+/// watermarks draw only, and save where the user's changes are saved.
 OSStatus DrawWatermark(CGContextRef context, const CGRect& page, _WatermarkData* record,
                        WatermarkPictures* pictures = nullptr);
 

@@ -1,43 +1,29 @@
 #include "fax/cover_preview.h"
 
-#include "platform/toolbox/interface.h"
 #include "support/dictionaries.h"
 #include "support/drawn_page.h"
 #include "watermark/fresh_store.h"
+#include "watermark/preview_view.h"
 #include "watermark/watermark_store.h"
 
 namespace kalmo::test {
 namespace {
 
-OSStatus Draw(EventHandlerCallRef, EventRef event, void* preview) {
-    return static_cast<FaxCoverPreview*>(preview)->draw(event);
-}
-
-QImage Drawn(QWidget* control) {
-    QImage image(control->size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    control->render(&image, {}, {}, QWidget::DrawChildren);
-    return image;
-}
-
 TEST(CoverPreview, ShowsTheLastStateInAFrameAndSaysWhatItShows) {
     FreshStore();
-    Interface interface(WindowFile(WidgetText("PictureControl", 1, Geometry(0, 0, 612, 792))));
-    ASSERT_EQ(interface.open(), noErr);
-    QWidget* const control = interface.widget(1);
+    PreviewView view(612, 792);
     FaxCoverPreview preview;
-    preview.setControl(interface.control(1));
-    const EventTypeSpec draw = {kEventClassControl, kEventControlDraw};
-    InstallControlEventHandler(interface.control(1), Draw, 1, &draw, &preview, nullptr);
+    preview.setControl(view.control());
+    view.shown = &preview;
     const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
     const auto show = [&](const char* options, const std::string& notes) {
         DrawFaxCoverPreview(preview, {bundle, Dictionary(options), nullptr, String(notes), 2});
     };
     const auto says = [&](const std::string& words) {
-        return Wait([&] { return control->accessibleDescription().toStdString() == words; });
+        return Wait([&] { return view.widget()->accessibleDescription().toStdString() == words; });
     };
     const auto shows = [&](const QColor& color) {
-        return Wait([&] { return Drawn(control).pixelColor(306, 396) == color; });
+        return Wait([&] { return view.drawn().pixelColor(306, 396) == color; });
     };
     for (int i = 0; i < 50; ++i) show("WatermarkName=W", "early");
     EXPECT_TRUE(
@@ -49,11 +35,11 @@ TEST(CoverPreview, ShowsTheLastStateInAFrameAndSaysWhatItShows) {
     saveWatermarkData(kFaxImageStore, *image);
     show("WatermarkName=\u2588", "");
     EXPECT_TRUE(says("Cover sheet on Letter paper\nWith the image “█”") && shows(Qt::blue));
-    EXPECT_EQ(Drawn(control).pixelColor(1, 400), QColor(Qt::black));
-    EXPECT_EQ(Drawn(control).pixelColor(4, 400), QColor(Qt::white)) << "half lies outside";
+    EXPECT_EQ(view.drawn().pixelColor(1, 400), QColor(Qt::black));
+    EXPECT_EQ(view.drawn().pixelColor(4, 400), QColor(Qt::white)) << "half lies outside";
     show("Size=2", "");
     EXPECT_TRUE(says("Cover sheet on A4 paper") && shows(Qt::white));
-    EXPECT_NEAR(InkOf(Drawn(control)).size.width, 792 * 595.0 / 842, 1);
+    EXPECT_NEAR(InkOf(view.drawn()).size.width, 792 * 595.0 / 842, 1);
 }
 
 }  // namespace

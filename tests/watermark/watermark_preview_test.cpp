@@ -1,33 +1,18 @@
 #include "watermark/watermark_preview.h"
 
-#include "platform/toolbox/interface.h"
 #include "support/drawn_page.h"
+#include "watermark/preview_view.h"
 
 namespace kalmo::test {
 namespace {
 
-OSStatus Draw(EventHandlerCallRef, EventRef event, void* preview) {
-    return (*static_cast<std::unique_ptr<WatermarkPreview>*>(preview))->draw(event);
-}
-
-/// What a picture control draws on white.
-QImage Drawn(QWidget* control) {
-    QImage image(control->size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    control->render(&image, {}, {}, QWidget::DrawChildren);
-    return image;
-}
-
 TEST(WatermarkPreview, ShowsTheLastChangeAtAnySizeAndMayGoDuringADrawing) {
-    Interface interface(WindowFile(WidgetText("PictureControl", 1, Geometry(0, 0, 220, 110))));
-    ASSERT_EQ(interface.open(), noErr);
-    QWidget* const control = interface.widget(1);
+    PreviewView view(220, 110);
     std::vector<std::string> told;
     auto preview = std::make_unique<WatermarkPreview>([&](const auto& shown, OSStatus status) {
         told.push_back(shown.textString + std::to_string(status));
     });
-    const EventTypeSpec draw = {kEventClassControl, kEventControlDraw};
-    InstallControlEventHandler(interface.control(1), Draw, 1, &draw, &preview, nullptr);
+    view.shown = preview.get();
     WatermarkHolder record;
     setDefaultValues(*record, 0);
     record->density = 100;
@@ -39,26 +24,26 @@ TEST(WatermarkPreview, ShowsTheLastChangeAtAnySizeAndMayGoDuringADrawing) {
         return QTest::qWaitFor([&] { return !told.empty() && told.back() == last; });
     };
     show("early");
-    preview->setControl(interface.control(1));
-    EXPECT_NEAR(InkOf(Drawn(control)).size.width, 85, 1) << "the frame alone";
+    preview->setControl(view.control());
+    EXPECT_NEAR(InkOf(view.drawn()).size.width, 85, 1) << "the frame alone";
     EXPECT_TRUE(tells("early0")) << "asked for by drawing";
     told.clear();
     for (int i = 0; i < 50; ++i) show("waits");
     show("\u2588");
     EXPECT_TRUE(tells("\u25880"));
     EXPECT_LT(told.size(), 25u) << "of those that waited only the last was drawn";
-    EXPECT_EQ(Drawn(control).pixelColor(110, 55), QColor(Qt::blue));
+    EXPECT_EQ(view.drawn().pixelColor(110, 55), QColor(Qt::blue));
     told.clear();
-    control->resize(440, 220);
-    EXPECT_EQ(Drawn(control).pixelColor(220, 110), QColor(Qt::blue)) << "the old one, stretched";
+    view.widget()->resize(440, 220);
+    EXPECT_EQ(view.drawn().pixelColor(220, 110), QColor(Qt::blue)) << "the old one, stretched";
     EXPECT_TRUE(tells("\u25880")) << "and drawn for this size";
     std::strcpy(record->filename, "missing");
     show("");
     EXPECT_TRUE(tells(std::to_string(fnfErr)));
-    EXPECT_EQ(Drawn(control).pixelColor(220, 110), QColor(Qt::white));
+    EXPECT_EQ(view.drawn().pixelColor(220, 110), QColor(Qt::white));
     for (unsigned long delay = 0; delay < 5; ++delay) {
         preview = std::make_unique<WatermarkPreview>([](auto&&...) { ADD_FAILURE(); });
-        preview->setControl(interface.control(1));
+        preview->setControl(view.control());
         show("text");
         QThread::msleep(delay);
     }
