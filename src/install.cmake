@@ -3,6 +3,11 @@
 set(bundle_folder ${installed_bundle_folder}/KalmoFeatures.plugin/Contents)
 
 install(TARGETS kalmoplatform LIBRARY DESTINATION ${installed_bundle_folder} NAMELINK_SKIP)
+# The platform library finds it beside itself.
+if(TARGET kalmo-contacts-eds)
+  set_target_properties(kalmo-contacts-eds PROPERTIES INSTALL_RPATH "$ORIGIN")
+  install(TARGETS kalmo-contacts-eds LIBRARY DESTINATION ${installed_bundle_folder})
+endif()
 install(TARGETS kalmo-ticket RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(TARGETS kalmoticket RUNTIME DESTINATION lib/cups/filter)
 set_target_properties(kalmo-print PROPERTIES INSTALL_RPATH "$ORIGIN/../${installed_bundle_folder}")

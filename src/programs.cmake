@@ -1,4 +1,4 @@
-# The plug-in, the two programs, and the bundle around the plug-in.
+# The plug-in, the programs, the bundle around the plug-in, and the module for the desktop's address book.
 
 set(bundle ${CMAKE_BINARY_DIR}/KalmoFeatures.plugin)
 
@@ -26,9 +26,23 @@ set_target_properties(OrvikCups PROPERTIES PREFIX ""
 target_link_libraries(OrvikCups PRIVATE kalmoplatform)
 add_dependencies(KalmoFeatures OrvikCups)
 
+# The desktop's address book, where its library is. A module of its own that is loaded when somebody asks for
+# it: the program neither needs the desktop's libraries nor brings them into the memory of those who do not.
+if(EBOOK_FOUND)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/platform/contacts/eds/*.cpp)
+  add_library(kalmo-contacts-eds MODULE ${sources})
+  set_target_properties(kalmo-contacts-eds PROPERTIES PREFIX "")
+  target_link_libraries(kalmo-contacts-eds PRIVATE kalmoplatform PkgConfig::EBOOK)
+else()
+  message(STATUS "No libebook-1.2: without the address book of GNOME desktops")
+endif()
+
 add_executable(kalmo-print print_dialog/main.cpp)
 target_link_libraries(kalmo-print PRIVATE print_dialog)
 add_dependencies(kalmo-print KalmoFeatures bundle_resources)
+if(TARGET kalmo-contacts-eds)
+  add_dependencies(kalmo-print kalmo-contacts-eds)
+endif()
 
 # kalmo-ticket is for people and for drivers, kalmoticket is the CUPS filter.
 add_executable(kalmo-ticket ticket_filter/main.cpp)
