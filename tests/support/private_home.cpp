@@ -14,7 +14,11 @@ namespace {
 
 std::filesystem::path home;  // NOLINT: lives as long as the program
 
+/// A process that a test splits off leaves it alone.
+pid_t owner = 0;
+
 void RemoveHome() {
+    if (getpid() != owner) return;
     std::error_code ignored;
     std::filesystem::remove_all(home, ignored);
 }
@@ -35,6 +39,7 @@ class TidyUp final : public testing::EmptyTestEventListener {
 void UsePrivateHome() {
     std::string pattern = (std::filesystem::temp_directory_path() / "kalmo-test-XXXXXX").string();
     home = mkdtemp(pattern.data());
+    owner = getpid();
     std::atexit(RemoveHome);
     setenv("HOME", home.c_str(), 1);
     for (const auto& [variable, folder] : {std::pair{"XDG_CONFIG_HOME", "config"},

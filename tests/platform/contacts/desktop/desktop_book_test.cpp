@@ -1,0 +1,135 @@
+#include <thread>
+
+#include "platform/contacts/desktop/private_desktop.h"
+
+namespace {
+
+using namespace kalmo::test;
+using contacts::Code;
+using contacts::Label;
+using contacts::Source;
+
+std::shared_ptr<contacts::AddressBook> OpenBook() {
+    const auto opened = contacts::OpenAddressBook({Source::automatic, {}}, {});
+    EXPECT_EQ(opened.source, Source::desktop) << opened.answer.text;
+    return opened.book;
+}
+
+contacts::Person Company() {
+    return {.organization = "Lager & Söhne; KG",
+            .isCompany = true,
+            .phones = {{Label::workFax, "+49 30 1"}, {Label::workFax, "+49 30 2"}}};
+}
+
+TEST(DesktopAddressBook, IsSharedWithTheDesktopsPrograms) {
+    const PrivateDesktop desktop(Services::installed);
+    InOwnProcess([] {
+        const auto book = OpenBook();
+        contacts::Changes changes{.persons = {Company()}};
+        ASSERT_TRUE(book->save(changes, {}));
+        const std::string uid = changes.persons[0].uid;
+        changes = {.groups = {{.name = "Suppliers", .members = {uid}}}};
+        ASSERT_TRUE(book->save(changes, {}));
+        std::string cards = PrivateDesktop::exported();
+        std::erase(cards, '"');
+        for (const char* part : {"+49 30 1", "+49 30 2", "Lager & Söhne\\; KG", "FN:Suppliers",
+                                 "X-EVOLUTION-LIST:TRUE"}) {
+            EXPECT_TRUE(Contains(cards, part)) << part << " is not in\n" << cards;
+        }
+        EXPECT_TRUE(Contains(cards, "X-EVOLUTION-DEST-CONTACT-UID=" + uid)) << cards;
+    });
+}
+
+TEST(DesktopAddressBook, KeepsWhatOthersWroteAndLogsNothingOfIt) {
+    const PrivateDesktop desktop(Services::installed);
+    InOwnProcess([] {
+        const auto folder = MakeFolder("other");
+        WriteFile(folder / "card",
+                  "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:zoe\r\nFN:Zoe Privat\r\nN:Privat;Zoe;;;\r\n"
+                  "X-OTHER:unknown\r\nitem1.TEL:1\r\nitem1.X-ABLABEL:Boat\r\n"
+                  "NOTE;ENCODING=Privat:odd\r\nEND:VCARD\r\n");
+        ASSERT_EQ(
+            RunProgram({.program = BuiltProgram("card_writer"), .input = folder / "card"}).exitCode,
+            0);
+        const std::string log = folder / "log";
+        ASSERT_TRUE(std::freopen(log.c_str(), "w", stderr));
+        const auto book = OpenBook();
+        contacts::Contacts all;
+        ASSERT_TRUE(book->load(all, {}));
+        ASSERT_EQ(all.persons.size(), 1U);
+        EXPECT_EQ(all.persons[0].phones,
+                  (std::vector<contacts::Entry>{{Label::custom, "1", "Boat"}}));
+        all.persons[0].phones.push_back({Label::homeFax, "2"});
+        contacts::Changes changes{.persons = all.persons};
+        EXPECT_TRUE(book->save(changes, {}));
+        const std::string cards = PrivateDesktop::exported();
+        for (const char* part : {"X-OTHER:unknown", "item1.TEL:1", "item1.X-ABLABEL:Boat", "odd"})
+            EXPECT_TRUE(Contains(cards, part)) << part << " is not in\n" << cards;
+        std::fflush(stderr);
+        EXPECT_FALSE(Contains(ReadFile(log), "Privat")) << ReadFile(log);
+    });
+}
+
+TEST(DesktopAddressBook, IsTheOneThatTheUserPrefers) {
+    const PrivateDesktop desktop(Services::installed);
+    const std::filesystem::path config = getenv("XDG_CONFIG_HOME");
+    std::filesystem::create_directories(config / "evolution/sources");
+    std::filesystem::create_directories(config / "glib-2.0/settings");
+    WriteFile(config / "evolution/sources/second.source",
+              "[Data Source]\nDisplayName=Second\nEnabled=true\nParent=local-stub\n"
+              "[Address Book]\nBackendName=local\n");
+    WriteFile(config / "glib-2.0/settings/keyfile",
+              "[org/gnome/evolution]\ndefault-address-book='second'\n");
+    InOwnProcess([] {
+        contacts::Changes changes{.persons = {Company()}};
+        EXPECT_TRUE(OpenBook()->save(changes, {}));
+    });
+    const std::filesystem::path data = getenv("XDG_DATA_HOME");
+    EXPECT_TRUE(Contains(ReadFile(data / "evolution/addressbook/second/contacts.db"), "+49 30 1"));
+}
+
+TEST(DesktopAddressBook, TellsTwoWritersOfOneSecondApart) {
+    const PrivateDesktop desktop(Services::installed);
+    InOwnProcess([] {
+        const auto book = OpenBook();
+        contacts::Changes first{.persons = {Company()}};
+        ASSERT_TRUE(book->save(first, {}));
+        contacts::Changes second = first;
+        for (int i = 0; i < 5; ++i) {  // most of them within a second
+            first.persons[0].phones[0].value += '1';
+            EXPECT_TRUE(book->save(first, {}));
+            EXPECT_EQ(OpenBook()->save(second, {}).code, Code::conflict);
+            ASSERT_TRUE(book->person(first.persons[0].uid, second.persons[0], {}));
+            EXPECT_EQ(second.persons[0].phones, first.persons[0].phones);
+            second.persons[0].phones[1].value += '2';
+            EXPECT_TRUE(OpenBook()->save(second, {}));
+            EXPECT_EQ(book->save(first, {}).code, Code::conflict);
+            first = second;
+        }
+    });
+}
+
+TEST(DesktopAddressBook, OutlivesItsServiceAndItsSession) {
+    PrivateDesktop desktop(Services::installed);
+    InOwnProcess([&desktop] {
+        const auto book = OpenBook();
+        contacts::Changes changes{.persons = {Company()}};
+        ASSERT_TRUE(book->save(changes, {}));
+        contacts::Contacts all;
+        desktop.killAddressBookService();
+        EXPECT_TRUE(book->load(all, {}));
+        ASSERT_EQ(all.persons.size(), 1U);
+        EXPECT_EQ(all.persons[0].revision, changes.persons[0].revision);
+        desktop.killAddressBookService();
+        changes.persons[0].mailbox = "7";
+        EXPECT_TRUE(book->save(changes, {}));
+        desktop.killAddressBookService();
+        changes.persons.push_back(Company());
+        EXPECT_TRUE(book->save(changes, {}));
+        desktop.endBus();
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        EXPECT_EQ(book->load(all, {}).code, Code::unavailable);
+    });
+}
+
+}  // namespace
