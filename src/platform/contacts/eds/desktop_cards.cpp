@@ -111,6 +111,8 @@ Answer DesktopCards::me(Person& own, const std::stop_token& stop) {
 }
 
 Answer DesktopCards::setMe(const std::string& uid, const std::stop_token& stop) {
+    Person own;
+    if (Answer answer = uid.empty() ? Answer{} : person(uid, own, stop); !answer) return answer;
     return ask(stop, [&](Attempt&) { return SetOwnCardUid(uid); });
 }
 
