@@ -130,9 +130,9 @@ template <class Kind>
 Answer DesktopCards::store(Kind& record, const std::stop_token& stop) {
     // One uid for both attempts: the first may have stored the card before it failed.
     const std::string uid = record.uid.empty() ? NewUid() : record.uid;
-    return ask(stop, [&](Attempt& attempt) -> Answer {
-        if (e_client_is_readonly(E_CLIENT(connection_.client())))
-            return {Code::readOnly, std::string(kWriting) + ": it cannot be changed"};
+    // Not asked whether it can be changed at all: the service says so too late, and of every book
+    // first that it cannot. Its refusal is the answer.
+    return ask(stop, [&](Attempt& attempt) {
         return record.uid.empty() ? add(record, uid, attempt) : replace(record, attempt);
     });
 }
