@@ -51,6 +51,7 @@ SInt32 ModalLoop::run(QWidget* owner, std::chrono::milliseconds unseen) {
     const QPointer<QWidget> focus = QApplication::focusWidget();
     window_->setWindowModality(Qt::ApplicationModal);
     if (!owner) owner = QApplication::activeWindow();
+    if (!owner) owner = QApplication::activeModalWidget();  // of a program in the background
     if (owner) placeOver(*owner->window());
     if (unseen.count() > 0) {
         window_->setAttribute(Qt::WA_DontShowOnScreen);

@@ -44,6 +44,7 @@ std::unique_ptr<QWidget> MakeWindow(const WaitTexts& texts) {
     rows->addWidget(label);
     rows->addWidget(bar);
     rows->addWidget(cancel, 0, Qt::AlignRight);
+    cancel->setFocus();
     window->adjustSize();
     return window;
 }
