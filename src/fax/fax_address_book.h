@@ -17,12 +17,23 @@ namespace kalmo {
 bool AskAddressBook(
     std::function<void(const contacts::Opened& opened, const std::stop_token& stop)> work);
 
+/// What a person is called as a recipient; any thread. A person who has neither name goes by the
+/// full one, in the place of the first.
+struct PersonNames {
+    std::string first, last;
+};
+[[nodiscard]] PersonNames NamesOf(const contacts::Person& person);
 /// A company's name is its organization, with no last name. Both are to be released, and null where
 /// there is none.
 void RecipientNamesFromPerson(const contacts::Person& person, CFStringRef* firstName,
                               CFStringRef* lastName);
+/// The label's word in the user's language; of Label::custom what stands for a word that is
+/// missing.
+[[nodiscard]] Owned<CFStringRef> CopyLabelWord(CFBundleRef bundle, contacts::Label label);
 /// The label's word in the user's language, or the user's own. The caller releases it.
 [[nodiscard]] CFStringRef CopyLocalizedLabel(CFBundleRef bundle, const contacts::Entry& entry);
+/// What went wrong and what the user can do about it; null for done and cancelled.
+[[nodiscard]] Owned<CFStringRef> CopyAddressBookTrouble(CFBundleRef bundle, contacts::Code code);
 /// The user's own card; without one a person with the account's full name alone. Null when the user
 /// did not wait for it.
 [[nodiscard]] std::unique_ptr<contacts::Person> CopyMyCard();

@@ -1,0 +1,75 @@
+#include "controls/modal_dialog.h"
+#include "fax/address_book_picker.h"
+#include "fax/fax_address_book.h"
+#include "fax/fax_options.h"
+#include "fax/recipient_saving.h"
+#include "shell/base/notices.h"
+#include "shell/base/texts.h"
+
+namespace kalmo {
+namespace {
+
+constexpr SInt32 kNameID = 200, kMembersID = 201;
+
+class SaveGroupDialog final : public ModalDialog {
+public:
+    SaveGroupDialog(CFBundleRef bundle, FaxRecipientList* list)
+        : ModalDialog(bundle, {.file = kFaxInterfaceFile,
+                               .window = CFSTR("Group"),
+                               .helpPage = CFSTR("Paper_Output/Job_Type/Fax/Fax_Recipients/"
+                                                 "idh_add_to_apple_address_book.htm")}),
+          list_(list) {}
+
+private:
+    void prepare() override {
+        SetUpRecipientView(bundle(), control(kMembersID));
+        ShowRecipients(control(kMembersID), *list_);
+        SetKeyboardFocus(control(kNameID));
+    }
+
+    void listWasUsed(SInt32, UInt32 kind) override {
+        if (kind == kEventListSortChanged) ShowRecipients(control(kMembersID), *list_);
+    }
+
+    bool accept() override { return CreateABGroupWithNameAndRecipients(); }
+
+    bool CreateABGroupWithNameAndRecipients() {
+        const auto name = Owned<CFMutableStringRef>::Adopt(CFStringCreateMutableCopy(
+            kCFAllocatorDefault, 0,
+            Owned<CFStringRef>::Adopt(CopyControlTitleAsCFString(control(kNameID)))));
+        CFStringTrim(name, CFSTR(" "));
+        group_.name = CFStringToUTF8(name);
+        if (group_.name.empty()) return askForName(), false;
+        const contacts::Answer answer = SaveAsGroup(*list_, group_);
+        if (!answer) tell(answer.code);
+        return static_cast<bool>(answer);
+    }
+
+    void askForName() const {
+        ShowNoticeWithKeys(bundle(),
+                           {.header = CFSTR("Required Field Header"),
+                            .message = CFSTR("Group Name Required Message"),
+                            .table = kFaxTextTable},
+                           nullptr, 0);
+        SetKeyboardFocus(control(kNameID));
+    }
+
+    /// Who stopped waiting knows.
+    void tell(contacts::Code code) {
+        if (const auto trouble = CopyAddressBookTrouble(bundle(), code))
+            ShowNotice(CopyText(bundle(), CFSTR("Group Not Saved Header"), kFaxTextTable), trouble);
+        // One that was deleted meanwhile is made anew the next time.
+        if (code == contacts::Code::notFound) group_ = {};
+    }
+
+    FaxRecipientList* list_;  // lent
+    contacts::Group group_;   // what stands in the address book of it so far
+};
+
+}  // namespace
+
+SInt32 RunModalSaveGroupDialog(CFBundleRef bundle, FaxRecipientList* list) {
+    return SaveGroupDialog(bundle, list).run();
+}
+
+}  // namespace kalmo
