@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <iterator>
 
 #include "fax/fax_options.h"
@@ -99,9 +100,10 @@ CFStringRef CopyLocalizedLabel(CFBundleRef bundle, const contacts::Entry& entry)
     return CopyLabelWord(bundle, entry.label).detach();
 }
 
-Owned<CFStringRef> CopyAddressBookTrouble(CFBundleRef bundle, Code code) {
-    const auto* const row = std::ranges::find(kTroubles, code, &TroubleRow::code);
+Owned<CFStringRef> CopyAddressBookTrouble(CFBundleRef bundle, const contacts::Answer& answer) {
+    const auto* const row = std::ranges::find(kTroubles, answer.code, &TroubleRow::code);
     if (row == std::end(kTroubles)) return {};
+    std::fprintf(stderr, "Address book: %s\n", answer.text.c_str());
     return CopyText(bundle, CFStringMakeConstant(row->key), kFaxTextTable);
 }
 

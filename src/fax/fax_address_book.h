@@ -32,8 +32,10 @@ void RecipientNamesFromPerson(const contacts::Person& person, CFStringRef* first
 [[nodiscard]] Owned<CFStringRef> CopyLabelWord(CFBundleRef bundle, contacts::Label label);
 /// The label's word in the user's language, or the user's own. The caller releases it.
 [[nodiscard]] CFStringRef CopyLocalizedLabel(CFBundleRef bundle, const contacts::Entry& entry);
-/// What went wrong and what the user can do about it; null for done and cancelled.
-[[nodiscard]] Owned<CFStringRef> CopyAddressBookTrouble(CFBundleRef bundle, contacts::Code code);
+/// What went wrong and what the user can do about it; null for done and cancelled. What the answer
+/// says itself goes to the log.
+[[nodiscard]] Owned<CFStringRef> CopyAddressBookTrouble(CFBundleRef bundle,
+                                                        const contacts::Answer& answer);
 /// The user's own card; without one a person with the account's full name alone. Null when the user
 /// did not wait for it.
 [[nodiscard]] std::unique_ptr<contacts::Person> CopyMyCard();

@@ -69,7 +69,7 @@ PickerLoad LoadPicker(const contacts::Settings& settings, PickerWords words,
 }
 
 Owned<CFStringRef> CopyPickerNote(CFBundleRef bundle, const PickerLoad& load) {
-    if (!load.candidates) return CopyAddressBookTrouble(bundle, load.answer.code);
+    if (!load.candidates) return CopyAddressBookTrouble(bundle, load.answer);
     TextParts parts;
     for (const auto& text :
          {EmptyText(bundle, load), FallbackText(bundle, load), PassedOverText(bundle, load)})

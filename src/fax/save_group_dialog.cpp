@@ -41,7 +41,7 @@ private:
         group_.name = CFStringToUTF8(name);
         if (group_.name.empty()) return askForName(), false;
         const contacts::Answer answer = SaveAsGroup(*list_, group_);
-        if (!answer) tell(answer.code);
+        if (!answer) tell(answer);
         return static_cast<bool>(answer);
     }
 
@@ -55,11 +55,11 @@ private:
     }
 
     /// Who stopped waiting knows.
-    void tell(contacts::Code code) {
-        if (const auto trouble = CopyAddressBookTrouble(bundle(), code))
+    void tell(const contacts::Answer& answer) {
+        if (const auto trouble = CopyAddressBookTrouble(bundle(), answer))
             ShowNotice(CopyText(bundle(), CFSTR("Group Not Saved Header"), kFaxTextTable), trouble);
         // One that was deleted meanwhile is made anew the next time.
-        if (code == contacts::Code::notFound) group_ = {};
+        if (answer.code == contacts::Code::notFound) group_ = {};
     }
 
     FaxRecipientList* list_;  // lent
