@@ -32,7 +32,7 @@ constexpr struct {
     {kCandidatesID, kLastNameColumn, "Last Name Column", 120},
     {kCandidatesID, kFirstNameColumn, "First Name Column", 120},
     {kCandidatesID, kFaxNumberColumn, "Number Column", 130},
-    {kCandidatesID, kLabelColumn, "Label Column", 90},
+    {kCandidatesID, kLabelColumn, "Label Column", 115},
     {kCandidatesID, kOrganizationColumn, "Organization Column", 120},
 };
 /// What an address book brings may be long, and hold line feeds.
