@@ -52,7 +52,8 @@ bool DropLabelTypes(Parameter& parameter) {
 void Rewrite(Parameter& parameter) {
     std::string list;
     for (const std::string& value : parameter.values) {
-        list += (list.empty() ? "" : ",") + WrittenParameter(value);
+        if (!list.empty()) list += ',';
+        list += WrittenParameter(value);
     }
     parameter.written = parameter.name.empty() ? list : parameter.name + '=' + list;
 }
