@@ -74,8 +74,7 @@ FaxOptionControls::FaxOptionControls(CFBundleRef bundle, WindowRef window)
     fillMenus();
     LimitInputLengthAndCharacters(control(kPrefixID), 0, kMaxDialingPrefix,
                                   kFaxDialingCharacterSet);
-    LimitInputLengthAndCharacters(control(kCreditCardID), 0, kMaxCreditCard,
-                                  CFCharacterSetGetPredefined(kCFCharacterSetDecimalDigit));
+    LimitInputLengthAndCharacters(control(kCreditCardID), 0, kMaxCreditCard, kFaxDigitSet);
 }
 
 ControlRef FaxOptionControls::control(SInt32 id) const {
