@@ -16,13 +16,6 @@ Destination FolderDestination() {
     return {Destination::Kind::folder, {}, WindowText("Save to folder"), {}};
 }
 
-/// Home as people write it.
-QString Shown(const std::filesystem::path& folder) {
-    const QString path = QString::fromStdString(folder.string());
-    const QString home = QDir::homePath();
-    return path.startsWith(home + '/') ? '~' + path.mid(home.size()) : path;
-}
-
 }  // namespace
 
 DestinationChoice::DestinationChoice(QWidget* parent)
@@ -103,7 +96,7 @@ void DestinationChoice::setStatus(const QString& status) {
 void DestinationChoice::showCurrent() {
     const bool isFolder = current().kind == Destination::Kind::folder;
     folderRow_->setVisible(isFolder);
-    folderName_->setText(Shown(folder_));
+    folderName_->setText(ShownPath(folder_));
     QStringList lines{status_.isEmpty() ? current().status : status_};
     if (isFolder) lines = {folderNote_, status_.isEmpty() ? notice_ : status_};
     lines.removeAll(QString());

@@ -9,6 +9,7 @@
 #include "print_dialog/command_line.h"
 #include "print_dialog/job.h"
 #include "print_dialog/print_window.h"
+#include "print_dialog/remembered_settings.h"
 #include "print_dialog/unattended.h"
 
 namespace kalmo {
@@ -73,6 +74,7 @@ ExitCode Main(int argc, char** argv) {
     const auto parsed = ParseCommandLine(argc, argv);
     if (const auto* code = std::get_if<ExitCode>(&parsed)) return *code;
     const auto& commandLine = std::get<CommandLine>(parsed);
+    contacts::SetSettings(RememberedAddressBook());
     const bool withWindow = !commandLine.noDialog && !commandLine.listPrinters;
     return (withWindow ? RunWithWindow : RunWithoutWindow)(commandLine, argc, argv);
 }

@@ -11,7 +11,7 @@
 
 #include "print_dialog/color_options.h"
 #include "print_dialog/extension.h"
-#include "print_dialog/remembered_panels.h"
+#include "print_dialog/remembered_settings.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
@@ -98,7 +98,7 @@ QLayout* PrintWindow::createButtons() {
     help_ = new QPushButton(WindowText("Help"), this);
     cancel_ = new QPushButton(WindowText("Cancel"), this);
     print_ = new QPushButton(WindowText("Print"), this);
-    panels_ = new PanelsButton(this);
+    panels_ = new ExtrasButton(this);
     help_->setAutoDefault(false);
     cancel_->setAutoDefault(false);
     print_->setDefault(true);
@@ -126,7 +126,7 @@ void PrintWindow::connectWidgets() {
             &PrintWindow::showHelp);
     connect(&document_, &Document::changed, this, &PrintWindow::documentChanged);
     connect(help_, &QPushButton::clicked, this, &PrintWindow::showHelp);
-    connect(panels_, &PanelsButton::chosen, this,
+    connect(panels_, &ExtrasButton::chosen, this,
             [this] { whenPaneIsFree([this] { changePanels(); }); });
     connect(cancel_, &QPushButton::clicked, this, &PrintWindow::reject);
     connect(print_, &QPushButton::clicked, this, &PrintWindow::print);

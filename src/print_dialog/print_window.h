@@ -10,10 +10,10 @@
 
 #include "print_dialog/command_line.h"
 #include "print_dialog/document.h"
+#include "print_dialog/extras_button.h"
 #include "print_dialog/job.h"
 #include "print_dialog/job_input.h"
 #include "print_dialog/pane_view.h"
-#include "print_dialog/panels_button.h"
 #include "print_dialog/preview.h"
 #include "print_dialog/print_job_host.h"
 #include "print_dialog/printers.h"
@@ -99,7 +99,7 @@ private:
     PaneView* pane_ = nullptr;
     SendingBar* bar_ = nullptr;
     QPushButton* help_ = nullptr;
-    PanelsButton* panels_ = nullptr;
+    ExtrasButton* panels_ = nullptr;
     QPushButton* cancel_ = nullptr;
     QPushButton* print_ = nullptr;
 

@@ -1,5 +1,6 @@
 #include "print_dialog/widgets.h"
 
+#include <QDir>
 #include <QEvent>
 
 namespace kalmo {
@@ -42,6 +43,12 @@ private:
 };
 
 }  // namespace
+
+QString ShownPath(const std::filesystem::path& path) {
+    const QString text = QString::fromStdString(path.string());
+    const QString home = QDir::homePath();
+    return text.startsWith(home + '/') ? '~' + text.mid(home.size()) : text;
+}
 
 bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
 

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPalette>
 #include <QWidget>
+#include <filesystem>
 
 namespace kalmo {
 
@@ -11,6 +12,9 @@ namespace kalmo {
 inline constexpr int kRowGap = 12;
 
 [[nodiscard]] bool IsDark(const QPalette& palette);
+
+/// With "~" for the user's home, as people write it.
+[[nodiscard]] QString ShownPath(const std::filesystem::path& path);
 
 /// A hidden line that says what is wrong, readable on light and dark.
 [[nodiscard]] QLabel* CreateFaultLabel(QWidget* parent);

@@ -9,7 +9,7 @@
 #include <QTest>
 #include <set>
 
-#include "print_dialog/remembered_panels.h"
+#include "print_dialog/remembered_settings.h"
 #include "print_dialog/sample_documents.h"
 #include "support/dead_servers.h"
 #include "support/qt_test.h"
@@ -55,7 +55,7 @@ struct PrintWindowTest : testing::Test {
             names.insert(entry.path().filename().string());
         return names;
     }
-    PanelsButton* panels() const { return window_->findChild<PanelsButton*>(); }
+    ExtrasButton* panels() const { return window_->findChild<ExtrasButton*>(); }
     void choosePanel(int item) { panels()->menu()->actions()[item]->trigger(); }
     /// What the living pane was asked for beside its own four panels.
     static std::string offered() {

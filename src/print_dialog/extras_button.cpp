@@ -1,8 +1,9 @@
-#include "print_dialog/panels_button.h"
+#include "print_dialog/extras_button.h"
 
 #include <QMenu>
 #include <algorithm>
 
+#include "print_dialog/address_book_dialog.h"
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
@@ -13,30 +14,33 @@ constexpr QSize kRoomForArrow(12, 0);
 
 }  // namespace
 
-PanelsButton::PanelsButton(QWidget* parent) : QPushButton(WindowText("Panels"), parent) {
+ExtrasButton::ExtrasButton(QWidget* parent) : QPushButton(WindowText("Extras"), parent) {
     setAutoDefault(false);
     setMenu(new QMenu(this));
-    setToolTip(WindowText("Panels tip"));
+    setToolTip(WindowText("Extras tip"));
     addPanel("special-pages", WindowText("Special Pages"));
     addPanel("job-notes", WindowText("Job Notes"));
+    menu()->addSeparator();
+    connect(menu()->addAction(WindowText("Address book...")), &QAction::triggered, this,
+            [this] { AddressBookDialog(window()).exec(); });
 }
 
-void PanelsButton::addPanel(const std::string& panel, const QString& text) {
+void ExtrasButton::addPanel(const std::string& panel, const QString& text) {
     QAction* action = menu()->addAction(text);
     action->setCheckable(true);
-    connect(action, &QAction::triggered, this, &PanelsButton::chosen);
+    connect(action, &QAction::triggered, this, &ExtrasButton::chosen);
     items_.push_back({panel, action});
 }
 
-void PanelsButton::setPanels(const std::vector<std::string>& panels) {
+void ExtrasButton::setPanels(const std::vector<std::string>& panels) {
     for (const Item& item : items_) {
         item.action->setChecked(std::ranges::find(panels, item.panel) != panels.end());
     }
 }
 
-QSize PanelsButton::sizeHint() const { return QPushButton::sizeHint() + kRoomForArrow; }
+QSize ExtrasButton::sizeHint() const { return QPushButton::sizeHint() + kRoomForArrow; }
 
-std::vector<std::string> PanelsButton::panels() const {
+std::vector<std::string> ExtrasButton::panels() const {
     std::vector<std::string> chosenPanels;
     for (const Item& item : items_) {
         if (item.action->isChecked()) chosenPanels.push_back(item.panel);

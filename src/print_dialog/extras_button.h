@@ -1,4 +1,5 @@
-// Which further panels the printer's pane offers, chosen from a menu.
+// A menu of what stands beside the print settings: which further panels the printer's pane offers,
+// and the user's address book.
 #pragma once
 
 #include <QAction>
@@ -8,10 +9,10 @@
 
 namespace kalmo {
 
-class PanelsButton final : public QPushButton {
+class ExtrasButton final : public QPushButton {
     Q_OBJECT
 public:
-    explicit PanelsButton(QWidget* parent = nullptr);
+    explicit ExtrasButton(QWidget* parent = nullptr);
 
     /// Names as in --panels; the others are not chosen.
     void setPanels(const std::vector<std::string>& panels);

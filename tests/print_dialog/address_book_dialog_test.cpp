@@ -1,0 +1,125 @@
+// The settings of the address book, on folders of the test's own.
+#include "print_dialog/address_book_dialog.h"
+
+#include "print_dialog/remembered_settings.h"
+#include "support/qt_test.h"
+#include "support/window_walk.h"
+
+namespace kalmo::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct AddressBookDialogTest : testing::Test {
+    AddressBookDialogTest() {
+        for (const auto& [uid, name, more] :
+             {std::tuple{"a1", "Zoë Älund", "ORG:Acme\r\n"}, {"a2", "Ben Ode", ""}}) {
+            write(uid, std::string("FN:") + name + "\r\nN:;;;;\r\n" + more + "TEL;TYPE=fax:12\r\n");
+        }
+        write("g1", "FN:Team\r\nKIND:group\r\nMEMBER:urn:uuid:a1\r\n");
+        WriteFile(folder_ / "torn.vcf", "BEGIN:VCARD\r\nFN:To");
+    }
+    void write(const std::string& uid, const std::string& lines) const {
+        WriteFile(folder_ / (uid + ".vcf"),
+                  "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:" + uid + "\r\n" + lines + "END:VCARD\r\n");
+    }
+    void open() {
+        dialog_ = std::make_unique<AddressBookDialog>();
+        dialog_->show();
+    }
+    template <typename Widget>
+    Widget* find(const char* text) const {
+        for (auto* widget : dialog_->findChildren<Widget*>())
+            if (widget->text().contains(text)) return widget;
+        return nullptr;
+    }
+    /// From the list of people, once `searched` is typed.
+    void choosePerson(const char* searched, const std::vector<std::string>& found) {
+        auto* list = dialog_->findChild<QListView*>();
+        dialog_->findChild<MyCardChoice*>()->findChild<QLineEdit*>()->setText(searched);
+        std::vector<std::string> names;
+        for (int row = 0; row < list->model()->rowCount(); ++row)
+            names.push_back(list->model()->index(row, 0).data().toString().toStdString());
+        ASSERT_EQ(names, found);
+        const QModelIndex last = list->model()->index(list->model()->rowCount() - 1, 0);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(last).center());
+    }
+    [[nodiscard]] std::string me() const {
+        contacts::Contacts read;
+        contacts::OpenFolder(folder_)->load(read, {});
+        return read.me;
+    }
+
+    const fs::path folder_ = MakeFolder("contacts");
+    const contacts::Settings own_{contacts::Source::folder, folder_};
+    std::unique_ptr<AddressBookDialog> dialog_;
+};
+
+TEST_F(AddressBookDialogTest, TheFolderIsShownAndTheCardInItMarked) {
+    contacts::SetSettings({contacts::Source::folder, MakeFolder("empty")});
+    open();
+    ASSERT_TRUE(Wait([this] { return find<QLabel>("Contacts: 0, groups: 0"); }));
+    auto* const field = dialog_->findChild<QLineEdit*>();
+    field->setText("contacts");
+    EXPECT_FALSE(find<QPushButton>("OK")->isEnabled()) << "no whole path";
+    field->setText(QString::fromStdString(folder_));
+    EXPECT_TRUE(find<QLabel>("Loading"));
+    ASSERT_TRUE(
+        Wait([this] { return find<QLabel>("Contacts: 2, groups: 1, could not be read: 1"); }));
+    choosePerson("oDE", {"None", "Ben Ode"});
+    choosePerson("älu", {"None", "Zoë Älund – Acme"});
+    find<QPushButton>("OK")->click();
+    ASSERT_TRUE(Wait([this] { return !dialog_->isVisible(); }));
+    EXPECT_EQ(me(), "a1");
+    EXPECT_EQ(contacts::CurrentSettings(), own_);
+    EXPECT_EQ(RememberedAddressBook(), own_);
+    open();
+    ASSERT_TRUE(Wait([this] { return find<QLabel>("Contacts: 2"); }));
+    EXPECT_EQ(dialog_->findChild<MyCardChoice*>()->chosen(), "a1");
+    choosePerson("nobody", {"None"});
+    find<QPushButton>("OK")->click();
+    ASSERT_TRUE(Wait([this] { return !dialog_->isVisible(); }));
+    EXPECT_EQ(me(), "");
+}
+
+TEST_F(AddressBookDialogTest, ACardThatCannotBeMarkedIsSaidAndNothingKept) {
+    const auto before = RememberedAddressBook();
+    contacts::SetSettings(own_);
+    open();
+    ASSERT_TRUE(Wait([this] { return find<QLabel>("Contacts: 2"); }));
+    choosePerson("ben", {"None", "Ben Ode"});
+    fs::remove(folder_ / "a2.vcf");
+    find<QPushButton>("OK")->click();
+    ASSERT_TRUE(Wait([this] { return find<QLabel>("Your card cannot be marked"); }));
+    EXPECT_TRUE(find<QLabel>("Your card cannot be marked")->isVisible());
+    EXPECT_TRUE(dialog_->isVisible() && find<QPushButton>("OK")->isEnabled());
+    EXPECT_EQ(RememberedAddressBook(), before);
+}
+
+TEST_F(AddressBookDialogTest, WhatTheFileSaysWrongIsPassedOver) {
+    const auto file = fs::path(getenv("XDG_CONFIG_HOME")) / "kalmo-print/window.conf";
+    const auto panels = RememberedPanels();
+    ASSERT_TRUE(RememberPanels({"job-notes"}));
+    ASSERT_TRUE(RememberAddressBook(own_));
+    EXPECT_EQ(RememberedPanels(), std::vector<std::string>{"job-notes"});
+    for (const char* wrong :
+         {"", "[addressBook]\nsource=mars\nfolder=here", "\xff\xfe[addressBook"}) {
+        WriteFile(file, wrong);
+        EXPECT_EQ(RememberedAddressBook(), contacts::Settings()) << wrong;
+    }
+    static_cast<void>(RememberPanels(panels));
+}
+
+TEST_F(AddressBookDialogTest, EveryControlHasANameALetterAndRoom) {
+    contacts::SetSettings(own_);
+    // Of buttons that exclude each other, Tab reaches one as soon as one has the focus.
+    AddressBookDialog untouched;
+    EXPECT_EQ(WindowFaults(untouched, Identities::notNeeded), std::vector<std::string>());
+    open();
+    ASSERT_TRUE(Wait([this] { return find<QLabel>("Contacts: 2"); }));
+    EXPECT_EQ(CutTexts(*dialog_), std::vector<std::string>());
+    EXPECT_EQ(RepeatedMnemonics(MnemonicTexts(*dialog_)), std::vector<std::string>());
+}
+
+}  // namespace
+}  // namespace kalmo::test
