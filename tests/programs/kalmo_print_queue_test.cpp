@@ -48,13 +48,12 @@ struct KalmoPrintQueueTest : QueueTest {
     }
     /// A fax in color, as far as that goes.
     fs::path fax(const std::string& recipients) {
-        return ticketOf(5, {},
-                        "<key>com.kalmo.print.FaxOptions</key><dict>" +
-                            text("DialingPrefix", kPrefix) + text("CreditCard", kCard) +
-                            "<key>Resolution</key><integer>3</integer></dict>" +
-                            "<key>com.kalmo.print.FaxRecipientList</key><array>" + recipients +
-                            "</array>",
-                        text("KLMColor", "Color"));
+        return ticketOf(
+            5, {},
+            "<key>com.kalmo.print.FaxOptions</key><dict>" + text("DialingPrefix", kPrefix) +
+                text("CreditCard", kCard) + "<key>Resolution</key><integer>3</integer></dict>" +
+                "<key>com.kalmo.print.FaxRecipientList</key><array>" + recipients + "</array>",
+            text("KLMColor", "Color"));
     }
 
     fs::path ticket_ = document.parent_path() / "in.plist";
@@ -90,9 +89,10 @@ TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePa
 TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackAndNobodyElseReadsHowItIsDialed) {
     const auto refused = run({"--no-dialog", "-d", "kalmo", "--ticket", fax(""), document});
     EXPECT_EQ(refused.exitCode, 1);
-    EXPECT_EQ(refused.errors,
-              "The fax has no recipients: Choose them in the Print dialog, at the job type, or list "
-              "them in the ticket under com.kalmo.print.FaxRecipientList.\n");
+    EXPECT_EQ(
+        refused.errors,
+        "The fax has no recipients: Choose them in the Print dialog, at the job type, or list "
+        "them in the ticket under com.kalmo.print.FaxRecipientList.\n");
     EXPECT_TRUE(JobsOnTheServer().empty());
     const auto recipient = "<dict>" + text("FirstName", "Quendolyn") + text("FaxNumber", kNumber) +
                            text("Future", "kept not") + "</dict>";
@@ -103,9 +103,9 @@ TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackAndNobodyElseReadsHowItIsDialed) {
     const WrittenTicket sent(ReadFile(ticket_));
     EXPECT_TRUE(CFEqual(arrived.value("PrintSettings", "com.kalmo.print.FaxOptions"),
                         sent.value("PrintSettings", "com.kalmo.print.FaxOptions")));
-    const auto list = ReadPlist("<plist version=\"1.0\"><array><dict>" +
-                                text("FirstName", "Quendolyn") + text("FaxNumber", kNumber) +
-                                "</dict></array></plist>");
+    const auto list =
+        ReadPlist("<plist version=\"1.0\"><array><dict>" + text("FirstName", "Quendolyn") +
+                  text("FaxNumber", kNumber) + "</dict></array></plist>");
     EXPECT_TRUE(
         CFEqual(arrived.value("PrintSettings", "com.kalmo.print.FaxRecipientList"), list.get()));
     EXPECT_EQ(arrived.text("PPDChoices", "KLMColor"), "BW");

@@ -99,6 +99,28 @@ TEST_F(PrintWindowQueueTest, SecurePrintHoldsTheWindowUntilThereIsAPasscode) {
     EXPECT_EQ(server.leaks(1, kPasscode), "");
 }
 
+TEST_F(PrintWindowQueueTest, AFaxHoldsTheWindowUntilItHasARecipient) {
+    driver_.expect([](QWidget& setup) { setup.close(); });
+    choose("Fax");
+    pressPrintInVain();
+    driver_.expect([this](QWidget& setup) {
+        driver_.expect([](QWidget& recipient) {
+            QTest::keyClicks(FindControl<QLineEdit>(recipient, 'KPDE', 201), "Mia");
+            QTest::keyClicks(FindControl<QLineEdit>(recipient, 'KPDE', 211), kPasscode);
+            FindControl<QPushButton>(recipient, 'KPDE', 901)->click();
+        });
+        FindControl<QAbstractButton>(setup, 'KPDE', 201)->click();
+        FindControl<QPushButton>(setup, 'KPDE', 901)->click();
+    });
+    print()->click();
+    EXPECT_TRUE(window_->isVisible()) << "the press was for the setup";
+    printJob();
+    EXPECT_TRUE(Contains(server.attributes(1, "alice"), "KLMColor=BW"));
+    const std::string arrived = ReadFile(out / "ticket");
+    EXPECT_TRUE(Contains(arrived, kPasscode) && Contains(arrived, "SendSpeed")) << arrived;
+    EXPECT_EQ(server.leaks(1, kPasscode), "");
+}
+
 TEST_F(PrintWindowQueueTest, ThePaneStaysWhileItsDialogIsOpen) {
     choose("other");  // known some time after the dialog of the pane before is open
     driver_.expect([this](QWidget& dialog) {
