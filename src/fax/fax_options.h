@@ -23,7 +23,7 @@ namespace kalmo {
 #define kFaxNewJobResolutionProperty CFSTR("NewJobResolution")         // reserved
 
 // What the cover says. The labels are in the sender's language: the printer has no tables.
-#define kFaxShowSenderProperty CFSTR("ShowSender")  // boolean, true
+#define kFaxShowSenderProperty CFSTR("ShowSender")  // boolean
 #define kFaxSenderNameProperty CFSTR("SenderName")
 #define kFaxSenderOrganizationProperty CFSTR("SenderOrganization")
 #define kFaxSenderEmailAddressProperty CFSTR("SenderEmailAddress")

@@ -67,6 +67,13 @@ UInt16 InsertWatermarkNames(MenuRef menu, UInt16 after, CFArrayRef names, UInt32
     return static_cast<UInt16>(item - after);
 }
 
+Owned<CFStringRef> CopyAsTitle(CFStringRef text) {
+    std::string title;
+    for (const char character : CFStringToUTF8(text))
+        title.append(character == '&' ? 2 : 1, character);
+    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(title));
+}
+
 void FillWatermarkMenu(MenuRef menu, CFBundleRef bundle, CFArrayRef names) {
     if (!menu) return;
     DeleteMenuItems(menu, 1, CountMenuItems(menu));

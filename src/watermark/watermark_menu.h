@@ -16,6 +16,11 @@ inline constexpr UInt32 kNoWatermarkCommand = 'KWmX', kWatermarkCommand = 'KWmW'
 /// Long names are shortened. The number of items.
 UInt16 InsertWatermarkNames(MenuRef menu, UInt16 after, CFArrayRef names, UInt32 command);
 
+/// Longer names would make a menu's button wider than its window should be.
+inline constexpr CFIndex kLongestWatermarkTitle = 40;
+/// The text as a button's title, in which "&" marks a letter to press.
+[[nodiscard]] Owned<CFStringRef> CopyAsTitle(CFStringRef text);
+
 /// Empties the menu and fills it for the print watermarks. Item 1 is no watermark, the next are the
 /// names.
 void FillWatermarkMenu(MenuRef menu, CFBundleRef bundle, CFArrayRef names);

@@ -2,6 +2,7 @@
 
 #include "controls/panel_operations.h"
 #include "watermark/job_page.h"
+#include "watermark/stored_watermarks.h"
 #include "watermark/watermark_store.h"
 
 namespace kalmo {

@@ -51,9 +51,6 @@ void WatermarkChanged(_BookletWatermarkContext& context);
 /// Draws now what is not drawn yet.
 void FinishDrawing(_BookletWatermarkContext& context);
 
-/// Wherever it stands in the list.
-void RemoveWatermarkName(CFMutableArrayRef names, CFStringRef name);
-
 // What the menu's items do, in the user's store and to the job.
 
 void ChooseWatermark(_BookletWatermarkContext& context, CFIndex index);

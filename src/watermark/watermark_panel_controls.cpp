@@ -16,8 +16,6 @@ using Context = _BookletWatermarkContext;
 using Controls = BookletWatermarkControls;
 
 constexpr SInt32 kSection = 1700;
-/// Longer names would make the pane wider than its window should be.
-constexpr CFIndex kLongestShown = 40;
 
 constexpr struct {
     SInt32 id;
@@ -54,17 +52,9 @@ void ShowMenu(const Context& context) {
                              .pages = context.choice.pages()});
 }
 
-/// A title takes "&" for the mark of a letter to press.
-Owned<CFStringRef> AsTitle(CFStringRef text) {
-    std::string title;
-    for (const char character : CFStringToUTF8(text))
-        title.append(character == '&' ? 2 : 1, character);
-    return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(title));
-}
-
 Owned<CFStringRef> ChosenText(const Context& context) {
     const CFStringRef name = context.choice.name();
-    return name ? CopyShortened(name, kLongestShown)
+    return name ? CopyShortened(name, kLongestWatermarkTitle)
                 : CopyText(context.bundle, CFSTR("NoWatermark"));
 }
 
@@ -223,7 +213,7 @@ void ShowBookletWatermark(Context& context) {
     if (!context.opened) return;
     ShowMenu(context);
     const auto chosen = ChosenText(context), options = OptionsText(context);
-    SetControlTitleWithCFString(context.controls.watermark, AsTitle(chosen));
+    SetControlTitleWithCFString(context.controls.watermark, CopyAsTitle(chosen));
     SetControlTitleWithCFString(context.controls.options, options);
     SetControlAccessibleDescription(context.controls.page, chosen);
     Warn(context, noErr);
