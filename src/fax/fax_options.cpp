@@ -1,6 +1,14 @@
 #include "fax/fax_options.h"
 
 namespace kalmo {
+namespace {
+
+void CopyValue(const void* key, const void* value, void* options) {
+    CFDictionarySetValue(static_cast<CFMutableDictionaryRef>(options),
+                         static_cast<CFStringRef>(key), value);
+}
+
+}  // namespace
 
 SInt32 NumberOr(CFDictionaryRef options, CFStringRef key, SInt32 missing) {
     const auto number =
@@ -20,6 +28,11 @@ void SetOrRemove(CFMutableDictionaryRef options, CFStringRef key, CFStringRef te
     } else {
         CFDictionaryRemoveValue(options, key);
     }
+}
+
+void ReplaceOptions(CFMutableDictionaryRef options, CFDictionaryRef contents) {
+    CFDictionaryRemoveAllValues(options);
+    CFDictionaryApplyFunction(contents, CopyValue, options);
 }
 
 }  // namespace kalmo

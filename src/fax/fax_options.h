@@ -56,5 +56,7 @@ inline constexpr SInt32 kCoverSizeLetter = 1;
 [[nodiscard]] bool BooleanOr(CFDictionaryRef options, CFStringRef key, bool missing);
 /// Stores the text, or removes the key when there is none.
 void SetOrRemove(CFMutableDictionaryRef options, CFStringRef key, CFStringRef text);
+/// In the place of all that stands in `options`.
+void ReplaceOptions(CFMutableDictionaryRef options, CFDictionaryRef contents);
 
 }  // namespace kalmo
