@@ -24,10 +24,6 @@ public:
     ~PrivateDesktop();
 
     void endBus() const { bus_->signal(SIGTERM); }
-    /// Calls of another client. The answer as gdbus prints it.
-    [[nodiscard]] static std::string call(const std::string& service, const std::string& path,
-                                          const std::string& method,
-                                          const std::vector<std::string>& arguments = {});
     /// What the service's own tool finds in the default address book: vCards.
     [[nodiscard]] static std::string exported();
     void killAddressBookService() const;
