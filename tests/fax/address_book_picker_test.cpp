@@ -1,0 +1,205 @@
+// The dialogs between recipients and the address book, through their controls.
+#include "fax/address_book_picker.h"
+
+#include "fax/card_folder.h"
+#include "fax/picker_candidates.h"
+#include "paper_output/dialog_test.h"
+
+namespace kalmo::test {
+namespace {
+
+constexpr SInt32 kGroups = 200, kSearch = 201, kCandidates = 202, kNote = 203, kBusy = 204,
+                 kCount = 205;
+constexpr SInt32 kName = 200;
+constexpr int kLast = 0, kFirst = 1, kNumber = 2;
+
+std::string Phone(const char* types, const std::string& number) {
+    return std::string("TEL;TYPE=") + types + ":" + number + "\n";
+}
+
+struct AddressBookDialogs : DialogTest {
+    AddressBookDialogs() { model.bundle = bundle, model.list = &list; }
+
+    /// Once the address book is read.
+    void expectPicker(const ModalDriver::Answer& answer) {
+        driver.expect([answer](QWidget& window) {
+            ASSERT_TRUE(Wait([&] { return !Control(window, kBusy).isVisible(); }));
+            answer(window);
+        });
+    }
+    SInt32 pick(const ModalDriver::Answer& answer) {
+        expectPicker(answer);
+        return RunModalFaxABPicker(&model);
+    }
+    static std::vector<std::string> Column(QWidget& window, SInt32 view, int column = 0) {
+        const auto& rows = *Control<QTreeView>(window, view).model();
+        std::vector<std::string> texts;
+        for (int row = 0; row < rows.rowCount(); ++row)
+            texts.push_back(rows.index(row, column).data().toString().toStdString());
+        return texts;
+    }
+    static void Select(QWidget& window, SInt32 view, std::initializer_list<int> rows) {
+        auto& tree = Control<QTreeView>(window, view);
+        tree.clearSelection();
+        for (const int row : rows)
+            tree.selectionModel()->select(tree.model()->index(row, 0),
+                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QCoreApplication::processEvents();
+    }
+    static void Cancel(QWidget& window) { Press(window, kCancel); }
+    /// Each with a number of its own.
+    void addMany(const std::string& name, int count) {
+        std::vector<std::string> members;
+        for (int i = 0; i < count; ++i) {
+            members.push_back(name + std::to_string(i));
+            cards.add(members.back(), "N:" + members.back() + ";;;;\nFN:x\n" + Phone("FAX", "1"));
+        }
+        cards.addGroup(name, members);
+    }
+    void fillList(int count) {
+        for (int i = 0; i < count; ++i) {
+            auto* const made = new FaxRecipient(CFSTR("x"), nullptr, nullptr);
+            list.append(made);
+            FaxRecipientRelease(made);
+        }
+    }
+    static std::string NoteOf(QWidget& window) {
+        return Control<QLabel>(window, kNote).text().toStdString();
+    }
+
+    CardFolder cards{MakeFolder("picked")};
+    FaxRecipientList list;
+    FaxRecipientsModel model;
+};
+
+using Texts = std::vector<std::string>;
+
+TEST_F(AddressBookDialogs, GroupsOfferTheEntriesOfTheirMembers) {
+    cards.add("mil", "N:Miller;Ann;;;\nFN:Ann Miller\n" + Phone("CELL", "9") +
+                         Phone("\"WORK,FAX\"", "7") + "X-COM-KALMO-MAILBOX:12\n");
+    cards.add("ham",
+              "N:Hamilton;Bea;;;\nFN:Bea Hamilton\n" + Phone("FAX", "5") + "CATEGORIES:bees\n");
+    cards.add("co", "FN:Miles Ltd\nN:Contact;Person;;;\nORG:Miles Ltd\nX-ABShowAs:COMPANY\n" +
+                        Phone("WORK", "6"));
+    cards.add("mute", "N:Mila;;;;\nFN:Mila\n");
+    cards.add("alone", "N:Zoe;;;;\nFN:Zoe\n" + Phone("HOME", "4"));
+    cards.addGroup("ants", {"mil", "ham", "co", "mute", "gone"});
+    cards.addGroup("Bare", {});
+    EXPECT_EQ(pick([&](QWidget& window) {
+                  EXPECT_EQ(Column(window, kGroups), (Texts{"ants", "Bare", "bees", "No group"}));
+                  EXPECT_EQ(Column(window, kCandidates, kNumber), (Texts{"5", "6", "7", "9"}));
+                  EXPECT_EQ(Column(window, kCandidates, kFirst)[1], "Miles Ltd");
+                  EXPECT_EQ(Column(window, kCandidates, kLast)[1], "");
+                  for (const auto& [sought, found] : {std::pair{"mil", Texts{"6", "7", "9"}},
+                                                      {"WORK F", Texts{"7"}},
+                                                      {"9", Texts{"9"}},
+                                                      {"milton", Texts{}},
+                                                      {"", Texts{"5", "6", "7", "9"}}}) {
+                      Type(window, kSearch, sought);
+                      EXPECT_EQ(Column(window, kCandidates, kNumber), found) << sought;
+                  }
+                  auto& titles = *Control<QTreeView>(window, kCandidates).header();
+                  QTest::mouseClick(titles.viewport(), Qt::LeftButton, {},
+                                    {titles.sectionViewportPosition(kFirst) + 9, 5});
+                  EXPECT_EQ(Column(window, kCandidates, kNumber), (Texts{"7", "9", "5", "6"}));
+                  Select(window, kCandidates, {0});
+                  EXPECT_EQ(Control<QLabel>(window, kCount).text(), "Recipients to add: 1");
+                  Press(window, kOK);
+              }),
+              1);
+    ASSERT_EQ(list.count(), 1);
+    EXPECT_EQ(CFStringToUTF8(list.recipientAtIndex(0)->mailbox()), "12");
+}
+
+TEST_F(AddressBookDialogs, AListTakesAThousandAndNotOneMore) {
+    addMany("eleven", 11);
+    fillList(990);
+    EXPECT_EQ(pick([&](QWidget& window) {
+                  Press(window, kOK);
+                  EXPECT_EQ(notices, (Texts{"You chose 11 recipients. A fax takes up to 1000, so "
+                                            "there is room for 10 more. Choose fewer, then add "
+                                            "them."}));
+                  EXPECT_EQ(list.count(), 990);
+                  Select(window, kCandidates, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9});
+                  Press(window, kOK);
+              }),
+              1);
+    EXPECT_EQ(list.count(), 1000);
+}
+
+TEST_F(AddressBookDialogs, OfSeveralGroupsAllAreAdded) {
+    addMany("a", 3);
+    addMany("b", 2);
+    EXPECT_EQ(pick([&](QWidget& window) {
+                  Select(window, kCandidates, {0});
+                  Select(window, kGroups, {0, 1});
+                  EXPECT_TRUE(Column(window, kCandidates).empty());
+                  Press(window, kOK);
+              }),
+              1);
+    EXPECT_EQ(list.count(), 5);
+}
+
+TEST_F(AddressBookDialogs, TheOnlyOneThatIsRefusedLeavesTheDialogOpen) {
+    addMany("a", 1);
+    for (const bool isNew : {true, false}) {
+        EXPECT_EQ(pick([&](QWidget& window) {
+                      QTest::keyClick(&Control(window, kCandidates), Qt::Key_Down);
+                      QTest::keyClick(&Control(window, kCandidates), Qt::Key_Return);
+                      if (!isNew) Cancel(window);
+                  }),
+                  isNew ? 1 : kModalCancel)
+            << "nobody says yes to the question";
+        EXPECT_EQ(list.count(), 1);
+    }
+}
+
+TEST_F(AddressBookDialogs, WhatIsWrongWithTheAddressBookIsSaid) {
+    const auto note = [this] {
+        std::string said;
+        pick([&](QWidget& window) {
+            said = NoteOf(window);
+            EXPECT_EQ(Enabled(window, kOK), !Column(window, kGroups).empty());
+            Cancel(window);
+        });
+        return said;
+    };
+    EXPECT_EQ(note(), "The address book is empty.");
+    cards.add("mute", "N:Mila;;;;\nFN:Mila\n");
+    WriteFile(cards.folder / "broken.vcf", "no card");
+    EXPECT_EQ(note(),
+              "Nobody in the address book has a telephone number. One contact could not be "
+              "read and is missing here.");
+    cards.add("ann", "N:Lee;;;;\nFN:Lee\n" + Phone("FAX", "7"));
+    std::filesystem::remove(cards.folder / "broken.vcf");
+    EXPECT_EQ(note(), "");
+    contacts::SetSettings({.source = contacts::Source::automatic, .folder = cards.folder});
+    EXPECT_TRUE(Contains(note(), "from the folder " + cards.folder.string()));
+    contacts::SetSettings({.source = contacts::Source::desktop, .folder = {}});
+    EXPECT_TRUE(Contains(note(), "There is no address book."));
+}
+
+TEST_F(AddressBookDialogs, AGroupNeedsANameAndAPlace) {
+    fillList(2);
+    driver.expect([&](QWidget& window) {
+        Type(window, kName, " ");
+        Press(window, kOK);
+        EXPECT_EQ(notices, Texts{"Enter a name for the group."});
+        EXPECT_EQ(window.focusWidget(), &Control(window, kName));
+        contacts::SetSettings({.source = contacts::Source::desktop, .folder = {}});
+        Type(window, kName, "Friends");
+        Press(window, kOK);
+        EXPECT_TRUE(Wait([&] { return notices.size() == 2; }));
+        EXPECT_TRUE(window.isVisible());
+        contacts::SetSettings({.source = contacts::Source::folder, .folder = cards.folder});
+        Press(window, kOK);
+    });
+    EXPECT_EQ(RunModalSaveGroupDialog(bundle, &list), kModalOK);
+    const auto stored = cards.read();
+    ASSERT_EQ(stored.groups.size(), 1u);
+    EXPECT_EQ(std::pair(stored.groups[0].name, stored.groups[0].members.size()),
+              std::pair(std::string("Friends"), std::size_t{2}));
+}
+
+}  // namespace
+}  // namespace kalmo::test

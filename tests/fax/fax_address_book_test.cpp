@@ -1,0 +1,104 @@
+// Recipients on their way into the address book, and who they are there.
+#include "fax/fax_address_book.h"
+
+#include "fax/candidate_recipient.h"
+#include "fax/card_folder.h"
+#include "fax/recipient_saving.h"
+#include "shell/base/plugin_bundle.h"
+#include "support/dictionaries.h"
+
+namespace kalmo::test {
+namespace {
+
+using contacts::Label;
+
+struct FaxAddressBook : testing::Test {
+    FaxAddressBook() { gBundle = bundle; }
+    ~FaxAddressBook() override { gBundle = nullptr; }
+    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
+};
+
+FaxRecipient* Append(FaxRecipientList& list, const char* fields) {
+    auto* const recipient = new FaxRecipient(Dictionary(fields));
+    list.append(recipient);
+    FaxRecipientRelease(recipient);
+    return recipient;
+}
+
+TEST_F(FaxAddressBook, ARecipientBecomesAPersonWithoutItsLastName) {
+    const CardFolder cards;
+    FaxRecipient ann(
+        Dictionary("FirstName=Ann LastName=Lee FaxNumber=\"7\" PhoneNumber=\"8\" "
+                   "EmailAddress=a@b Organization=Co Mailbox=\"12\""));
+    EXPECT_EQ(ann.abRecord(), nullptr);
+    EXPECT_TRUE(ann.commitToAddressBook());
+    const auto person = ann.abRecord();
+    ASSERT_NE(person, nullptr);
+    EXPECT_EQ(std::tie(person->first, person->last, person->organization, person->mailbox),
+              std::tuple("Ann", "", "Co", "12"));
+    const std::vector<contacts::Entry> phones{{Label::workFax, "7"}, {Label::work, "8"}},
+        emails{{Label::work, "a@b"}};
+    EXPECT_EQ(person->phones, phones);
+    EXPECT_EQ(person->emails, emails);
+    EXPECT_EQ(cards.read().persons.size(), 1u);
+    EXPECT_FALSE(Contains(ReadFile(cards.folder / (person->uid + ".vcf")), "Lee"));
+}
+
+TEST_F(FaxAddressBook, AGroupTakesInItsRecipientsAndAddsOnlyThoseWhoAreNew) {
+    const CardFolder cards;
+    cards.add("bea", "FN:Bea\nN:;Bea;;;\nTEL;TYPE=FAX:5\n");
+    FaxRecipientList list;
+    Append(list, "FirstName=Bea FaxNumber=\"5\" UID=bea");
+    FaxRecipient* const ann = Append(list, "FirstName=Ann FaxNumber=\"7\"");
+    list.append(ann);
+    Append(list, "FirstName=Bea FaxNumber=\"6\" UID=bea");
+    for (const char* name : {"First", "Second"}) {
+        EXPECT_TRUE(list.saveAsABGroupWithName(String(name)));
+        const auto stored = cards.read();
+        EXPECT_EQ(stored.persons.size(), 2u) << "the second time everybody is there";
+        const auto group = std::ranges::find(stored.groups, name, &contacts::Group::name);
+        ASSERT_NE(group, stored.groups.end());
+        EXPECT_EQ(group->members, (std::vector<std::string>{"bea", CFStringToUTF8(ann->uid())}));
+    }
+}
+
+TEST_F(FaxAddressBook, WhereNothingCanBeSavedRecipientsStayAsTheyAre) {
+    const CardFolder cards(MakeFolder("home") / "file" / "cards");
+    WriteFile(cards.folder.parent_path(), "no folder");
+    FaxRecipientList list;
+    FaxRecipient* const ann = Append(list, "FirstName=Ann FaxNumber=\"7\"");
+    EXPECT_FALSE(list.saveAsABGroupWithName(CFSTR("Friends")));
+    EXPECT_FALSE(ann->commitToAddressBook());
+    EXPECT_EQ(ann->uid(), nullptr);
+}
+
+TEST_F(FaxAddressBook, AnotherTryGoesOnWithTheGroupThatIsThere) {
+    const CardFolder cards;
+    cards.addGroup("Friends", {"bea"});
+    FaxRecipientList list;
+    Append(list, "FirstName=Ann FaxNumber=\"7\"");
+    contacts::Group group{.uid = "group-Friends", .revision = "of old", .name = "Friends"};
+    EXPECT_TRUE(SaveAsGroup(list, group)) << "another program has changed it";
+    EXPECT_EQ(cards.read().groups.size(), 1u);
+    EXPECT_EQ(group.members.size(), 2u) << "and its members stay";
+
+    std::filesystem::remove(cards.folder / "group-Friends.vcf");
+    FaxRecipient* const cid = Append(list, "FirstName=Cid FaxNumber=\"8\"");
+    EXPECT_FALSE(SaveAsGroup(list, group));
+    EXPECT_NE(cid->uid(), nullptr) << "was added before the failure";
+}
+
+TEST_F(FaxAddressBook, ATelephoneEntryBecomesARecipient) {
+    contacts::Person person{.uid = "u", .first = "Ann", .last = "Lee", .organization = "Co"};
+    person.phones = {{Label::homeFax, "7"}, {Label::pager, "8"}, {Label::mobile, "9"}};
+    FaxRecipient* const made = CreateRecipientFromEntry(bundle, person, person.phones[0]);
+    const auto ticket = Owned<CFMutableDictionaryRef>::Adopt(made->toTicket());
+    FaxRecipientRelease(made);
+    const auto expected = Dictionary(
+        "FirstName=Ann LastName=Lee FaxNumber=\"7\" PhoneNumber=\"9\" Organization=Co UID=u");
+    CFDictionarySetValue(expected, CFSTR("FaxNumberLabel"), CFSTR("home fax"));
+    EXPECT_TRUE(CFEqual(ticket, expected)) << "the pager is none to talk to";
+}
+
+}  // namespace
+}  // namespace kalmo::test
