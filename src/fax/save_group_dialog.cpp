@@ -10,14 +10,15 @@ namespace kalmo {
 namespace {
 
 constexpr SInt32 kNameID = 200, kMembersID = 201;
+constexpr char kHelpPage[] =
+    "Paper_Output/Job_Type/Fax/Fax_Recipients/idh_add_to_apple_address_book.htm";
 
 class SaveGroupDialog final : public ModalDialog {
 public:
     SaveGroupDialog(CFBundleRef bundle, FaxRecipientList* list)
         : ModalDialog(bundle, {.file = kFaxInterfaceFile,
                                .window = CFSTR("Group"),
-                               .helpPage = CFSTR("Paper_Output/Job_Type/Fax/Fax_Recipients/"
-                                                 "idh_add_to_apple_address_book.htm")}),
+                               .helpPage = CFStringMakeConstant(kHelpPage)}),
           list_(list) {}
 
 private:
