@@ -24,8 +24,10 @@ bool IsArrows(const QWidget& widget) { return widget.inherits("toolbox::SpinArro
 
 bool IsPicture(const QWidget& widget) { return widget.inherits("toolbox::PictureControl"); }
 
+bool IsInnerPart(const QWidget& widget) { return widget.objectName().startsWith("qt_"); }
+
 bool IsControl(const QWidget& widget) {
-    if (widget.objectName().startsWith("qt_") || widget.focusProxy()) return false;
+    if (IsInnerPart(widget) || widget.focusProxy()) return false;
     if (IsArrows(widget)) return true;
     return qobject_cast<const QAbstractButton*>(&widget) ||
            qobject_cast<const QComboBox*>(&widget) ||
@@ -103,7 +105,7 @@ std::vector<std::string> CutTexts(QWidget& window) {
         const auto* tabs = qobject_cast<QTabWidget*>(widget);
         if (tabs && tabs->width() < tabs->tabBar()->sizeHint().width())
             cut.push_back(NameOf(*widget) + " has no room for its tabs");
-        if (!hasText || widget->isHidden()) continue;
+        if (!hasText || widget->isHidden() || IsInnerPart(*widget)) continue;
         const QSize wanted = widget->minimumSizeHint();
         if (widget->width() < wanted.width() || widget->height() < wanted.height())
             cut.push_back(NameOf(*widget) + " is cut");
