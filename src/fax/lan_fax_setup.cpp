@@ -40,19 +40,13 @@ public:
           recipients_(*recipients) {}
 
     void restore(CFMutableDictionaryRef options, FaxRecipientList* recipients) const {
-        CFDictionaryRemoveAllValues(options);
-        CFDictionaryApplyFunction(options_, CopyValue, options);
+        ReplaceOptions(options, options_);
         recipients->removeAll();
         for (CFIndex i = 0; i < recipients_.count(); ++i)
             recipients->append(recipients_.recipientAtIndex(i));
     }
 
 private:
-    static void CopyValue(const void* key, const void* value, void* target) {
-        CFDictionarySetValue(static_cast<CFMutableDictionaryRef>(target),
-                             static_cast<CFStringRef>(key), value);
-    }
-
     Owned<CFMutableDictionaryRef> options_;
     FaxRecipientList recipients_;
 };
