@@ -16,6 +16,8 @@
 namespace kalmo {
 namespace {
 
+#define kHelpPage CFSTR("Paper_Output/Job_Type/Fax/M_Cover_Sheet_Setup.htm")
+
 constexpr SInt32 kPreviewID = 100, kPaperID = 101, kRecipientsID = 201, kCustomTextID = 202,
                  kSenderID = 301, kSummaryID = 303, kImageID = 401;
 
@@ -46,10 +48,8 @@ struct CoverSheetSetup {
 class CoverSheetDialog final : public ModalDialog {
 public:
     CoverSheetDialog(CFBundleRef bundle, const CoverSheetSetup& setup)
-        : ModalDialog(bundle, {.file = kFaxInterfaceFile,
-                               .window = CFSTR("Cover"),
-                               .helpPage = CFSTR("Paper_Output/Job_Type/Fax/"
-                                                 "M_Cover_Sheet_Setup.htm")}),
+        : ModalDialog(bundle,
+                      {.file = kFaxInterfaceFile, .window = CFSTR("Cover"), .helpPage = kHelpPage}),
           setup_(setup),
           images_(bundle) {}
 
