@@ -1,7 +1,6 @@
 // Recipients on their way into the address book, and who they are there.
 #include "fax/fax_address_book.h"
 
-#include "fax/candidate_recipient.h"
 #include "fax/card_folder.h"
 #include "fax/recipient_saving.h"
 #include "shell/base/plugin_bundle.h"
@@ -62,16 +61,6 @@ TEST_F(FaxAddressBook, AGroupTakesInItsRecipientsAndAddsOnlyThoseWhoAreNew) {
     }
 }
 
-TEST_F(FaxAddressBook, WhereNothingCanBeSavedRecipientsStayAsTheyAre) {
-    const CardFolder cards(MakeFolder("home") / "file" / "cards");
-    WriteFile(cards.folder.parent_path(), "no folder");
-    FaxRecipientList list;
-    FaxRecipient* const ann = Append(list, "FirstName=Ann FaxNumber=\"7\"");
-    EXPECT_FALSE(list.saveAsABGroupWithName(CFSTR("Friends")));
-    EXPECT_FALSE(ann->commitToAddressBook());
-    EXPECT_EQ(ann->uid(), nullptr);
-}
-
 TEST_F(FaxAddressBook, AnotherTryGoesOnWithTheGroupThatIsThere) {
     const CardFolder cards;
     cards.addGroup("Friends", {"bea"});
@@ -86,18 +75,6 @@ TEST_F(FaxAddressBook, AnotherTryGoesOnWithTheGroupThatIsThere) {
     FaxRecipient* const cid = Append(list, "FirstName=Cid FaxNumber=\"8\"");
     EXPECT_FALSE(SaveAsGroup(list, group));
     EXPECT_NE(cid->uid(), nullptr) << "was added before the failure";
-}
-
-TEST_F(FaxAddressBook, ATelephoneEntryBecomesARecipient) {
-    contacts::Person person{.uid = "u", .first = "Ann", .last = "Lee", .organization = "Co"};
-    person.phones = {{Label::homeFax, "7"}, {Label::pager, "8"}, {Label::mobile, "9"}};
-    FaxRecipient* const made = CreateRecipientFromEntry(bundle, person, person.phones[0]);
-    const auto ticket = Owned<CFMutableDictionaryRef>::Adopt(made->toTicket());
-    FaxRecipientRelease(made);
-    const auto expected = Dictionary(
-        "FirstName=Ann LastName=Lee FaxNumber=\"7\" PhoneNumber=\"9\" Organization=Co UID=u");
-    CFDictionarySetValue(expected, CFSTR("FaxNumberLabel"), CFSTR("home fax"));
-    EXPECT_TRUE(CFEqual(ticket, expected)) << "the pager is none to talk to";
 }
 
 }  // namespace
