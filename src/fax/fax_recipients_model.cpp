@@ -14,7 +14,7 @@
 namespace kalmo {
 namespace {
 
-constexpr SInt32 kWideColumn = 130, kNarrowColumn = 70;
+constexpr SInt32 kWideColumn = 116, kNarrowColumn = 66;
 
 /// Texts that a recipient does not have, and those of recipients, are null.
 using TextOf = Owned<CFStringRef> (*)(const FaxRecipient& recipient);

@@ -37,7 +37,7 @@ struct ListSort {
 #pragma GCC visibility push(default)
 
 void SetListTextProc(ControlRef list, ListTextProc proc, void* userData);
-/// `width` in pixels; the last column takes what is left, but no less.
+/// `width` in pixels, or what the title needs; the last column takes what is left, but no less.
 OSStatus AddListColumn(ControlRef list, OSType column, CFStringRef title, SInt32 width);
 /// How many rows may be selected: one, or as many as wanted.
 void SetListSelectsMany(ControlRef list, Boolean many);

@@ -97,11 +97,11 @@ ListView::ListView(QWidget* parent) : QTreeView(parent), model_(new ListModel(*t
 void ListView::addColumn(OSType column, const QString& title, int width) {
     const Quietly quietly(*this);
     const int place = model_->columnCount();
-    lastColumnWidth_ = width;
     model_->addColumn(column, title);
+    lastColumnWidth_ = std::max(width, header()->sectionSizeHint(place));
     if (place > 0) header()->setSectionResizeMode(place - 1, QHeaderView::Interactive);
     header()->setSectionResizeMode(place, QHeaderView::Fixed);
-    header()->resizeSection(place, width);
+    header()->resizeSection(place, lastColumnWidth_);
     stretchLastColumn();
     selectItems(std::vector(selected_));  // the new cells too
 }
