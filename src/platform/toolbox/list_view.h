@@ -42,8 +42,9 @@ OSStatus AddListColumn(ControlRef list, OSType column, CFStringRef title, SInt32
 /// How many rows may be selected: one, or as many as wanted.
 void SetListSelectsMany(ControlRef list, Boolean many);
 
-/// The user may press the columns' titles: ascending, descending, the owner's own order again. The
-/// list only shows what is chosen; the order is that of its items.
+/// The user may press the columns' titles, or choose them in a menu that the keyboard opens:
+/// ascending, descending, the owner's own order again. The list only shows what is chosen; the
+/// order is that of its items.
 void SetListSortable(ControlRef list, Boolean sortable);
 [[nodiscard]] ListSort GetListSort(ControlRef list);
 

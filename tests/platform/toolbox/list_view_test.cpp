@@ -56,7 +56,8 @@ protected:
     ControlRef list = nullptr;
     QTreeView* view = nullptr;
     std::string record;
-    Recorder selected{'s', &record}, opened{'o', &record, noErr}, pressed{'k', &record, noErr};
+    Recorder selected{'s', &record}, opened{'o', &record, noErr}, pressed{'k', &record, noErr},
+        ground{'g', &record, noErr};
     int textsAsked = 0;
 };
 
@@ -114,6 +115,8 @@ TEST_F(Lists, SelectionAndPlaceOutliveNewItems) {
     EXPECT_EQ(CountListItems(list), 161);
     RevealListItem(list, 1);
     EXPECT_TRUE(view->viewport()->rect().contains(inRow(159)));
+    ScrollListToTop(list);
+    EXPECT_EQ(view->indexAt({0, 0}).row(), 0);
 }
 
 TEST_F(Lists, AsksOnlyForTextsThatAreShown) {
@@ -137,6 +140,55 @@ TEST_F(Lists, TheLastColumnTakesWhatIsLeftButKeepsItsWidth) {
         EXPECT_EQ(last.sectionSize(1), std::max(300, view->viewport()->width() - 100));
         EXPECT_EQ(view->horizontalScrollBar()->isVisible(), width == 200);
     }
+}
+
+TEST_F(Lists, TheUserSortsByTitleOrByMenuInThreeSteps) {
+    struct Sorts {
+        std::string said;
+        static OSStatus Handle(EventHandlerCallRef, EventRef event, void* self) {
+            const ListSort sort = GetListSort(GetEventControl(event));
+            static_cast<Sorts*>(self)->said += sort.column == 0    ? "0"
+                                               : sort.isDescending ? ">"
+                                                                   : "<";
+            SetListItems(GetEventControl(event), Numbers(sort.isDescending ? 2 : 1, 9));
+            return noErr;
+        }
+    } sorts;
+    const EventTypeSpec changed{kEventClassList, kEventListSortChanged};
+    InstallControlEventHandler(list, Sorts::Handle, 1, &changed, &sorts, nullptr);
+    const auto click = [this] {
+        QTest::mouseClick(view->header()->viewport(), Qt::LeftButton, {}, {150, 5});
+    };
+    const auto choose = [this] {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(view, &event);
+        auto* const menu = view->findChild<QMenu*>();
+        ASSERT_NE(menu, nullptr);
+        menu->actions()[1]->trigger();
+        delete menu;
+    };
+    click();
+    SetListSortable(list, true);
+    for (int press = 0; press < 4; ++press) click();
+    EXPECT_EQ(GetListSort(list).column, OSType{'attr'});
+    EXPECT_EQ(view->header()->sortIndicatorSection(), 1) << "shown";
+    for (int press = 0; press < 3; ++press) choose();
+    EXPECT_EQ(sorts.said, "<>0<>0<");
+    SetListSortable(list, false);
+    EXPECT_EQ(GetListSort(list).column, OSType{0});
+    EXPECT_EQ(sorts.said, "<>0<>0<") << "not by code";
+}
+
+TEST_F(Lists, TheGroundBelowTheRowsIsOpenedToo) {
+    handle(kEventClassList, kEventListGroundOpened, ground);
+    SetListItems(list, Numbers(1, 3));
+    SetListSelection(list, {2});
+    record.clear();
+    const QPoint below(20, inRow(2).y() + 40);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, below);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, below);
+    EXPECT_EQ(record, "sg");
+    EXPECT_EQ(GetListSelection(list), Items());
 }
 
 TEST_F(Lists, KeysThatAreNotTheirsGoOn) {

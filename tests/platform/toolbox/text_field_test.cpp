@@ -2,6 +2,7 @@
 
 #include "interface.h"
 #include "support/modal_driver.h"
+#include "support/window_walk.h"
 #include "toolbox/combo_box.h"
 #include "toolbox/menus.h"
 #include "toolbox/qt_strings.h"
@@ -164,6 +165,32 @@ TEST_P(Fields, KeysComeRawBeforeTheyAreInput) {
     EXPECT_EQ(record, GetParam().inputs + QChar(26));
     QTest::keyClick(field, Qt::Key_Tab);
     EXPECT_TRUE(interface.widget(2)->hasFocus());
+}
+
+TEST(SearchFields, ClearingIsAnInputAndEscapeComesBeforeCancel) {
+    Interface interface(WindowFile(WidgetText("SearchField", 1)));
+    ASSERT_EQ(interface.open(), noErr);
+    auto& field = *interface.widget<QLineEdit>(1);
+    std::string inputs;
+    Recorder recorder{'i', &inputs};
+    const EventTypeSpec input{kEventClassTextInput, kEventTextInput};
+    InstallControlEventHandler(interface.control(1), Recorder::Handle, 1, &input, &recorder,
+                               nullptr);
+    Activate(*interface.windowWidget());
+    QAction& clear = *field.actions().last();
+    for (const bool byKey : {true, false}) {
+        inputs.clear();
+        QTest::keyClicks(&field, "ab");
+        EXPECT_TRUE(clear.isVisible());
+        byKey ? QTest::keyClick(&field, Qt::Key_Escape) : clear.trigger();
+        EXPECT_EQ(field.text().toStdString() + inputs, "iii");
+        EXPECT_FALSE(clear.isVisible());
+    }
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
+    QApplication::sendEvent(&field, &escape);
+    EXPECT_FALSE(escape.isAccepted());
+    EXPECT_EQ(WindowFaults(*interface.windowWidget(), Identities::needed).size(), 1U)
+        << "only its own name is missing";
 }
 
 TEST(ComboFields, OnlyAChoiceInTheListIsAHit) {
