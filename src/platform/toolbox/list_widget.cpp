@@ -85,6 +85,7 @@ ListView::ListView(QWidget* parent) : QTreeView(parent), model_(new ListModel(*t
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollMode(ScrollPerPixel);
     header()->setObjectName(QStringLiteral("qt_list_header"));  // an inner part, no view
+    alignTitles();
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     header()->setSortIndicatorClearable(true);
@@ -111,6 +112,17 @@ void ListView::stretchLastColumn() {
     if (last < 0) return;
     const int others = header()->length() - header()->sectionSize(last);
     header()->resizeSection(last, std::max(lastColumnWidth_, viewport()->width() - others));
+}
+
+/// Where the texts below begin: Qt would leave them on the left.
+void ListView::alignTitles() {
+    header()->setDefaultAlignment((isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft) |
+                                  Qt::AlignVCenter);
+}
+
+void ListView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LayoutDirectionChange) alignTitles();
+    QTreeView::changeEvent(event);
 }
 
 void ListView::resizeEvent(QResizeEvent* event) {

@@ -37,6 +37,7 @@ protected:
     /// Of the keyboard: the columns to sort by, as their titles cannot be reached with it.
     void contextMenuEvent(QContextMenuEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
@@ -52,6 +53,7 @@ private:
     void chooseSort();
     void pressTitle(int place);
     [[nodiscard]] bool showWholeText(const QHelpEvent& event);
+    void alignTitles();
     void stretchLastColumn();
     [[nodiscard]] std::vector<ListItem> itemsInSight() const;
     void scrollBackTo(const std::vector<ListItem>& seen, int top);

@@ -36,13 +36,11 @@ TEST_F(Tabs, OnlyTheUserBringsAnotherToTheFrontWithAHit) {
     for (const auto& [value, front] : {std::pair{2, 2}, {9, 2}, {-1, 1}}) {
         SetControl32BitValue(tabs, value);
         EXPECT_EQ(GetControl32BitValue(tabs), front);
-        EXPECT_EQ(widget->currentWidget()->objectName(), front == 1 ? "First" : "Second");
     }
     Activate(*interface.windowWidget());
     EXPECT_EQ(record, "");
     QTest::keyClick(widget, Qt::Key_S, Qt::AltModifier);
     EXPECT_EQ(GetControl32BitValue(tabs), 2);
-    interface.widget(3)->setFocus();
     QTest::keyClick(interface.widget(3), Qt::Key_PageUp, Qt::ControlModifier);
     QTest::keyClick(interface.widget(3), Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(GetControl32BitValue(tabs), 1);
@@ -64,10 +62,7 @@ TEST_F(Tabs, TabGoesThroughTheRowThePageInFrontAndTheRest) {
 }
 
 TEST_F(Tabs, PagesBehindAreLaidOutAndPartsOfTheWindow) {
-    const QSize front = interface.widget(2)->size();
-    EXPECT_EQ(interface.widget(3)->width(), front.width());
-    EXPECT_EQ(interface.widget(3)->parentWidget()->height(),
-              interface.widget(2)->parentWidget()->height());
+    EXPECT_EQ(interface.widget(3)->width(), interface.widget(2)->width());
     const ControlRef first = GetFirstSubcontrol(tabs);
     EXPECT_EQ(TakeText(CopyControlTitleAsCFString(GetNextSibling(first))), "&Second");
     EXPECT_EQ(MnemonicTexts(*interface.windowWidget()),
