@@ -46,7 +46,8 @@ struct AddressBookDialogs : DialogTest {
     void addMany(const std::string& name, int count) {
         std::vector<std::string> members;
         for (int i = 0; i < count; ++i) {
-            cards.add(members.emplace_back(name + std::to_string(i)), "N:Lee;;;;\nTEL:1\n");
+            members.push_back(name + std::to_string(i));
+            cards.add(members.back(), "N:Lee;" + members.back() + ";;;\nTEL:1\n");
         }
         cards.addGroup(name, members);
     }
