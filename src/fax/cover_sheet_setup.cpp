@@ -61,6 +61,8 @@ private:
         PopulatePopupButtonFromMap(bundle(), control(kSenderID), CoverSheetSenderMap,
                                    JobContext::job, 0);
         SyncToUI();
+        // Who has never set a cover sheet up starts from the own card.
+        if (!CFDictionaryContainsKey(setup_.options, kFaxShowSenderProperty)) senderWasChosen();
     }
 
     bool accept() override {
