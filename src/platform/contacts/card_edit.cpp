@@ -116,8 +116,10 @@ void CardEdit::setParts(Field field, const std::vector<std::string>& parts) {
     const bool empty = std::ranges::all_of(all, &std::string::empty);
     if (empty && field == Field::organization) return removeAll(fields_.lines(field));
     if (field == Field::name && all.size() < 5) all.resize(5);
+    const std::string joined = Joined(all, ';');
     Property property = line == kNoLine ? NewProperty(field) : card_.property(line);
-    property.value = Joined(all, ';');
+    if (joined == property.value) return;
+    property.value = joined;
     if (line == kNoLine) return addLine(field, property);
     card_.replace(line, property);
 }
@@ -162,7 +164,6 @@ void CardEdit::addEntry(Field field, const Entry& wanted, std::size_t behind) {
 }
 
 void CardEdit::writeEntry(const EntryLine& stored, const Entry& wanted) {
-    if (stored.entry == wanted) return;
     Property property = card_.property(stored.line);
     if (stored.entry.value != wanted.value) {
         property.value = escaped(wanted.value);
@@ -171,16 +172,18 @@ void CardEdit::writeEntry(const EntryLine& stored, const Entry& wanted) {
     }
     const bool relabelled =
         stored.entry.label != wanted.label || stored.entry.customLabel != wanted.customLabel;
-    const bool ownLabel = stored.labelLine != kNoLine && !stored.labelsOthers;
-    const bool custom = wanted.label == Label::custom;
+    const Entry storable = WithStorableLabel(wanted);
+    const bool labelled = relabelled && storable.label == Label::custom;
     if (relabelled) {
-        SetLabelTypes(property, card_.version(), wanted.label);
-        if (stored.labelLine != kNoLine && !ownLabel) property.group.clear();
+        const bool ownLabel = stored.labelLine != kNoLine && !stored.labelsOthers;
+        SetLabelTypes(property, card_.version(), storable.label);
         if (ownLabel) card_.remove(stored.labelLine);
-        if (custom && property.group.empty()) property.group = freshGroup();
+        // Others in its group would get the label, too.
+        if (stored.labelsOthers) property.group.clear();
+        if (labelled && !ownLabel) property.group = freshGroup();
     }
     card_.replace(stored.line, property);
-    if (relabelled && custom) addLabel(property.group, wanted, stored.line);
+    if (labelled) addLabel(property.group, storable, stored.line);
 }
 
 void CardEdit::setEntries(Field field, const std::vector<Entry>& wanted) {
@@ -190,14 +193,14 @@ void CardEdit::setEntries(Field field, const std::vector<Entry>& wanted) {
     // What comes first stands before the others, what has no other stands at the end.
     std::size_t behind = stored.empty() ? card_.lastLine() : stored.front().line - 1;
     for (std::size_t i = 0; i < wanted.size(); ++i) {
-        const Entry entry = WithStorableLabel(wanted[i]);
+        const bool empty = wanted[i].value.empty();
         if (places[i] == kNoLine) {
-            if (!entry.value.empty()) addEntry(field, entry, behind);
+            if (!empty) addEntry(field, WithStorableLabel(wanted[i]), behind);
             continue;
         }
         const EntryLine& place = stored[places[i]];
-        if (place.entry != wanted[i]) writeEntry(place, entry);
-        used[places[i]] = !entry.value.empty();
+        if (place.entry != wanted[i]) writeEntry(place, wanted[i]);
+        used[places[i]] = !empty;
         behind = place.line;
     }
     for (std::size_t i = 0; i < stored.size(); ++i) {

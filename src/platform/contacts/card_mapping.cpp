@@ -26,21 +26,24 @@ Record RecordOf(const Card& card) {
 }
 
 /// A name to show follows what it was made of, until somebody gives another.
-void ApplyFullName(CardEdit& edit, const Person& stored, const Person& wanted) {
-    const bool given = !wanted.full.empty() && wanted.full != stored.full;
+std::string FullName(const Person& stored, const Person& wanted) {
+    if (!wanted.full.empty() && wanted.full != stored.full) return wanted.full;
     const bool follows = wanted.full.empty() || stored.full == DisplayName(stored);
-    if (!given && !follows) return;
-    const std::string full = given ? wanted.full : DisplayName(wanted);
-    if (full != stored.full) edit.setText(Field::formattedName, full);
+    return follows ? DisplayName(wanted) : stored.full;
 }
 
 void ApplyNames(CardEdit& edit, const Person& stored, const Person& wanted, bool isNew) {
     if (wanted.uid != stored.uid && !wanted.uid.empty()) edit.setText(Field::uid, wanted.uid);
-    ApplyFullName(edit, stored, wanted);
-    if (isNew || wanted.first != stored.first || wanted.last != stored.last) {
+    const std::string full = FullName(stored, wanted);
+    const bool shownAnew = full != stored.full;
+    if (shownAnew) edit.setText(Field::formattedName, full);
+    // What was only read from the name to show must now be said.
+    const bool firstWasShown = shownAnew && stored.first == stored.full;
+    const bool organizationWasShown = shownAnew && stored.organization == stored.full;
+    if (isNew || firstWasShown || wanted.first != stored.first || wanted.last != stored.last) {
         edit.setParts(Field::name, {wanted.last, wanted.first});
     }
-    if (wanted.organization != stored.organization) {
+    if (organizationWasShown || wanted.organization != stored.organization) {
         edit.setParts(Field::organization, {wanted.organization});
     }
     if (wanted.isCompany != stored.isCompany) edit.setCompany(wanted.isCompany);

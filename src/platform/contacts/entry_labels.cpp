@@ -49,15 +49,6 @@ bool DropLabelTypes(Parameter& parameter) {
     return true;
 }
 
-void Rewrite(Parameter& parameter) {
-    std::string list;
-    for (const std::string& value : parameter.values) {
-        if (!list.empty()) list += ',';
-        list += WrittenParameter(value);
-    }
-    parameter.written = parameter.name.empty() ? list : parameter.name + '=' + list;
-}
-
 std::vector<std::string> TypesOf(Label label, bool isPhone) {
     const auto row = std::ranges::find(LabelRows(), label, &LabelRow::label);
     if (row == LabelRows().end()) return {};
@@ -81,8 +72,11 @@ Label LabelOfTypes(const std::vector<std::string>& upperTypes) {
 }
 
 void ReadLabelText(std::string_view text, Entry& entry) {
-    const auto row = std::ranges::find_if(
-        LabelRows(), [&](const LabelRow& it) { return EqualWithoutCase(it.bracketed, text); });
+    const auto row = std::ranges::find_if(LabelRows(), [&](const LabelRow& it) {
+        // Programs turn a type that they do not know into a word of the user's.
+        return EqualWithoutCase(it.bracketed, text) ||
+               (it.types.size() == 1 && EqualWithoutCase(it.types[0], text));
+    });
     const bool known = row != LabelRows().end();
     if (!known && text.empty()) return;
     entry.label = known ? row->label : Label::custom;
@@ -92,7 +86,7 @@ void ReadLabelText(std::string_view text, Entry& entry) {
 void SetLabelTypes(Property& property, Version version, Label label) {
     std::erase_if(property.parameters, [](Parameter& parameter) {
         if (!DropLabelTypes(parameter)) return false;
-        Rewrite(parameter);
+        parameter.rewrite();
         return parameter.values.empty();
     });
     std::vector<Parameter>& parameters = property.parameters;

@@ -11,7 +11,8 @@
 namespace contacts {
 
 [[nodiscard]] Label LabelOfTypes(const std::vector<std::string>& upperTypes);
-/// `text` is that of the line X-ABLabel: one of the labels in brackets, or the user's own word.
+/// `text` is that of the line X-ABLabel: one of the labels (in brackets, or its type), or the
+/// user's own word.
 void ReadLabelText(std::string_view text, Entry& entry);
 
 /// Replaces the words that say what the entry is for, and leaves the others.

@@ -71,6 +71,8 @@ Parameter ReadParameter(std::string_view written) {
     for (const std::string_view value : Parts(written.substr(named ? equals + 1 : 0), ",")) {
         parameter.values.push_back(ParameterText(WithoutQuotes(Trimmed(value))));
     }
+    // A quote that nobody closes would swallow what is written behind it.
+    if (std::ranges::count(written, '"') % 2 != 0) parameter.rewrite();
     return parameter;
 }
 
@@ -174,6 +176,15 @@ std::size_t StartOfText(std::string_view text) {
 
 }  // namespace
 
+void Parameter::rewrite() {
+    std::string list;
+    for (const std::string& value : values) {
+        if (!list.empty()) list += ',';
+        list += WrittenParameter(value);
+    }
+    written = name.empty() ? list : name + '=' + list;
+}
+
 std::string_view Property::parameter(std::string_view upperName) const {
     const auto found = std::ranges::find(parameters, upperName, &Parameter::name);
     return found == parameters.end() ? std::string_view() : found->values[0];
@@ -192,11 +203,8 @@ std::vector<std::string> Property::types() const {
 }
 
 void Property::setParameter(std::string_view upperName, const std::vector<std::string>& values) {
-    Parameter parameter{std::string(upperName) + '=', std::string(upperName), values};
-    for (const std::string& text : values) {
-        if (&text != &values.front()) parameter.written += ',';
-        parameter.written += WrittenParameter(text);
-    }
+    Parameter parameter{"", std::string(upperName), values};
+    parameter.rewrite();
     removeParameter(upperName);
     parameters.insert(parameters.begin(), std::move(parameter));
 }
@@ -221,10 +229,11 @@ Property ReadProperty(std::string_view raw) {
 std::string WriteProperty(const Property& property, Version version, std::string_view lineEnd) {
     std::string line = property.group.empty() ? "" : property.group + '.';
     line += property.name;
+    const std::size_t nameEnd = line.size();
     for (const Parameter& parameter : property.parameters) {
         if (!IsTransferParameter(parameter)) line += ';' + parameter.written;
     }
-    if (version != Version::v21) return InFolds(line + ':' + property.value, lineEnd);
+    if (version != Version::v21) return InFolds(line + ':' + property.value, nameEnd, lineEnd);
     if (IsPlain(property.value)) return line + ':' + property.value + std::string(lineEnd);
     line += ";CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:";
     return line + ToQuotedPrintable(property.value, line.size(), lineEnd) + std::string(lineEnd);

@@ -20,6 +20,8 @@ struct Parameter {
     std::string written;
     std::string name;  // upper case
     std::vector<std::string> values;
+    /// After a change of the values.
+    void rewrite();
 };
 
 /// A line that has been read: UTF-8 throughout, the value still with its escapes.

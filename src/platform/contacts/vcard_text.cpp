@@ -154,7 +154,9 @@ std::string Unescaped(std::string_view value) {
         const bool newline = next == 'n' || next == 'N';
         const bool escaped = newline || next == '\\' || next == ',' || next == ';' || next == ':';
         if (escaped) ++i;
-        text += newline ? '\n' : value[i];
+        // A value in quoted-printable has its line ends in it.
+        const bool pair = value[i] == '\r' && i + 1 < value.size() && value[i + 1] == '\n';
+        if (!pair) text += newline ? '\n' : value[i];
     }
     return text;
 }
@@ -224,9 +226,10 @@ std::string WrittenParameter(std::string_view text) {
     return written.find_first_of(",;:") == std::string::npos ? written : '"' + written + '"';
 }
 
-std::string InFolds(std::string_view line, std::string_view lineEnd) {
+std::string InFolds(std::string_view line, std::size_t whole, std::string_view lineEnd) {
     std::string folds;
-    for (std::size_t room = kLongestFold; line.size() > room; room = kLongestFold - 1) {
+    std::size_t room = std::max(kLongestFold, whole + 4);
+    for (; line.size() > room; room = kLongestFold - 1) {
         std::size_t cut = room;
         // A character has four bytes at most; what has no start within them is not UTF-8.
         while (cut > room - 4 && ContinuesCharacter(line[cut])) --cut;

@@ -36,7 +36,9 @@ enum class Version { v21, v30, v40 };
 [[nodiscard]] std::string ParameterText(std::string_view written);
 [[nodiscard]] std::string WrittenParameter(std::string_view text);
 
-/// In lines of at most 75 bytes, none of which starts inside a character.
-[[nodiscard]] std::string InFolds(std::string_view line, std::string_view lineEnd);
+/// In lines of at most 75 bytes, none of which starts inside a character; the first `whole` bytes
+/// stay together.
+[[nodiscard]] std::string InFolds(std::string_view line, std::size_t whole,
+                                  std::string_view lineEnd);
 
 }  // namespace contacts

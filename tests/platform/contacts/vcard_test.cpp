@@ -1,0 +1,253 @@
+// Cards of every version: read in all their forms, edited by single lines, refused when damaged.
+#include <ctime>
+
+#include "contacts/card_mapping.h"
+#include "contacts/collation.h"
+#include "support/test.h"
+
+namespace kalmo::test {
+namespace {
+
+using namespace contacts;
+
+std::string CardOf(const std::string& lines, const std::string& version = "3.0") {
+    return "BEGIN:VCARD\r\nVERSION:" + version + "\r\n" + lines + "END:VCARD\r\n";
+}
+
+Person PersonIn(const std::string& card) {
+    const auto record = ReadCard(card);
+    if (!record || !std::holds_alternative<Person>(*record)) {
+        ADD_FAILURE() << "no person in " << card;
+        return {};
+    }
+    return std::get<Person>(*record);
+}
+
+/// Lines that only one of the two has: "-..." of the first, "+..." of the second.
+std::vector<std::string> Differences(const std::string& before, const std::string& after) {
+    const auto lines = [](const std::string& text) {
+        std::multiset<std::string> set;
+        std::istringstream stream(text);
+        for (std::string line; std::getline(stream, line);) set.insert(line);
+        return set;
+    };
+    std::vector<std::string> gone, come;
+    std::ranges::set_difference(lines(before), lines(after), std::back_inserter(gone));
+    std::ranges::set_difference(lines(after), lines(before), std::back_inserter(come));
+    for (std::string& line : gone) line = '-' + line;
+    for (const std::string& line : come) gone.push_back('+' + line);
+    return gone;
+}
+
+TEST(VCard, EntriesAreReadInEveryForm) {
+    const std::tuple<const char*, const char*, Entry> kRows[] = {
+        {"3.0", "TEL;TYPE=WORK,FAX:1\r\n", {Label::workFax, "1", ""}},
+        {"3.0", "tel;type=home;type=fax:1\r\n", {Label::homeFax, "1", ""}},
+        {"4.0",
+         "TEL;VALUE=uri;TYPE=\"fax,pref\":tel:+1-5;ext=2\r\n",
+         {Label::otherFax, "+1-5", ""}},
+        {"2.1", "TEL;WORK;FAX:1\r\n", {Label::workFax, "1", ""}},
+        {"2.1",
+         "TEL;CELL;VOICE;ENCODING=QUOTED-PRINTABLE:=31=\r\n=32\r\n",
+         {Label::mobile, "12", ""}},
+        {"3.0",
+         "A.TEL;TYPE=fax:1\r\na.X-ABLABEL:Lager\\, Tor\r\n",
+         {Label::custom, "1", "Lager, Tor"}},
+        {"3.0", "item1.TEL:1\r\nitem1.X-ABLabel:_$!<HomeFAX>!$_\r\n", {Label::homeFax, "1", ""}},
+        {"3.0", "TEL;X-P=\"a:b;TYPE=FAX\";TYPE=PAGER:1\\,2\r\n", {Label::pager, "1,2", ""}},
+        {"3.0", "TEL;TY\r\n PE=CELL:1\r\n\t2\r\n", {Label::mobile, "12", ""}},
+    };
+    for (const auto& [version, line, entry] : kRows) {
+        const Person person = PersonIn(CardOf("FN:A\r\n" + std::string(line), version));
+        EXPECT_EQ(person.phones, std::vector<Entry>{entry}) << line;
+    }
+}
+
+TEST(VCard, NamesAreReadInEveryForm) {
+    struct Row {
+        const char *version, *lines, *first, *last, *organization;
+    };
+    const Row kRows[] = {
+        {"3.0", "FN:x\r\nN:M\xC3\xBCller;Karl\\, der;K;Dr.\r\n", "Karl, der", "M\xC3\xBCller", ""},
+        {"4.0", "FN:Only Name\r\nORG:A\\;B;C\r\n", "Only Name", "", "A;B"},
+        {"3.0", "FN:Acme\r\nN:;;;;\r\nORG:Acme\r\n", "", "", "Acme"},
+        {"4.0", "FN:Acme\r\nKIND:org\r\n", "", "", "Acme"},
+        {"3.0", "FN:5\r\nTEL:5\r\n", "", "", ""},
+        {"3.0", "FN:x\r\nN:M\xC3\r\n \xBCller;K\r\n", "K", "M\xC3\xBCller", ""},
+        {"2.1", "N:M\xFCller;K\r\n", "K", "M\xC3\xBCller", ""},
+        {"2.1", "N;CHARSET=ISO-8859-15;QUOTED-PRINTABLE:=A4;K\r\n", "K", "\xE2\x82\xAC", ""},
+        {"2.1", "N;CHARSET=../none;ENCODING=QUOTED-PRINTABLE:A=\r\n B;K=00\r\n", "K", "A B", ""},
+    };
+    for (const Row& row : kRows) {
+        SCOPED_TRACE(row.lines);
+        const Person person = PersonIn(CardOf(row.lines, row.version));
+        EXPECT_EQ(person.first, row.first);
+        EXPECT_EQ(person.last, row.last);
+        EXPECT_EQ(person.organization, row.organization);
+    }
+}
+
+TEST(VCard, EveryGoodFileStaysAsItIsUntilItIsEdited) {
+    int cards = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(
+             std::filesystem::path(KALMO_SOURCE_DIR) / "fuzz/corpus/vcard")) {
+        SCOPED_TRACE(entry.path());
+        const std::string text = ReadFile(entry.path());
+        const auto record = ReadCard(text);
+        EXPECT_EQ(record.has_value(), entry.path().stem() != "several");
+        if (!record) continue;
+        ++cards;
+        if (const auto* person = std::get_if<Person>(&*record)) {
+            EXPECT_EQ(ApplyPerson(text, *person), text);
+            EXPECT_FALSE(ApplyGroup(text, {}));
+        } else {
+            EXPECT_EQ(ApplyGroup(text, std::get<Group>(*record)), text);
+            EXPECT_FALSE(ApplyPerson(text, {}));
+        }
+    }
+    EXPECT_GT(cards, 5);
+}
+
+TEST(VCard, EditTouchesItsOwnLinesOnly) {
+    const std::string lines =
+        "UID:u\r\nFN:Ada L\r\nN:L;Ada;;Dr.;\r\nORG:A;Dept\r\nTEL;TYPE=WORK,FAX;X-P=1:1\r\n"
+        "item1.TEL;TYPE=pref:2\r\nitem1.X-ABLabel:Tor\r\nTEL;TYPE=CELL:3\r\nNOTE:fold\r\n ed\r\n"
+        "CATEGORIES:Old,Keep\r\n";
+    const std::string card = CardOf(lines);
+    using Edit = std::function<void(Person&)>;
+    using Lines = std::vector<std::string>;
+    const std::tuple<const char*, Edit, Lines> kRows[] = {
+        {"a name",
+         [](Person& it) { it.last = "M,"; },
+         {"-FN:Ada L\r", "-N:L;Ada;;Dr.;\r", "+FN:Ada M\\,\r", "+N:M\\,;Ada;;Dr.;\r"}},
+        {"a number",
+         [](Person& it) { it.phones[0].value = "9"; },
+         {"-TEL;TYPE=WORK,FAX;X-P=1:1\r", "+TEL;TYPE=WORK,FAX;X-P=1:9\r"}},
+        {"one less",
+         [](Person& it) { it.phones.erase(it.phones.begin() + 1); },
+         {"-item1.TEL;TYPE=pref:2\r", "-item1.X-ABLabel:Tor\r"}},
+        {"one more in front",
+         [](Person& it) {
+             it.phones.insert(it.phones.begin(), {Label::custom, "0", "Lager, Fax"});
+         },
+         {"+item2.TEL:0\r", "+item2.X-ABLabel:Lager Fax\r"}},
+        {"a label",
+         [](Person& it) {
+             it.phones[1] = {Label::homeFax, "2", ""};
+         },
+         {"-item1.TEL;TYPE=pref:2\r", "-item1.X-ABLabel:Tor\r",
+          "+item1.TEL;TYPE=HOME,FAX;TYPE=pref:2\r"}},
+        {"groups",
+         [](Person& it) {
+             it.groups = {"Keep", "New"};
+         },
+         {"-CATEGORIES:Old,Keep\r", "+CATEGORIES:Keep,New\r"}},
+        {"a company",
+         [](Person& it) {
+             it.isCompany = true;
+             it.full = "Ada L";
+         },
+         {"-FN:Ada L\r", "+FN:A\r", "+KIND:org\r", "+X-ABShowAs:COMPANY\r"}},
+        {"the organization",
+         [](Person& it) { it.organization = ""; },
+         {"-ORG:A;Dept\r", "+ORG:;Dept\r"}},
+    };
+    for (const auto& [why, edit, differences] : kRows) {
+        SCOPED_TRACE(why);
+        Person person = PersonIn(card);
+        edit(person);
+        EXPECT_EQ(Differences(card, ApplyPerson(card, person).value_or("")), differences);
+    }
+}
+
+TEST(VCard, EditKeepsTheVersionsWay) {
+    Person person = PersonIn(CardOf("N:A\r\nTEL;WORK:1\r\n", "2.1"));
+    person.last.clear();
+    for (int i = 0; i < 40; ++i) person.last += "\xC3\xBC";
+    person.phones = {{Label::homeFax, "1", ""}};
+    const std::string old = *ApplyPerson(CardOf("N:A\r\nTEL;WORK:1\r\n", "2.1"), person);
+    EXPECT_TRUE(Contains(old, "N;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=C3=BC")) << old;
+    EXPECT_TRUE(Contains(old, "TEL;HOME;FAX:1\r\n")) << old;
+    const std::string newer = *ApplyPerson("", person);
+    for (const std::string& text : {old, newer}) {
+        EXPECT_EQ(PersonIn(text).last, person.last);
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 77u) << line;
+    }
+    EXPECT_FALSE(Contains(newer, "\xC3\r\n")) << "a fold inside a character";
+}
+
+TEST(VCard, WhatIsNoSingleWholeCardIsNeverWritten) {
+    const std::string good = CardOf("FN:A\r\n");
+    const std::tuple<const char*, std::string> kRows[] = {
+        {"garbage", "not a card\n"},
+        {"cut short", good.substr(0, good.size() - 8)},
+        {"another kind", "BEGIN:VCALENDAR\r\nEND:VCALENDAR\r\n"},
+        {"text behind it", good + "more\r\n"},
+        {"text before it", "more\r\n" + good},
+        {"a card that lacks its end before another", good.substr(0, good.find("END")) + good},
+        {"a null byte", CardOf(std::string("FN:A\0\r\n", 7))},
+        {"a version of the future", CardOf("FN:A\r\n", "5.0")},
+        {"nothing in it", "BEGIN:VCARD\r\nEND:VCARD\r\n"},
+        {"two cards", good + good},
+        {"too large", CardOf("NOTE:" + std::string(kLargestCard, 'x') + "\r\n")},
+    };
+    EXPECT_TRUE(ReadCard(good));
+    for (const auto& [why, text] : kRows) {
+        EXPECT_FALSE(ReadCard(text)) << why;
+        EXPECT_FALSE(ApplyPerson(text, PersonIn(good))) << why;
+        EXPECT_EQ(ReadCards(text).size(), std::string(why) == "two cards" ? 2u : 0u) << why;
+    }
+}
+
+TEST(VCard, ContactListNamesItsMembersByUid) {
+    const Group group{"g", "", "All", {"a", "b"}};
+    const auto list = ApplyGroup("", group, GroupForm::contactList, [](const std::string& uid) {
+        return uid == "a" ? "Ada <a@b>" : "";
+    });
+    EXPECT_TRUE(Contains(*list, "EMAIL;X-EVOLUTION-DEST-CONTACT-UID=a:Ada <a@b>\r\n")) << *list;
+    Group read = std::get<Group>(*ReadCard(*list));
+    EXPECT_EQ(read.members, group.members);
+    read.members = {"b", "c"};
+    EXPECT_EQ(std::get<Group>(*ReadCard(*ApplyGroup(*list, read))).members, read.members);
+}
+
+TEST(VCard, HostileTextTakesTimeByItsSizeOnly) {
+    const auto seconds = [](const std::string& piece, std::size_t bytes) {
+        std::string lines;
+        while (lines.size() < bytes) lines += piece;
+        const std::string card = CardOf("FN:A\r\n" + lines + "\r\n");
+        const std::clock_t start = std::clock();
+        if (const auto record = ReadCard(card)) {
+            Person person = std::get<Person>(*record);
+            person.phones.clear();
+            person.groups = {"x"};
+            EXPECT_TRUE(ApplyPerson(card, person));
+        }
+        return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    };
+    for (const char* piece :
+         {"\n ", "TEL;", "TEL:1\r\n", "item1.TEL:1\r\nitem1.X-ABLabel:x\r\n", "CATEGORIES:a,b\r\n",
+          ",", "\"", "^n", "N;ENCODING=QUOTED-PRINTABLE:=\n", "=\n", "a.", "BEGIN:VCARD\n",
+          "\xC3\n \xBC"}) {
+        const double little = seconds(piece, 15'000), much = seconds(piece, 240'000);
+        // 16 times the text; with its square it would be 256 times.
+        EXPECT_LT(much, 80 * little + 0.2) << piece;
+    }
+}
+
+TEST(Collation, FoldedTextsCompareAndSortKeysOrderAsTheUserExpects) {
+    EXPECT_EQ(Folded("STRASSE"), Folded("stra\xC3\x9F"
+                                        "e"));
+    EXPECT_EQ(Folded("A\xCC\x88Z"), Folded("\xC3\xA4z"));
+    EXPECT_TRUE(Folded("\xC3\x84rger").starts_with(Folded("\xC3\xA4R")));
+    EXPECT_FALSE(Folded("Arger").starts_with(Folded("\xC3\xA4")));
+    setenv("LC_ALL", "de_DE.UTF-8", 1);
+    EXPECT_LT(SortKey("\xC3\x84pfel"), SortKey("Zucker"));
+    EXPECT_LT(SortKey("apfel"), SortKey("Birne"));
+    setenv("LC_ALL", "sv_SE.UTF-8", 1);
+    EXPECT_GT(SortKey("\xC3\x84pfel"), SortKey("Zucker"));
+}
+
+}  // namespace
+}  // namespace kalmo::test
