@@ -20,12 +20,6 @@ std::string_view WithoutLineEnd(std::string_view line) {
     return line;
 }
 
-/// A line's name is seen in its first row; no program folds it.
-std::string_view HeadOf(std::string_view row) {
-    row = WithoutLineEnd(row);
-    return row.substr(0, row.find(':'));
-}
-
 bool IsSoftBreak(std::string_view row) { return WithoutLineEnd(row).ends_with('='); }
 
 /// First `mark` outside of quotes from `at`; npos without one.
@@ -153,12 +147,16 @@ Frame FrameOf(std::string_view raw) {
     return EqualWithoutCase(name, "END") ? Frame::end : Frame::none;
 }
 
+/// A line whose name itself is folded stays without one: no program writes it.
 Card::Line Named(std::string_view raw) {
-    const std::string_view head = HeadOf(raw.substr(0, EndOfLine(raw, 0)));
-    const std::size_t size = std::min(head.find(';'), head.size());
+    const std::string_view row = raw.substr(0, EndOfLine(raw, 0));
+    const std::size_t end = row.find_first_of(";:");
+    if (end == std::string_view::npos && row.size() < raw.size()) return {raw};
+    const std::string_view name = WithoutLineEnd(row).substr(0, end);
     // npos + 1 is 0: without a group the name starts the line.
-    const std::size_t start = head.substr(0, size).rfind('.') + 1;
-    return {raw, static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(size - start)};
+    const std::size_t start = name.rfind('.') + 1;
+    return {raw, static_cast<std::uint32_t>(start),
+            static_cast<std::uint32_t>(name.size() - start)};
 }
 
 std::optional<Version> VersionOf(std::string_view value) {
@@ -182,6 +180,7 @@ void Parameter::rewrite() {
         if (!list.empty()) list += ',';
         list += WrittenParameter(value);
     }
+    std::erase(name, '"');
     written = name.empty() ? list : name + '=' + list;
 }
 
