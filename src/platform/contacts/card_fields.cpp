@@ -39,7 +39,7 @@ std::string TextAt(const Card& card, std::size_t line) {
     return line == kNoLine ? "" : Unescaped(Trimmed(card.property(line).value));
 }
 
-std::string IdentifierOf(std::string text) {
+std::string IdentifierOf(const std::string& text) {
     return StartsWithoutCase(text, kIdentifierScheme) ? text.substr(kIdentifierScheme.size())
                                                       : text;
 }
@@ -179,7 +179,7 @@ bool SaysCompany(const Property& property) {
 
 std::string DisplayName(const Person& person) {
     const bool both = !person.first.empty() && !person.last.empty();
-    const std::string name = person.first + (both ? " " : "") + person.last;
+    std::string name = person.first + (both ? " " : "") + person.last;
     if (!name.empty() && !(person.isCompany && !person.organization.empty())) return name;
     if (!person.organization.empty()) return person.organization;
     if (!person.emails.empty()) return person.emails.front().value;

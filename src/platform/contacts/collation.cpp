@@ -42,18 +42,20 @@ struct Order {
     std::unique_ptr<icu::Collator> collator;  // null when there is none for the locale
 };
 
+Order OrderOf(const std::string& locale) {
+    UErrorCode status = U_ZERO_ERROR;
+    const bool plain =
+        locale.empty() || locale == "POSIX" || locale == "C" || locale.starts_with("C.");
+    std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(
+        plain ? icu::Locale::getRoot() : icu::Locale::createCanonical(locale.c_str()), status));
+    return {locale, U_SUCCESS(status) ? std::move(collator) : nullptr};
+}
+
 /// One for each thread: making one takes long, and the language may change between two tests.
 const icu::Collator* CollatorOfUser() {
     thread_local Order order;
     const std::string locale = LocaleName();
-    if (order.collator && order.locale == locale) return order.collator.get();
-    UErrorCode status = U_ZERO_ERROR;
-    const bool plain =
-        locale.empty() || locale == "POSIX" || locale == "C" || locale.starts_with("C.");
-    order.locale = locale;
-    order.collator.reset(icu::Collator::createInstance(
-        plain ? icu::Locale::getRoot() : icu::Locale::createCanonical(locale.c_str()), status));
-    if (U_FAILURE(status)) order.collator.reset();
+    if (!order.collator || order.locale != locale) order = OrderOf(locale);
     return order.collator.get();
 }
 

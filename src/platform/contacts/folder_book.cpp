@@ -194,7 +194,7 @@ std::string OwnUid(const CardFolder& folder) {
 Answer FolderBook::load(Contacts& contacts, const std::stop_token& stop) {
     contacts = {};
     CardFolder folder;
-    const Answer opened = openToRead(folder);
+    Answer opened = openToRead(folder);
     if (opened.code == Code::notFound) return {};
     if (!opened) return opened;
     folder.removeLeftovers();
@@ -245,9 +245,9 @@ Answer FolderBook::find(const CardFolder& folder, const std::string& uid,
 Answer FolderBook::person(const std::string& uid, Person& person, const std::stop_token& stop) {
     CardFolder folder;
     Found found;
-    const Answer opened = openToRead(folder);
+    Answer opened = openToRead(folder);
     if (!opened) return opened;
-    const Answer looked = find(folder, uid, stop, found);
+    Answer looked = find(folder, uid, stop, found);
     if (!looked) return looked;
     const auto* const record = std::get_if<Person>(&found.records[found.index]);
     if (!record) return {Code::notFound, path_.string() + ": A group has the uid " + uid};
@@ -294,7 +294,7 @@ Answer FolderBook::store(const CardFolder& folder, T& record, const std::stop_to
     if (record.uid.empty()) return create(folder, record);
     for (int i = 0;; ++i) {
         Found found;
-        const Answer looked = find(folder, record.uid, stop, found);
+        Answer looked = find(folder, record.uid, stop, found);
         if (looked.code == Code::notFound && record.revision.empty()) return create(folder, record);
         if (looked.code == Code::notFound) return {Code::conflict, looked.text};
         if (!looked) return looked;
@@ -321,7 +321,7 @@ Answer FolderBook::save(Changes& changes, const std::stop_token& stop) {
 
 Answer FolderBook::me(Person& person, const std::stop_token& stop) {
     CardFolder folder;
-    const Answer opened = openToRead(folder);
+    Answer opened = openToRead(folder);
     if (!opened) return opened;
     const std::string uid = OwnUid(folder);
     if (uid.empty()) return {Code::notFound, (path_ / kOwnCardFile).string() + ": Names no card"};
@@ -330,11 +330,11 @@ Answer FolderBook::me(Person& person, const std::stop_token& stop) {
 
 Answer FolderBook::setMe(const std::string& uid, const std::stop_token& stop) {
     CardFolder folder;
-    const Answer opened = openToWrite(folder, stop);
+    Answer opened = openToWrite(folder, stop);
     if (!opened) return opened;
     if (uid.empty()) return answer(folder.remove(kOwnCardFile), kOwnCardFile);
     Person person;
-    const Answer looked = this->person(uid, person, stop);
+    Answer looked = this->person(uid, person, stop);
     if (!looked) return looked;
     StoredFile file;
     const int error = folder.read(kOwnCardFile, kLargestUid, file);

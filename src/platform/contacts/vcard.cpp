@@ -226,16 +226,19 @@ Property ReadProperty(std::string_view raw) {
 }
 
 std::string WriteProperty(const Property& property, Version version, std::string_view lineEnd) {
+    const bool quotedPrintable = version == Version::v21 && !IsPlain(property.value);
     std::string line = property.group.empty() ? "" : property.group + '.';
     line += property.name;
     const std::size_t nameEnd = line.size();
+    if (quotedPrintable) line += ";CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE";
     for (const Parameter& parameter : property.parameters) {
         if (!IsTransferParameter(parameter)) line += ';' + parameter.written;
     }
-    if (version != Version::v21) return InFolds(line + ':' + property.value, nameEnd, lineEnd);
-    if (IsPlain(property.value)) return line + ':' + property.value + std::string(lineEnd);
-    line += ";CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:";
-    return line + ToQuotedPrintable(property.value, line.size(), lineEnd) + std::string(lineEnd);
+    line += ':';
+    if (version != Version::v21) return InFolds(line + property.value, nameEnd, lineEnd);
+    line +=
+        quotedPrintable ? ToQuotedPrintable(property.value, line.size(), lineEnd) : property.value;
+    return line += lineEnd;
 }
 
 void Card::replace(std::size_t line, const Property& property) {
