@@ -48,6 +48,7 @@ bool ListModel::append(const std::vector<ListItem>& items) {
 }
 
 bool ListModel::replace(const std::vector<ListItem>& items) {
+    areItemsGone_ = false;
     Rows rows;
     if (!addRows(items, rows)) return false;
     beginResetModel();
@@ -71,7 +72,7 @@ int ListModel::columnCount(const QModelIndex& parent) const {
 
 QVariant ListModel::data(const QModelIndex& cell, int role) const {
     const ListItem item = itemAt(cell.row());
-    if (role != Qt::DisplayRole || !proc_ || item == 0) return {};
+    if (role != Qt::DisplayRole || !proc_ || item == 0 || areItemsGone_) return {};
     const OSType column = columns_[static_cast<std::size_t>(cell.column())].type;
     Owned<CFStringRef> text;
     const OSStatus status = proc_(ToControl(&list_), item, column, text.adopt(), userData_);

@@ -20,6 +20,8 @@ public:
 
     /// False, and nothing changes, when an item is 0, twice among them, or already there.
     [[nodiscard]] bool append(const std::vector<ListItem>& items);
+    /// The items may be gone already: no texts are asked for until others take their place.
+    void letItemsGo() { areItemsGone_ = true; }
     /// Resets the model. False, and nothing changes, when an item is 0 or twice among them.
     [[nodiscard]] bool replace(const std::vector<ListItem>& items);
 
@@ -50,6 +52,7 @@ private:
     std::vector<Column> columns_;
     std::vector<ListItem> items_;
     Rows rows_;
+    bool areItemsGone_ = false;
 };
 
 }  // namespace toolbox

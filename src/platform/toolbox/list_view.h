@@ -50,8 +50,8 @@ void SetListSortable(ControlRef list, Boolean sortable);
 
 /// Behind those already there, in this order. Selection and scrolling stay.
 OSStatus AddListItems(ControlRef list, const std::vector<ListItem>& items);
-/// In the place of all items. Those of the selection that are still there stay selected, in their
-/// order; the row at the top of the view stays if it can. No event is sent.
+/// In the place of all items, which may be gone by now. Those of the selection that are still there
+/// stay selected, in their order; the row at the top of the view stays if it can. No event is sent.
 OSStatus SetListItems(ControlRef list, const std::vector<ListItem>& items);
 [[nodiscard]] std::vector<ListItem> GetListItems(ControlRef list);
 [[nodiscard]] SInt64 CountListItems(ControlRef list);

@@ -153,6 +153,7 @@ bool ListView::setItems(const std::vector<ListItem>& items) {
         return true;
     }
     const Quietly quietly(*this);
+    model_->letItemsGo();  // rows that are not laid out yet are, to see which are in sight
     const std::vector<ListItem> seen = itemsInSight(), selected = selected_;
     const int top = verticalScrollBar()->value(), row = currentIndex().row();
     const ListItem current = currentItem();

@@ -132,6 +132,21 @@ TEST_F(Lists, AsksOnlyForTextsThatAreShown) {
     EXPECT_LT(textsAsked, 500);
 }
 
+TEST_F(Lists, ItemsMayBeGoneWhenOthersTakeTheirPlace) {
+    ListItem lowest = 200'000;
+    AddListItems(list, {100'001});  // not laid out yet
+    SetListTextProc(
+        list,
+        [](ControlRef, ListItem item, OSType, CFStringRef*, void* asked) -> OSStatus {
+            auto& lowestAsked = *static_cast<ListItem*>(asked);
+            lowestAsked = std::min(lowestAsked, item);
+            return kListPropertyNotSupportedErr;
+        },
+        &lowest);
+    SetListItems(list, {200'000});
+    EXPECT_EQ(lowest, 200'000);
+}
+
 TEST_F(Lists, TheLastColumnTakesWhatIsLeftButKeepsItsWidth) {
     auto& last = *view->header();
     for (const int width : {900, 200}) {
