@@ -4,13 +4,45 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <algorithm>
 
 #include "toolbox/raw_keys.h"
 
 namespace toolbox {
+namespace {
+
+// More than fits into any field's line.
+constexpr qsizetype kLongestWord = 1000;
+
+bool HasLongWord(const QString& text) {
+    qsizetype length = 0;
+    return std::ranges::any_of(text, [&length](QChar character) {
+        length = character.isSpace() ? 0 : length + 1;
+        return length > kLongestWord;
+    });
+}
+
+}  // namespace
 
 TextArea::TextArea(QWidget* parent) : QPlainTextEdit(parent), TextInput(*this, *this) {
     setTabChangesFocus(true);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] { wrapFor(text()); });
+}
+
+void TextArea::wrapFor(const QString& text) {
+    const auto mode =
+        HasLongWord(text) ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere;
+    if (mode != wordWrapMode()) setWordWrapMode(mode);
+}
+
+/// To look for the end of a word, Qt reads it anew for each line: for minutes when it is long.
+void TextArea::expectWordsOf(const QString& text) {
+    if (HasLongWord(text)) wrapFor(text);
+}
+
+void TextArea::setText(const QString& text) {
+    expectWordsOf(text);
+    setPlainText(text);
 }
 
 QString TextArea::text() const {
@@ -40,6 +72,7 @@ QString TextArea::cleaned(const QString& text) const {
 }
 
 void TextArea::insertText(const QString& text) {
+    expectWordsOf(text);
     insertPlainText(text);
     ensureCursorVisible();
 }

@@ -17,6 +17,7 @@ public:
 
     /// As it was typed: QPlainTextEdit's own would change spaces that do not break.
     [[nodiscard]] QString text() const;
+    void setText(const QString& text);
 
 protected:
     bool event(QEvent* event) override;
@@ -35,6 +36,9 @@ private:
     void standardKey(QKeyEvent& key) override { QPlainTextEdit::keyPressEvent(&key); }
     void standardCompose(QInputMethodEvent& event) override;
     void edit(Edit command) override;
+    void wrapFor(const QString& text);
+    /// Before the text is taken in; once it is, the field wraps for what it holds.
+    void expectWordsOf(const QString& text);
     [[nodiscard]] bool moveSelection(const QString& text, const QTextCursor& place);
 };
 

@@ -53,7 +53,7 @@ void SetOwnText(QWidget& widget, const QString& text) {
     } else if (QLineEdit* line = LineOf(widget)) {
         line->setText(text);
     } else if (auto* area = qobject_cast<TextArea*>(&widget)) {
-        area->setPlainText(text);
+        area->setText(text);
     } else if (QTabWidget* tabs = TabsOf(widget)) {
         tabs->setTabText(tabs->indexOf(&widget), text);
     } else if (widget.isWindow()) {

@@ -166,6 +166,22 @@ TEST_P(Fields, KeysComeRawBeforeTheyAreInput) {
     EXPECT_TRUE(interface.widget(2)->hasFocus());
 }
 
+TEST(TextAreas, WordsOfAnyLengthAreShownAtOnce) {
+    Interface interface { WindowFile(WidgetText("TextArea", 1)) };
+    ASSERT_EQ(interface.open(), noErr);
+    auto& area = *interface.widget<QPlainTextEdit>(1);
+    const auto usual = area.wordWrapMode();
+    QElapsedTimer clock;
+    clock.start();
+    SetControlTitleWithCFString(interface.control(1), String(std::string(200'000, 'W').c_str()));
+    interface.windowWidget()->show();
+    QGuiApplication::clipboard()->setText(QString(200'000, u'x'));
+    area.paste();
+    SetControlTitleWithCFString(interface.control(1), CFSTR("two words"));
+    EXPECT_EQ(area.wordWrapMode(), usual);
+    EXPECT_LT(clock.elapsed(), 5000) << "each step would take longer";
+}
+
 TEST(SearchFields, ClearingIsAnInputAndEscapeComesBeforeCancel) {
     Interface interface(WindowFile(WidgetText("SearchField", 1)));
     ASSERT_EQ(interface.open(), noErr);
