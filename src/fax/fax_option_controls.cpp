@@ -1,5 +1,7 @@
 #include "fax/fax_option_controls.h"
 
+#include <optional>
+
 #include "controls/input_limits.h"
 #include "controls/modal_dialog.h"
 #include "fax/dialing_string.h"
@@ -35,12 +37,13 @@ Owned<CFStringRef> TextIn(ControlRef field) {
 
 CFIndex LengthOf(CFStringRef text) { return text ? CFStringGetLength(text) : 0; }
 
-/// Without a stored time the user starts from the present minute.
-SInt64 SendTimeIn(CFDictionaryRef options, SInt64 missing) {
+/// In seconds since 1904; none for now.
+std::optional<SInt64> SendTimeIn(CFDictionaryRef options) {
     const auto stored = ValueOfType<CFNumberRef>(
         CFDictionaryGetValue(options, kFaxSendTimeProperty), CFNumberGetTypeID());
-    SInt64 seconds = missing;
-    if (stored) CFNumberGetValue(stored, kCFNumberSInt64Type, &seconds);
+    if (!stored) return {};
+    SInt64 seconds = 0;
+    CFNumberGetValue(stored, kCFNumberSInt64Type, &seconds);
     return seconds;
 }
 
@@ -105,10 +108,11 @@ void FaxOptionControls::SyncToUI(CFDictionaryRef options) const {
                                      NumberOr(options, kFaxResolutionProperty, kDefaultResolution)))
         SetPopupButtonToTicketValue(resolution, kDefaultResolution);
 
-    const bool isLater = CFDictionaryContainsKey(options, kFaxSendTimeProperty);
-    SetControl32BitValue(control(isLater ? kSendAtID : kSendNowID), 1);
+    const std::optional<SInt64> sendTime = SendTimeIn(options);
+    SetControl32BitValue(control(sendTime ? kSendAtID : kSendNowID), 1);
+    // Without a stored time the user starts from the present minute.
     const SInt64 now = GetLongDateTime();
-    SetControlDateTime(control(kSendTimeID), SendTimeIn(options, now - now % kSecondsPerMinute));
+    SetControlDateTime(control(kSendTimeID), sendTime.value_or(now - now % kSecondsPerMinute));
     UpdateSendTimeControls(Focus::stays);
 
     setDialingPrefix(PartIn(options, kFaxDialingPrefixProperty));

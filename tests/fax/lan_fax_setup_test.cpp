@@ -107,6 +107,16 @@ TEST_F(LANFaxSetupTest, SendTimeIsTheControlsMomentOrADayLater) {
     EXPECT_FALSE(CFDictionaryContainsKey(options, kFaxSendTimeProperty));
 }
 
+TEST_F(LANFaxSetupTest, ValuesOfTheWrongKindCountAsMissing) {
+    for (const char* key : {"SendSpeed", "Resolution", "SendTime", "DialingPrefix", "CoverSheet"})
+        CFDictionarySetValue(options, CFStringMakeConstant(key), Dictionary(""));
+    run([](QWidget&) {});
+    EXPECT_EQ(number(kFaxSendSpeedProperty), 3);
+    EXPECT_EQ(number(kFaxResolutionProperty), 2);
+    for (const CFStringRef key : {kFaxSendTimeProperty, kFaxDialingPrefixProperty})
+        EXPECT_FALSE(CFDictionaryContainsKey(options, key)) << CFStringToUTF8(key);
+}
+
 TEST_F(LANFaxSetupTest, OffMeansNoKeyWhateverTheFieldHolds) {
     options = Dictionary(
         "DialingPrefix=\"0\" CreditCard=\"12\" CoverSheet=true CoverSheetNotes=n "
