@@ -14,6 +14,10 @@
 namespace kalmo {
 namespace {
 
+/// What a ticket brings may be long, and hold line feeds.
+constexpr CFIndex kLongestText = 200;
+Owned<CFStringRef> Shown(CFStringRef text) { return CopyShortened(text, kLongestText); }
+
 constexpr SInt32 kWideColumn = 116, kNarrowColumn = 66;
 
 /// Texts that a recipient does not have, and those of recipients, are null.
@@ -49,14 +53,11 @@ const Column* ColumnOf(OSType type) {
     return column == std::end(kColumns) ? nullptr : column;
 }
 
-/// What a ticket brings may be long, and hold line feeds.
-constexpr CFIndex kLongestText = 200;
-
 OSStatus TextOfItem(ControlRef, ListItem item, OSType type, CFStringRef* text, void*) {
     const Column* const column = ColumnOf(type);
     if (!column) return kListPropertyNotSupportedErr;
     const auto whole = column->text(*RecipientOf(item));
-    *text = whole ? CopyShortened(whole, kLongestText).detach() : nullptr;
+    *text = whole ? Shown(whole).detach() : nullptr;
     return *text ? noErr : kListPropertyNotSupportedErr;
 }
 
@@ -76,10 +77,9 @@ void SortAsChosen(ControlRef listView, std::vector<FaxRecipient*>& recipients) {
 
 bool MayAdd(const FaxRecipientsModel& model, const FaxRecipient* recipient) {
     if (model.promptDuplicate != 1 || !model.list->containsRecipient(recipient)) return true;
-    const auto name = NameOf(*recipient);
+    const auto number = Shown(recipient->faxNumber()), name = Shown(NameOf(*recipient));
     // The number first: the text's places count on it.
-    const CFTypeRef arguments[] = {recipient->faxNumber() ? recipient->faxNumber() : CFSTR(""),
-                                   name};
+    const CFTypeRef arguments[] = {number, name};
     return AskWithKeys(model.bundle,
                        {.header = CFSTR("Duplicate Recipient Header"),
                         .message = CFSTR("Duplicate Recipient Message"),
@@ -98,7 +98,7 @@ bool MayRemove(const FaxRecipientsModel& model, const std::vector<FaxRecipient*>
                     .message = CFSTR("Remove Multiple Recipients Message"),
                     .table = kFaxTextTable},
                    nullptr, 0);
-    const auto name = NameOf(*selected.front());
+    const auto name = Shown(NameOf(*selected.front()));
     const CFTypeRef arguments[] = {name};
     return ask({.header = CFSTR("Remove One Recipient Header"),
                 .message = CFSTR("Remove One Recipient Message"),

@@ -162,6 +162,9 @@ TEST_F(LANFaxSetupTest, AsksAboutDuplicatesAndRemovals) {
     ASSERT_EQ(questions.size(), 1u);
     EXPECT_NE(questions[0].find("Ann"), std::string::npos) << questions[0];
     EXPECT_FALSE(RemoveRecipients({ann}, &model) || model.isLengthCheckArmed);
+    EXPECT_FALSE(RemoveRecipients({add(("FirstName=" + std::string(9999, 'n')).c_str())}, &model));
+    EXPECT_LT(questions.back().size(), 400u);
+    list.removeAtIndex(1);
     answer = true;
     EXPECT_EQ(AddRecipient(&model, ann), 1);
     EXPECT_TRUE(model.isLengthCheckArmed);
