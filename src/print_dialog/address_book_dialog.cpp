@@ -83,12 +83,12 @@ QWidget* AddressBookDialog::createPlace() {
     auto* place = new QGroupBox(WindowText("Address book place"), this);
     auto* column = new QVBoxLayout(place);
     column->setSpacing(kNoteGap);
-    addSource(column, Source::automatic, WindowText("Source automatic"),
-              WindowText("Source automatic note"));
-    addSource(column, Source::desktop, WindowText("Source desktop"),
-              WindowText("Source desktop note"));
-    addSource(column, Source::folder, WindowText("Source folder"),
-              WindowText("Source folder note"));
+    addSource(column, Source::automatic, WindowText("Address book automatic"),
+              WindowText("Address book automatic note"));
+    addSource(column, Source::desktop, WindowText("Address book desktop"),
+              WindowText("Address book desktop note"));
+    addSource(column, Source::folder, WindowText("Address book vCards"),
+              WindowText("Address book vCards note"));
     column->addLayout(createFolderRow());
     found_ = CreateNoteLabel(place);
     // Two lines, so that the window keeps its size when they are known.
@@ -120,7 +120,7 @@ QLayout* AddressBookDialog::createFolderRow() {
     folder_->setPlaceholderText(ShownPath(contacts::DefaultFolder()));
     folder_->setMinimumWidth(kFolderWidth);
     label->setBuddy(folder_);
-    browse_ = new QPushButton(WindowText("Browse..."), this);
+    browse_ = new QPushButton(WindowText("Address book browse..."), this);
     browse_->setAutoDefault(false);
     auto* row = new QHBoxLayout;
     row->addWidget(label);

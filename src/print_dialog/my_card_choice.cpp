@@ -64,7 +64,7 @@ MyCardChoice::MyCardChoice(QWidget* parent)
       field_(new QLineEdit(this)),
       model_(new PeopleModel(this)),
       list_(new QListView(this)) {
-    auto* label = new QLabel(WindowText("Search card:"), this);
+    auto* label = new QLabel(WindowText("Address book search:"), this);
     label->setBuddy(field_);
     list_->setModel(model_);
     list_->setUniformItemSizes(true);

@@ -32,9 +32,9 @@ std::vector<std::string> TextsAroundPane(const std::string& language, bool isFra
     std::vector<std::string> around;
     const auto add = [&](const std::filesystem::path& table, const std::string& prefix) {
         for (const auto& [key, text] : ReadStringsTable(ReadFile(table)).texts) {
-            // The help window is a window of its own.
+            // The help window and the address book are windows of their own.
             if (text.find('&') != std::string::npos && key.starts_with(prefix) &&
-                !key.starts_with("Help window"))
+                !key.starts_with("Help window") && !key.starts_with("Address book"))
                 around.push_back(text);
         }
     };
