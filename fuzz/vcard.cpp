@@ -42,7 +42,7 @@ void EditPerson(std::string_view text, Person person) {
     person.phones.push_back({Label::custom, "3", "mine"});
     person.emails.push_back({Label::homeFax, "a@b", ""});
     if (person.emails.size() > 2) std::swap(person.emails[0], person.emails[1]);
-    person.full = "Name to show";
+    person.full += "!";
     const auto edited = ApplyPerson(text, person);
     Require(edited.has_value());
     const Person read = Read<Person>(*edited);

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <memory>
+#include <string>
 
 namespace contacts {
 
@@ -37,26 +39,22 @@ std::string LocaleName() {
     return "";
 }
 
-struct Order {
-    std::string locale;
-    std::unique_ptr<icu::Collator> collator;  // null when there is none for the locale
-};
-
-Order OrderOf(const std::string& locale) {
+/// Null when there is none for the locale.
+std::unique_ptr<icu::Collator> NewCollator(const std::string& locale) {
     UErrorCode status = U_ZERO_ERROR;
     const bool plain =
         locale.empty() || locale == "POSIX" || locale == "C" || locale.starts_with("C.");
     std::unique_ptr<icu::Collator> collator(icu::Collator::createInstance(
         plain ? icu::Locale::getRoot() : icu::Locale::createCanonical(locale.c_str()), status));
-    return {locale, U_SUCCESS(status) ? std::move(collator) : nullptr};
+    return U_SUCCESS(status) ? std::move(collator) : nullptr;
 }
 
-/// One for each thread: making one takes long, and the language may change between two tests.
+/// Of each thread, since making one takes long.
 const icu::Collator* CollatorOfUser() {
-    thread_local Order order;
-    const std::string locale = LocaleName();
-    if (!order.collator || order.locale != locale) order = OrderOf(locale);
-    return order.collator.get();
+    thread_local std::map<std::string, std::unique_ptr<icu::Collator>> collators;
+    const auto [place, isNew] = collators.try_emplace(LocaleName());
+    if (isNew) place->second = NewCollator(place->first);
+    return place->second.get();
 }
 
 }  // namespace
