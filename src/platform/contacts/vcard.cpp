@@ -45,7 +45,7 @@ std::string_view WithoutQuotes(std::string_view value) {
 
 /// At marks outside of quotes; at least one part. The last of very many keeps the rest.
 std::vector<std::string_view> Parts(std::string_view text, std::string_view mark) {
-    constexpr std::size_t kMost = 64;
+    constexpr std::size_t kMost = 4096;
     std::vector<std::string_view> parts;
     for (std::size_t at = 0; at <= text.size();) {
         const bool last = parts.size() + 1 == kMost;

@@ -156,7 +156,7 @@ std::string Unescaped(std::string_view value) {
         if (escaped) ++i;
         // A value in quoted-printable has its line ends in it.
         const bool pair = value[i] == '\r' && i + 1 < value.size() && value[i + 1] == '\n';
-        if (!pair) text += newline ? '\n' : value[i];
+        if (!pair) text += newline || value[i] == '\r' ? '\n' : value[i];
     }
     return text;
 }
