@@ -13,8 +13,8 @@ namespace {
 constexpr const char* kReading = "reading a card of the desktop's address book";
 constexpr const char* kWriting = "writing a card of the desktop's address book";
 
-void Take(const std::string& card, Contacts& contacts) {
-    std::optional<Record> record = ReadKnownRecord(card);
+void Take(const std::string& uid, const std::string& card, Contacts& contacts) {
+    std::optional<Record> record = ReadKnownRecord(uid, card);
     if (!record) {
         ++contacts.passedOver;
     } else if (auto* person = std::get_if<Person>(&*record)) {
@@ -33,8 +33,8 @@ std::string NamedAddress(std::string name, const std::string& address) {
 }
 
 template <class Kind>
-std::string RevisionIn(const std::string& card) {
-    const std::optional<Record> record = ReadKnownRecord(card);
+std::string RevisionIn(const std::string& uid, const std::string& card) {
+    const std::optional<Record> record = ReadKnownRecord(uid, card);
     const auto* known = record ? std::get_if<Kind>(&*record) : nullptr;
     return known ? known->revision : "";
 }
@@ -74,7 +74,8 @@ Answer DesktopCards::load(Contacts& contacts, const std::stop_token& stop) {
         contacts = {};
         return ReadWholeBook(
             connection_, attempt.cancellable,
-            [&](const std::string& card) { Take(card, contacts); }, attempt.error);
+            [&](const std::string& uid, const std::string& card) { Take(uid, card, contacts); },
+            attempt.error);
     });
     if (!answer) return answer;
     const std::string own = OwnCardUid();
@@ -87,7 +88,7 @@ Answer DesktopCards::person(const std::string& uid, Person& person, const std::s
     std::string card;
     Answer answer = ask(stop, [&](Attempt& attempt) { return fetch(uid, card, attempt); });
     if (!answer) return answer;
-    std::optional<Record> record = ReadKnownRecord(card);
+    std::optional<Record> record = ReadKnownRecord(uid, card);
     auto* const found = record ? std::get_if<Person>(&*record) : nullptr;
     if (!found) return {Code::notFound, std::string(kReading) + ": it is no person's"};
     person = std::move(*found);
@@ -161,9 +162,11 @@ template <class Kind>
 Answer DesktopCards::replace(Kind& record, Attempt& attempt) {
     std::string existing;
     if (Answer answer = fetch(record.uid, existing, attempt); !answer) return answer;
-    if (!record.revision.empty() && record.revision != RevisionIn<Kind>(existing))
+    if (!record.revision.empty() && record.revision != RevisionIn<Kind>(record.uid, existing))
         return {Code::conflict, std::string(kWriting) + ": it was changed meanwhile"};
-    const auto card = applied(existing, record, attempt.cancellable);
+    Kind wanted = record;
+    wanted.uid.clear();  // it stays as it is written
+    const auto card = applied(existing, wanted, attempt.cancellable);
     if (!card) return {Code::failed, std::string(kWriting) + ": it is of another kind"};
     if (*card != existing) {
         const Held<EContact> contact(e_contact_new_from_vcard(card->c_str()));
@@ -184,7 +187,7 @@ void DesktopCards::noteStored(Kind& record, const std::string& uid, GCancellable
     Attempt attempt{cancellable, {}};
     const bool isRead = static_cast<bool>(fetch(uid, card, attempt));
     record.uid = uid;
-    record.revision = isRead ? RevisionIn<Kind>(card) : "";
+    record.revision = isRead ? RevisionIn<Kind>(uid, card) : "";
 }
 
 std::string DesktopCards::addressOf(const std::string& uid, GCancellable* cancellable) {

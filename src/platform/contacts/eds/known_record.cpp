@@ -29,9 +29,10 @@ Texts Said(const Group& group) {
 
 }  // namespace
 
-std::optional<Record> ReadKnownRecord(const std::string& card) {
+std::optional<Record> ReadKnownRecord(const std::string& uid, const std::string& card) {
     std::optional<Record> record = ReadCard(card);
-    const auto know = [](auto& known) {
+    const auto know = [&uid](auto& known) {
+        known.uid = uid;
         std::string all;
         for (const std::string& text : Said(known)) all.append(text).push_back('\0');
         known.revision += '-' + std::to_string(std::hash<std::string>{}(all));

@@ -21,12 +21,17 @@ struct Reading {
     bool isComplete = false, isOutOfMemory = false;
 };
 
+void Take(EContact* contact, const TakeCard& take) {
+    const auto* const uid = static_cast<const char*>(e_contact_get_const(contact, E_CONTACT_UID));
+    take(uid ? uid : "", TextOf(contact));
+}
+
 void Added(EBookClientView*, const GSList* contacts, gpointer data) noexcept {
     auto& reading = *static_cast<Reading*>(data);
     reading.lastHeard = Clock::now();
     try {
         for (const GSList* each = contacts; each; each = each->next)
-            reading.take(TextOf(E_CONTACT(each->data)));
+            Take(E_CONTACT(each->data), reading.take);
     } catch (...) {
         reading.isOutOfMemory = true;
     }

@@ -12,7 +12,8 @@ namespace contacts::eds {
 /// The card's text, of version 3.0.
 [[nodiscard]] std::string TextOf(EContact* contact);
 
-using TakeCard = std::function<void(const std::string& card)>;
+/// With the uid as the service knows it.
+using TakeCard = std::function<void(const std::string& uid, const std::string& card)>;
 /// On the thread whose context the connection was opened in. Fails, too, when the service goes, or
 /// keeps silent for half a minute. `error`: as the service gave it.
 Answer ReadWholeBook(const Connection& connection, GCancellable* cancellable, const TakeCard& take,

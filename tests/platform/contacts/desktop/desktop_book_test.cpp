@@ -76,6 +76,22 @@ TEST(DesktopAddressBook, LogsNothingOfACardThatIsOdd) {
     });
 }
 
+TEST(DesktopAddressBook, KnowsItsCardsByTheUidsOfOtherPrograms) {
+    const PrivateDesktop desktop(Services::installed);
+    InOwnProcess([] {
+        const std::string uid = "urn:uuid:zoe";
+        PutCard("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:" + uid + "\r\nFN:Zoe\r\nEND:VCARD\r\n");
+        contacts::Contacts all;
+        ASSERT_TRUE(OpenBook()->load(all, {}));
+        ASSERT_EQ(all.persons.size(), 1U);
+        contacts::Changes changes{.persons = all.persons};
+        changes.persons[0].mailbox = "1";
+        EXPECT_TRUE(OpenBook()->save(changes, {}));
+        EXPECT_EQ(changes.persons[0].uid, uid);
+        EXPECT_TRUE(Contains(PrivateDesktop::exported(), uid));
+    });
+}
+
 TEST(DesktopAddressBook, IsTheOneThatTheUserPrefers) {
     const PrivateDesktop desktop(Services::installed);
     const std::filesystem::path config = getenv("XDG_CONFIG_HOME");
