@@ -66,6 +66,8 @@ Code CodeOf(int error) {
             return Code::readOnly;
         case ECANCELED:
             return Code::cancelled;
+        case ENOTDIR:
+            return Code::unavailable;
         case ETIMEDOUT:
             return Code::timedOut;
         case ESTALE:
@@ -333,6 +335,7 @@ Answer FolderBook::setMe(const std::string& uid, const std::stop_token& stop) {
     Answer opened = openToWrite(folder, stop);
     if (!opened) return opened;
     if (uid.empty()) return answer(folder.remove(kOwnCardFile), kOwnCardFile);
+    if (uid.size() >= kLargestUid) return answer(ENAMETOOLONG, kOwnCardFile);
     Person person;
     Answer looked = this->person(uid, person, stop);
     if (!looked) return looked;

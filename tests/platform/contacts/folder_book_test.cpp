@@ -105,6 +105,16 @@ TEST(FolderBook, MeetsOnlyWholeCardsInTheFolderItself) {
     EXPECT_EQ(Loaded(folder).persons.size(), 7u);
     EXPECT_EQ(OpenFolder(folder / "good.vcf")->load(const_cast<Contacts&>(contacts), {}).code,
               Code::unavailable);
+    EXPECT_EQ(OpenFolder(folder / "good.vcf")->save(evil, {}).code, Code::unavailable);
+}
+
+TEST(FolderBook, OwnCardNeedsAUidThatIsReadAgain) {
+    const fs::path folder = MakeFolder("book");
+    const auto book = OpenFolder(folder);
+    Changes changes{{{.uid = std::string(5000, 'u')}, {.uid = "short"}}, {}};
+    ASSERT_TRUE(book->save(changes, {}));
+    EXPECT_EQ(book->setMe(changes.persons[0].uid, {}).code, Code::failed);
+    EXPECT_TRUE(book->setMe("short", {}));
 }
 
 TEST(FolderBook, SaveKeepsTheFileThatOthersKnow) {
