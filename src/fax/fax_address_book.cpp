@@ -44,6 +44,8 @@ constexpr struct TroubleRow {
     {Code::failed, "Address Book Failed Message"},
 };
 
+constexpr CFIndex kLongestLogLine = 1000;
+
 CFStringRef CreateIfGiven(const std::string& text) {
     return text.empty() ? nullptr : CFStringCreateFromUTF8(text);
 }
@@ -103,7 +105,10 @@ CFStringRef CopyLocalizedLabel(CFBundleRef bundle, const contacts::Entry& entry)
 Owned<CFStringRef> CopyAddressBookTrouble(CFBundleRef bundle, const contacts::Answer& answer) {
     const auto* const row = std::ranges::find(kTroubles, answer.code, &TroubleRow::code);
     if (row == std::end(kTroubles)) return {};
-    std::fprintf(stderr, "Address book: %s\n", answer.text.c_str());
+    // It may name what a card or a file brought.
+    const auto line = CopyShortened(Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(answer.text)),
+                                    kLongestLogLine);
+    std::fprintf(stderr, "Address book: %s\n", CFStringToUTF8(line).c_str());
     return CopyText(bundle, CFStringMakeConstant(row->key), kFaxTextTable);
 }
 

@@ -43,6 +43,12 @@ TEST_F(FaxAddressBook, ARecipientBecomesAPersonWithoutItsLastName) {
     EXPECT_FALSE(Contains(ReadFile(cards.folder / (person->uid + ".vcf")), "Lee"));
 }
 
+TEST_F(FaxAddressBook, TroubleIsOneLineOfTheLog) {
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(CopyAddressBookTrouble(bundle, {contacts::Code::failed, "a\n\x1b[2Jb"}));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Address book: a  [2Jb\n");
+}
+
 TEST_F(FaxAddressBook, AGroupTakesInItsRecipientsAndAddsOnlyThoseWhoAreNew) {
     const CardFolder cards;
     cards.add("bea", "FN:Bea\nN:;Bea;;;\nTEL;TYPE=FAX:5\n");
