@@ -48,7 +48,9 @@ TEST_F(Waiting, ShortWorkShowsNothingButHoldsTheOthersUp) {
 TEST_F(Waiting, TheUserGivesUpAndTheWorkKeepsWhatItUses) {
     void (*const ways[])(QWidget&) = {
         [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); },
-        [](QWidget& window) { QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier); },
+        [](QWidget& window) {
+            QTest::mouseClick(window.findChild<QPushButton*>(), Qt::LeftButton);
+        },
         [](QWidget& window) { window.close(); }};
     for (const auto& way : ways) {
         Activate(field);
