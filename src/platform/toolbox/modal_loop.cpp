@@ -30,6 +30,15 @@ QAbstractButton* CancelButtonOf(QWidget& window) {
     return qobject_cast<QAbstractButton*>(ToWidget(button));
 }
 
+/// Its popups and labels may have been filled since it was laid out.
+void GrowToContents(QWidget& window) {
+    if (!window.layout()) return;
+    window.layout()->invalidate();
+    window.layout()->activate();  // asks what stands in layouts of layouts, too
+    const QSize room = window.screen()->availableSize();
+    window.resize(window.size().expandedTo(window.layout()->totalSizeHint().boundedTo(room)));
+}
+
 }  // namespace
 
 ModalLoop::ModalLoop(QWidget& window) : window_(&window) {
@@ -50,6 +59,7 @@ ModalLoop* ModalLoop::Of(const QWidget& window) { return RunningLoops().value(&w
 SInt32 ModalLoop::run(QWidget* owner, std::chrono::milliseconds unseen) {
     const QPointer<QWidget> focus = QApplication::focusWidget();
     window_->setWindowModality(Qt::ApplicationModal);
+    GrowToContents(*window_);
     if (!owner) owner = QApplication::activeWindow();
     if (!owner) owner = QApplication::activeModalWidget();  // of a program in the background
     if (owner) placeOver(*owner->window());

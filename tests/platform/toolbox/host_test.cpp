@@ -103,6 +103,23 @@ struct ModalLoops : testing::Test {
     ModalDriver driver;
 };
 
+TEST(ModalWindows, HaveRoomForWhatCameIntoThemSinceTheyWereLoaded) {
+    InstallPresence(WindowPresence());
+    ModalDriver driver;
+    Interface interface {
+        WindowFile("<layout class=\"QVBoxLayout\"><item><layout class=\"QHBoxLayout\"><item>" +
+                   WidgetText("QComboBox", 1) + "</item></layout></item></layout>")
+    };
+    ASSERT_EQ(interface.open(), noErr);
+    auto& popup = *interface.widget<QComboBox>(1);
+    popup.addItem("What a popup shows must not be cut");
+    driver.expect([&popup](QWidget& window) {
+        EXPECT_GE(popup.width(), popup.sizeHint().width());
+        window.close();
+    });
+    EXPECT_EQ(RunAppModalLoopForWindow(interface.window, nullptr), kModalCancel);
+}
+
 TEST_F(ModalLoops, WindowMayGoWhileItRuns) {
     driver.expect([this](QWidget&) { DisposeWindow(std::exchange(interface.window, nullptr)); });
     EXPECT_EQ(RunAppModalLoopForWindow(interface.window, nullptr), kModalCancel);
