@@ -180,7 +180,9 @@ void Parameter::rewrite() {
         if (!list.empty()) list += ',';
         list += WrittenParameter(value);
     }
-    std::erase(name, '"');
+    // What it cannot be written with is not left out: another name might remain.
+    std::ranges::replace_if(
+        name, [](char c) { return c == '"' || c == ';' || c == ':'; }, '_');
     written = name.empty() ? list : name + '=' + list;
 }
 
