@@ -98,8 +98,11 @@ bool MayRemove(const FaxRecipientsModel& model, const std::vector<FaxRecipient*>
                     .message = CFSTR("Remove Multiple Recipients Message"),
                     .table = kFaxTextTable},
                    nullptr, 0);
-    const auto name = Shown(NameOf(*selected.front()));
-    const CFTypeRef arguments[] = {name};
+    // Who has no name goes by the number.
+    const auto name = NameOf(*selected.front());
+    const auto shown = Shown(
+        CFStringGetLength(name) > 0 ? name : FieldOf<&FaxRecipient::faxNumber>(*selected.front()));
+    const CFTypeRef arguments[] = {shown};
     return ask({.header = CFSTR("Remove One Recipient Header"),
                 .message = CFSTR("Remove One Recipient Message"),
                 .table = kFaxTextTable},

@@ -24,7 +24,10 @@ bool IsArrows(const QWidget& widget) { return widget.inherits("toolbox::SpinArro
 
 bool IsPicture(const QWidget& widget) { return widget.inherits("toolbox::PictureControl"); }
 
-bool IsInnerPart(const QWidget& widget) { return widget.objectName().startsWith("qt_"); }
+bool IsInnerPart(const QWidget& widget) {
+    return widget.objectName().startsWith("qt_") ||
+           qobject_cast<const QTabBar*>(widget.parentWidget());
+}
 
 bool IsControl(const QWidget& widget) {
     if (IsInnerPart(widget) || widget.focusProxy()) return false;

@@ -74,8 +74,8 @@ struct Opened {
     Answer answer;                      // with a book of "automatic": why it is not the desktop's
     std::filesystem::path folder;       // of a folder
 };
-/// Automatic: the desktop's where one answers within three seconds, else the folder. The folder is
-/// made when something is saved first.
+/// Automatic: the desktop's where one answers within three seconds, else the folder; decided once
+/// while the program runs. The folder is made when something is saved first.
 [[nodiscard]] Opened OpenAddressBook(const Settings& settings, const std::stop_token& stop);
 
 /// The two kinds.

@@ -175,7 +175,7 @@ void LayOut(QWidget& widget) {
 void SizeWindow(QWidget& window) {
     if (window.layout()) {
         const QSize designed = window.testAttribute(Qt::WA_Resized) ? window.size() : QSize();
-        window.resize(designed.expandedTo(window.layout()->totalSizeHint()));
+        window.resize(designed.expandedTo(SizeForContents(window)));
     }
     LayOut(window);
 }
@@ -190,7 +190,24 @@ QWidget* TakeWindow(std::unique_ptr<QWidget>& root, const QString& name) {
     return window;
 }
 
+/// Of itself a layout drops what it remembers, but not what the layouts in it do.
+void Forget(QLayout& layout) {
+    for (int i = 0; i < layout.count(); ++i)
+        if (QLayout* const inner = layout.itemAt(i)->layout()) Forget(*inner);
+    layout.invalidate();
+}
+
 }  // namespace
+
+QSize SizeForContents(QWidget& window) {
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        widget->ensurePolished();
+        widget->updateGeometry();
+        if (widget->layout()) Forget(*widget->layout());
+    }
+    Forget(*window.layout());
+    return window.layout()->totalSizeHint();
+}
 
 bool InterfaceFile::isWellFormed() const {
     QXmlStreamReader reader(xml);

@@ -26,4 +26,8 @@ private:
     void complain(const QString& fault) const;
 };
 
+/// How large the window, which has a layout, wants to be for what is in it now, and not for what
+/// its layouts remember until events are handled.
+[[nodiscard]] QSize SizeForContents(QWidget& window);
+
 }  // namespace toolbox

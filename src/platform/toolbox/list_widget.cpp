@@ -103,8 +103,16 @@ void ListView::addColumn(OSType column, const QString& title, int width) {
     if (place > 0) header()->setSectionResizeMode(place - 1, QHeaderView::Interactive);
     header()->setSectionResizeMode(place, QHeaderView::Fixed);
     header()->resizeSection(place, lastColumnWidth_);
+    updateGeometry();
     stretchLastColumn();
     selectItems(std::vector(selected_));  // the new cells too
+}
+
+QSize ListView::sizeHint() const {
+    int width = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+    for (int column = 0; column < header()->count(); ++column)
+        width += column + 1 < header()->count() ? header()->sectionSize(column) : lastColumnWidth_;
+    return {std::max(width, QTreeView::sizeHint().width()), QTreeView::sizeHint().height()};
 }
 
 void ListView::stretchLastColumn() {

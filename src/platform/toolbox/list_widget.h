@@ -27,6 +27,8 @@ public:
     /// The item that the keyboard stands on, 0 for none.
     [[nodiscard]] ListItem currentItem() const { return model_->itemAt(currentIndex().row()); }
     void reveal(ListItem item);
+    /// As wide as the columns.
+    [[nodiscard]] QSize sizeHint() const override;
 
     void keyboardSearch(const QString&) override {}
 

@@ -9,6 +9,7 @@
 
 #include "system/presence.h"
 #include "toolbox/control_state.h"
+#include "toolbox/interface_file.h"
 
 namespace toolbox {
 namespace {
@@ -33,10 +34,8 @@ QAbstractButton* CancelButtonOf(QWidget& window) {
 /// Its popups and labels may have been filled since it was laid out.
 void GrowToContents(QWidget& window) {
     if (!window.layout()) return;
-    window.layout()->invalidate();
-    window.layout()->activate();  // asks what stands in layouts of layouts, too
     const QSize room = window.screen()->availableSize();
-    window.resize(window.size().expandedTo(window.layout()->totalSizeHint().boundedTo(room)));
+    window.resize(window.size().expandedTo(SizeForContents(window).boundedTo(room)));
 }
 
 }  // namespace
