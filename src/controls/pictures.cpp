@@ -57,6 +57,11 @@ ImageCache* BundleImages() {
     return bundleImages.get();
 }
 
+void SetButtonPicture(ControlRef button, const char* fileName) {
+    if (ImageCache* const images = BundleImages())
+        SetControlPicture(button, images->picture(CFStringMakeConstant(fileName)));
+}
+
 OSStatus DrawImage(EventRef drawEvent, CFStringRef fileName) {
     ImageCache* images = BundleImages();
     const PictureRef picture = images ? images->picture(fileName) : nullptr;

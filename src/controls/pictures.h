@@ -29,6 +29,8 @@ private:
 /// The one cache over the plug-in's Resources folder, made on first use: the shell's buttons and
 /// all panels' pictures come from it. Null without a bundle.
 [[nodiscard]] ImageCache* BundleImages();
+/// Puts the bundle's picture on a button.
+void SetButtonPicture(ControlRef button, const char* fileName);
 /// Draws the bundle's picture in the control of a draw event, to fit. fnfErr when it is missing.
 OSStatus DrawImage(EventRef drawEvent, CFStringRef fileName);
 /// Frees the cache with all pictures.

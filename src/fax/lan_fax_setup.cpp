@@ -70,7 +70,7 @@ public:
 
 private:
     void prepare() override {
-        showPictures();
+        for (const auto& row : kPictures) SetButtonPicture(control(row.button), row.picture);
         model_.listView = control(kListID);
         SetUpRecipientView(bundle(), model_.listView);
         ShowRecipients(model_.listView, *model_.list);
@@ -140,14 +140,6 @@ private:
 
     OSStatus draw(SInt32 id, EventRef event) override {
         return id == kPreviewID ? preview_.draw(event) : eventNotHandledErr;
-    }
-
-    void showPictures() const {
-        ImageCache* const images = BundleImages();
-        for (const auto& row : kPictures)
-            if (images)
-                SetControlPicture(control(row.button),
-                                  images->picture(CFStringMakeConstant(row.picture)));
     }
 
     void UpdateCommandButtons() const {

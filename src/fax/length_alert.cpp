@@ -49,7 +49,7 @@ public:
 
 private:
     void prepare() override {
-        showPictures();
+        for (const auto& row : kPictures) SetButtonPicture(control(row.button), row.picture);
         SetUpRecipientView(bundle(), control(kListID));
         LimitInputLengthAndCharacters(control(kPrefixID), 0, kMaxDialingPrefix,
                                       kFaxDialingCharacterSet);
@@ -76,14 +76,6 @@ private:
         if (kind == kEventListSelectionChanged) UpdateCommandButtons();
         if (kind == kEventListSortChanged) ShowRecipients(control(kListID), invalid_);
         if (kind == kEventListItemOpened) editSelected();
-    }
-
-    void showPictures() const {
-        ImageCache* const images = BundleImages();
-        for (const auto& row : kPictures)
-            if (images)
-                SetControlPicture(control(row.button),
-                                  images->picture(CFStringMakeConstant(row.picture)));
     }
 
     void show(SInt32 box, SInt32 field, const DialingPart& part) const {

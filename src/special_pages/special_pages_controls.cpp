@@ -77,11 +77,8 @@ void SetUpList(Context& context) {
 }
 
 void SetUpButtons(const Context& context) {
-    ImageCache* const images = BundleImages();
-    for (const auto& button : kButtons) {
-        const ControlRef control = ControlIn(GetControlOwner(context.list), button.id);
-        if (images) SetControlPicture(control, images->picture(CFStringMakeConstant(button.icon)));
-    }
+    for (const auto& button : kButtons)
+        SetButtonPicture(ControlIn(GetControlOwner(context.list), button.id), button.icon);
 }
 
 /// What the keyboard does in the list.
