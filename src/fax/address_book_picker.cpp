@@ -162,17 +162,23 @@ private:
 
     void UpdatePersonBrowser() {
         const ControlRef list = control(kCandidatesID);
+        const std::vector<ListItem> found = itemsSearchedFor();
         SetListItems(list, {});  // nothing stays selected
-        SetListItems(list, itemsSearchedFor());
+        SetListItems(list, found);
+        // Who searches and presses Return means what was found, not the whole group.
+        if (isSearching() && !found.empty()) SetListSelection(list, {found.front()});
         ScrollListToTop(list);
         showCount();
     }
 
+    [[nodiscard]] Owned<CFStringRef> typed() const {
+        return Owned<CFStringRef>::Adopt(CopyControlTitleAsCFString(control(kSearchID)));
+    }
+    [[nodiscard]] bool isSearching() const { return CFStringGetLength(typed()) > 0; }
+
     /// Of the one group that is selected, in the chosen order.
     [[nodiscard]] std::vector<ListItem> itemsSearchedFor() const {
-        const auto typed =
-            Owned<CFStringRef>::Adopt(CopyControlTitleAsCFString(control(kSearchID)));
-        const std::string sought = contacts::Folded(CFStringToUTF8(typed));
+        const std::string sought = contacts::Folded(CFStringToUTF8(typed()));
         std::vector<ListItem> items;
         items.reserve(members_.size());
         for (const Index member : members_)
@@ -197,9 +203,12 @@ private:
         return chosen;
     }
 
-    /// How many recipients the button would add.
+    /// How many recipients the button would add: while one group is searched, none but those that
+    /// are selected.
     void showCount() const {
-        const auto count = static_cast<SInt32>(chosen().size());
+        const bool isMeant = !isSearching() || GetListSelection(control(kGroupsID)).size() != 1 ||
+                             !GetListSelection(control(kCandidatesID)).empty();
+        const auto count = isMeant ? static_cast<SInt32>(chosen().size()) : 0;
         const auto format = CopyText(bundle(), CFSTR("Recipients To Add"), kFaxTextTable);
         SetControlTitleWithCFString(
             control(kCountID), Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(

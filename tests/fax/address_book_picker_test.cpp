@@ -87,6 +87,9 @@ TEST_F(AddressBookDialogs, GroupsOfferTheEntriesOfTheirMembers) {
                                                       {"", Texts{"5", "6", "7", "9"}}}) {
                       Type(window, kSearch, sought);
                       EXPECT_EQ(Column(window, kCandidates, kNumber), found) << sought;
+                      const int meant = *sought ? !found.empty() : 4;
+                      EXPECT_EQ(Control<QLabel>(window, kCount).text(),
+                                QString("Recipients to add: %1").arg(meant));
                   }
                   auto& titles = *Control<QTreeView>(window, kCandidates).header();
                   QTest::mouseClick(titles.viewport(), Qt::LeftButton, {},
