@@ -2,19 +2,12 @@
 // FaxCoverPreview, and the same work with cairo, pango and the PDF reader alone. Arguments: the
 // number of recipients, and the preview's height in pixels.
 #include <benchmark/benchmark.h>
-#include <cairo-pdf.h>
-#include <pango/pangocairo.h>
 
-#include <QApplication>
-#include <QBuffer>
-#include <QImageReader>
-#include <QPainter>
-#include <QPdfDocument>
 #include <cstring>
 
+#include "bare_page_window.h"
 #include "fax/cover_preview.h"
 #include "fax/fax_options.h"
-#include "preview_window.h"
 #include "watermark/watermark_store.h"
 
 namespace {
@@ -100,88 +93,39 @@ void Assemble(benchmark::State& state) {
 }
 
 /// The same by hand.
-class BareWindow final : public QWidget {
+class BareWindow final : public BarePageWindow {
 public:
-    BareWindow(int recipients, int height, Image image) : image_(image) {
+    BareWindow(int recipients, int height, Image image) : BarePageWindow(height), image_(image) {
         for (int i = 0; i < recipients; ++i) names_ += (i ? ", " : "") + Name(i);
         names_.resize(std::min<std::size_t>(names_.size(), 8192));  // more than fits the page
-        pango_cairo_context_set_resolution(context_, 72);
-        for (const bool bold : {false, true}) {
-            layouts_[bold] = pango_layout_new(context_);
-            PangoFontDescription* const font = pango_font_description_from_string("Sans");
-            pango_font_description_set_absolute_size(font, 12 * PANGO_SCALE);
-            if (bold) pango_font_description_set_weight(font, PANGO_WEIGHT_BOLD);
-            pango_layout_set_font_description(layouts_[bold], font);
-            pango_font_description_free(font);
-            pango_layout_set_wrap(layouts_[bold], PANGO_WRAP_WORD_CHAR);
-            pango_layout_set_width(layouts_[bold],
+        for (PangoLayout* layout : {plain_, bold_}) {
+            pango_layout_set_wrap(layout, PANGO_WRAP_WORD_CHAR);
+            pango_layout_set_width(layout,
                                    static_cast<int>((kPageWidth - 2 * kMargin) * PANGO_SCALE));
         }
-        resize(static_cast<int>(height * kPageWidth / kPageHeight), height);
-        if (image == Image::photograph) decode();
-        show();
-        QCoreApplication::processEvents();
+        if (image == Image::photograph) setPicture(Photograph());
     }
     ~BareWindow() override {
-        for (PangoLayout* layout : layouts_) g_object_unref(layout);
-        g_object_unref(context_);
+        for (PangoLayout* layout : {plain_, bold_}) g_object_unref(layout);
     }
 
     void show(const std::string& notes) {
-        bytes_.clear();
-        writePage(notes);
-        QBuffer buffer(&bytes_);
-        buffer.open(QIODevice::ReadOnly);
-        QPdfDocument document(nullptr);
-        document.load(&buffer);
-        page_ = document.render(0, size());
-        repaint();
-    }
-    using QWidget::show;
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.fillRect(rect(), Qt::white);
-        painter.drawImage(0, 0, page_);
+        showPage([&](cairo_t* cairo) { drawCover(cairo, notes); });
     }
 
 private:
-    /// Once, to the pixels of the page.
-    void decode() {
-        QImageReader reader(Photograph());
-        full_ = reader.size();
-        reader.setScaledSize(full_.scaled(size(), Qt::KeepAspectRatio));
-        picture_ = reader.read().convertToFormat(QImage::Format_RGB32);
-        QBuffer buffer(&jpeg_);
-        picture_.save(&buffer, "jpeg", 90);
-    }
-
-    void writePage(const std::string& notes) {
-        const auto write = [](void* bytes, const unsigned char* part, unsigned count) {
-            static_cast<QByteArray*>(bytes)->append(reinterpret_cast<const char*>(part),
-                                                    static_cast<qsizetype>(count));
-            return CAIRO_STATUS_SUCCESS;
-        };
-        cairo_surface_t* const surface =
-            cairo_pdf_surface_create_for_stream(write, &bytes_, kPageWidth, kPageHeight);
-        cairo_t* const cairo = cairo_create(surface);
-        cairo_set_source_rgb(cairo, 1, 1, 1);
-        cairo_paint(cairo);
+    void drawCover(cairo_t* cairo, const std::string& notes) {
         cairo_set_source_rgb(cairo, 0, 0, 0);
         double top = kFirstLine;
         for (const auto& [label, text] :
              {std::pair<std::string, std::string>{"From:", "Ann Example\n"},
               {"To:", names_},
               {"Notes:", notes}}) {
-            drawText(cairo, layouts_[1], label, top);
-            drawText(cairo, layouts_[0], text, top);
+            drawText(cairo, bold_, label, top);
+            drawText(cairo, plain_, text, top);
             top += kGap;
         }
         if (image_ != Image::none) drawImage(cairo);
-        cairo_show_page(cairo);
-        cairo_destroy(cairo);
-        cairo_surface_destroy(surface);
     }
 
     static void drawText(cairo_t* cairo, PangoLayout* layout, const std::string& text,
@@ -203,17 +147,13 @@ private:
 
     void drawImage(cairo_t* cairo) {
         cairo_push_group(cairo);
-        image_ == Image::text ? drawWord(cairo) : drawPicture(cairo);
+        image_ == Image::text ? drawWord(cairo) : drawPicture(cairo, kScale / 100.0);
         cairo_pop_group_to_source(cairo);
         cairo_paint_with_alpha(cairo, kDensity / 100.0);
     }
 
     void drawWord(cairo_t* cairo) {
-        PangoLayout* const word = pango_layout_new(context_);
-        PangoFontDescription* const font = pango_font_description_from_string("Liberation Sans");
-        pango_font_description_set_absolute_size(font, 72 * PANGO_SCALE);
-        pango_layout_set_font_description(word, font);
-        pango_font_description_free(font);
+        PangoLayout* const word = makeLayout("Liberation Sans", 72);
         pango_layout_set_text(word, "CONFIDENTIAL", -1);
         cairo_set_source_rgb(cairo, 0, 0, 1);
         cairo_move_to(cairo, 140, 600);
@@ -222,29 +162,10 @@ private:
         g_object_unref(word);
     }
 
-    void drawPicture(cairo_t* cairo) {
-        cairo_surface_t* const surface = cairo_image_surface_create_for_data(
-            picture_.bits(), CAIRO_FORMAT_RGB24, picture_.width(), picture_.height(),
-            static_cast<int>(picture_.bytesPerLine()));
-        cairo_surface_set_mime_data(surface, CAIRO_MIME_TYPE_JPEG,
-                                    reinterpret_cast<const unsigned char*>(jpeg_.constData()),
-                                    static_cast<unsigned long>(jpeg_.size()), nullptr, nullptr);
-        const QSizeF drawn = QSizeF(full_) * kScale / 100.0;
-        cairo_translate(cairo, (kPageWidth - drawn.width()) / 2,
-                        (kPageHeight - drawn.height()) / 2);
-        cairo_scale(cairo, drawn.width() / picture_.width(), drawn.height() / picture_.height());
-        cairo_set_source_surface(cairo, surface, 0, 0);
-        cairo_paint(cairo);
-        cairo_surface_destroy(surface);
-    }
-
     Image image_;
     std::string names_;
-    PangoContext* context_ = pango_font_map_create_context(pango_cairo_font_map_get_default());
-    PangoLayout* layouts_[2] = {};
-    QSize full_;
-    QImage picture_, page_;
-    QByteArray jpeg_, bytes_;
+    PangoLayout* plain_ = makeLayout("Sans", 12);
+    PangoLayout* bold_ = makeLayout("Sans", 12, true);
 };
 
 void Bare(benchmark::State& state, Image image) {
