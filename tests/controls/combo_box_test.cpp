@@ -38,7 +38,6 @@ protected:
         interface = std::make_unique<Interface>(
             WindowFile(WidgetText("ComboField", 1) + WidgetText("QLineEdit", 2)),
             "\"On\" = \"Fifty\";");
-        ASSERT_EQ(interface->open(), noErr);
         combo = interface->control(1);
         options.bundle = CFBundleGetBundleWithIdentifier(CFSTR("test.interface"));
         options.map = kMap, options.historyKey = kKey;

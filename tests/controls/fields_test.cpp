@@ -18,7 +18,6 @@ struct Fields : testing::Test {
         interface = std::make_unique<Interface>(
             WindowFile(WidgetText("QLineEdit", kField) + WidgetText("SpinArrows", kArrows) +
                        WidgetText(slider, kSlider) + WidgetText("QLineEdit", kOther)));
-        ASSERT_EQ(interface->open(), noErr);
         setup.arrows = kArrows, setup.field = kField, setup.slider = kSlider;
         ASSERT_EQ(SetUpSpinControl(interface->window, 'KPDE', setup), noErr);
         interface->windowWidget()->show();

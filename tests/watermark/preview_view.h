@@ -11,7 +11,6 @@ class PreviewView {
 public:
     PreviewView(int width, int height)
         : interface_(WindowFile(WidgetText("PictureControl", 1, Geometry(0, 0, width, height)))) {
-        EXPECT_EQ(interface_.open(), noErr);
         const EventTypeSpec type = {kEventClassControl, kEventControlDraw};
         const auto draw = [](EventHandlerCallRef, EventRef event, void* self) {
             return static_cast<PreviewView*>(self)->shown->draw(event);

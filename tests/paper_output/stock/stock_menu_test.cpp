@@ -28,7 +28,6 @@ std::string Outline(MenuRef menu) {
 const _InstalledFeatureMap kFeatures[] = {{CFSTR("PostPrintInserterKey")}, {}};
 
 struct StockMenu : PaperTest {
-    void SetUp() override { ASSERT_EQ(interface.open(), noErr); }
     ~StockMenu() override { FinalizeStockMenuButton(button(), &data); }
 
     void initialize(JobContext context) {

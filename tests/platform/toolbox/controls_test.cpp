@@ -1,5 +1,3 @@
-#include <limits>
-
 #include "interface.h"
 #include "system/clock.h"
 #include "toolbox/menus.h"
@@ -7,41 +5,32 @@
 namespace kalmo::test {
 namespace {
 
-constexpr SInt32 kLeast = std::numeric_limits<SInt32>::min();
-constexpr SInt32 kMost = std::numeric_limits<SInt32>::max();
-
 TEST(Controls, ValuesStayWithinTheirBounds) {
     QComboBox popup;
     popup.addItems({"one", "two", "three"});
     Interface interface(WindowFile(WidgetText("SpinArrows", 1)));
-    ASSERT_EQ(interface.open(), noErr);
     QWidget* const arrows = interface.widget(1);
     const std::tuple<const char*, QWidget*, SInt32, SInt32, SInt32, SInt32> cases[] = {
-        {"arrows, the widest bounds", arrows, kLeast, kMost, kLeast, kLeast},
-        {"arrows above", arrows, kLeast, -3, kMost, -3},
+        {"arrows, the widest bounds", arrows, INT32_MIN, INT32_MAX, INT32_MIN, INT32_MIN},
+        {"arrows above", arrows, INT32_MIN, -3, INT32_MAX, -3},
         {"popup below its minimum", &popup, 1, 3, -1, 1},
         {"popup above its maximum", &popup, 1, 2, 3, 2},
         {"popup beyond its items but not its maximum", &popup, 0, 9, 7, 0},
     };
+    const Heard arrowHits(ControlFromWidget(arrows)), popupHits(ControlFromWidget(&popup));
     for (const auto& [why, widget, minimum, maximum, value, result] : cases) {
         SCOPED_TRACE(why);
         const ControlRef control = ControlFromWidget(widget);
-        std::string record;
-        Recorder recorder{'h', &record};
-        EventHandlerRef handler = nullptr;
-        InstallControlEventHandler(control, Recorder::Handle, 1, &kHit, &recorder, &handler);
         SetControl32BitMaximum(control, maximum);
         SetControl32BitMinimum(control, minimum);
         SetControl32BitValue(control, value);
         EXPECT_EQ(GetControl32BitValue(control), result);
-        EXPECT_EQ(record, "");
-        RemoveEventHandler(handler);
+        EXPECT_EQ(arrowHits.record + popupHits.record, "");
     }
 }
 
 TEST(AngleDial, PointsToTheMouseWithinItsRange) {
     Interface interface(WindowFile(WidgetText("AngleDial", 1)));
-    ASSERT_EQ(interface.open(), noErr);
     auto& dial = *interface.widget<QAbstractSlider>(1);
     dial.resize(dial.sizeHint());
     const struct {
@@ -70,25 +59,21 @@ TEST(DateTimeFields, GiveBackWhatTheyCanShowAndHitWhenTyped) {
     setenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3", 1);  // leaves an hour of 31 March 2030 out
     tzset();
     Interface interface(WindowFile(WidgetText("QTimeEdit", 1)));
-    ASSERT_EQ(interface.open(), noErr);
     const ControlRef control = interface.control(1);
-    std::string record;
-    Recorder recorder{'h', &record};
-    InstallControlEventHandler(control, Recorder::Handle, 1, &kHit, &recorder, nullptr);
+    const Heard hits(control);
     const SInt64 leftOut = LongDateToSeconds({2030, 3, 31, 2, 30, 5});
-    for (const auto& [seconds, shown] :
-         {std::pair{SInt64{0}, SInt64{0}},
-          {leftOut, leftOut},
-          {std::numeric_limits<SInt64>::max(), LongDateToSeconds({9999, 12, 31, 23, 59, 59})},
-          {std::numeric_limits<SInt64>::min(), LongDateToSeconds({100, 1, 1})}}) {
+    for (const auto& [seconds, shown] : {std::pair{SInt64{0}, SInt64{0}},
+                                         {leftOut, leftOut},
+                                         {INT64_MAX, LongDateToSeconds({9999, 12, 31, 23, 59, 59})},
+                                         {INT64_MIN, LongDateToSeconds({100, 1, 1})}}) {
         SetControlDateTime(control, seconds);
         EXPECT_EQ(GetControlDateTime(control), shown);
     }
-    EXPECT_EQ(record, "");
+    EXPECT_EQ(hits.record, "");
     SetControlDateTime(control, leftOut);
     interface.widget<QTimeEdit>(1)->setSelectedSection(QTimeEdit::MinuteSection);
     QTest::keyClicks(interface.widget(1), "45");
-    EXPECT_NE(record, "");
+    EXPECT_NE(hits.record, "");
     EXPECT_EQ(GetControlDateTime(control), leftOut + 15 * 60);
     unsetenv("TZ");
     tzset();

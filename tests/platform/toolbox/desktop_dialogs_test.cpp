@@ -1,6 +1,5 @@
 // What opens a dialog of Qt's own: color wells and the choice of a file.
 #include "interface.h"
-#include "support/modal_driver.h"
 #include "toolbox/file_chooser.h"
 
 namespace kalmo::test {
@@ -10,10 +9,8 @@ class DesktopDialogs : public testing::Test {
 protected:
     void SetUp() override {
         InstallPresence(WindowPresence());
-        ASSERT_EQ(interface.open(), noErr);
         interface.windowWidget()->show();
     }
-    void TearDown() override { InstallPresence(UnattendedPresence()); }
 
     void pressWell(const ModalDriver::Answer& answer) {
         driver.expect(answer);
@@ -30,21 +27,19 @@ protected:
 };
 
 TEST_F(DesktopDialogs, AnotherColorIsAHitAndTheSameLeavesAllAsItWas) {
-    std::string hits;
-    Recorder recorder{'h', &hits};
     const ControlRef well = interface.control(1);
-    InstallControlEventHandler(well, Recorder::Handle, 1, &kHit, &recorder, nullptr);
+    const Heard hits(well);
     SetControlColor(well, {0.3F, -1, 0.1F, 0.75F});
     EXPECT_EQ(interface.widget(1)->accessibleDescription(), "#4D001A, 75 %");
     pressWell([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Return); });
     EXPECT_EQ(GetControlColor(well).red, 0.3F);
-    EXPECT_EQ(hits, "");
+    EXPECT_EQ(hits.record, "");
     pressWell([](QWidget& window) {
         dynamic_cast<QColorDialog&>(window).setCurrentColor(QColor(255, 0, 0, 51));
         QTest::keyClick(&window, Qt::Key_Return);
     });
     EXPECT_EQ(GetControlColor(well).alpha, 0.2F);
-    EXPECT_EQ(hits, "h");
+    EXPECT_EQ(hits.record, "h");
 }
 
 TEST_F(DesktopDialogs, ChooserBeginsAtTheFileAmongThoseOfItsKind) {
@@ -59,7 +54,6 @@ TEST_F(DesktopDialogs, ChooserBeginsAtTheFileAmongThoseOfItsKind) {
         QTest::keyClick(&window, Qt::Key_Return);
     };
     EXPECT_TRUE(chooseFile(accept, String((folder / "Seal.pNg").string())));
-    setenv("LC_ALL", "C.UTF-8", 1);
 }
 
 TEST_F(DesktopDialogs, EndWithTheirWindow) {

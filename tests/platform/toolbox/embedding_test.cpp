@@ -1,4 +1,5 @@
 #include "interface.h"
+#include "support/pane_dialog.h"
 
 namespace kalmo::test {
 namespace {
@@ -28,7 +29,6 @@ std::string Sections() {
 /// A dialog with a button, an empty view, and a button; a pane in the view takes the sections.
 struct Embedding : testing::Test {
     void SetUp() override {
-        ASSERT_EQ(file.open(), noErr);
         for (QWidget* widget : {static_cast<QWidget*>(before), view, static_cast<QWidget*>(after)})
             layout->addWidget(widget);
         view->resize(300, 120);
@@ -43,11 +43,7 @@ struct Embedding : testing::Test {
             ASSERT_EQ(MoveSubviewsToPane(file.control(section), pane, bounds.top), noErr);
         }
     }
-    [[nodiscard]] QWidget* moved(SInt32 id) const {
-        ControlRef found = nullptr;
-        GetControlByID(dialogRef, {'KPDE', id}, &found);
-        return WidgetFromControl(found);
-    }
+    [[nodiscard]] QWidget* moved(SInt32 id) { return FindControl(dialog, 'KPDE', id); }
     static void settle() {
         for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
     }

@@ -8,10 +8,9 @@ namespace {
 /// the window.
 struct Events : testing::Test {
     void SetUp() override {
-        Install(control, recorders[0]);
-        Install(control, recorders[1]);
-        Install(ControlFromWidget(pane), recorders[2]);
-        Install(ControlFromWidget(window.get()), recorders[3]);
+        auto* recorder = recorders;
+        for (QWidget* where : std::initializer_list<QWidget*>{box, box, pane, window.get()})
+            Install(ControlFromWidget(where), *recorder++);
     }
 
     static EventHandlerRef Install(ControlRef where, Recorder& recorder) {

@@ -94,23 +94,16 @@ TEST_F(HelpBook, SpeaksTheLanguageOfItsProgram) {
 
 /// A dialog under a Presence with windows.
 struct ModalLoops : testing::Test {
-    void SetUp() override {
-        InstallPresence(WindowPresence());
-        ASSERT_EQ(interface.open(), noErr);
-    }
+    ModalLoops() { InstallPresence(WindowPresence()); }
 
-    Interface interface { WindowFile(Geometry(0, 0, 200, 100)) };
-    ModalDriver driver;
-};
-
-TEST(ModalWindows, HaveRoomForWhatCameIntoThemSinceTheyWereLoaded) {
-    InstallPresence(WindowPresence());
-    ModalDriver driver;
     Interface interface {
         WindowFile("<layout class=\"QVBoxLayout\"><item><layout class=\"QHBoxLayout\"><item>" +
                    WidgetText("QComboBox", 1) + "</item></layout></item></layout>")
     };
-    ASSERT_EQ(interface.open(), noErr);
+    ModalDriver driver;
+};
+
+TEST_F(ModalLoops, WindowHasRoomForWhatCameIntoItSinceItWasLoaded) {
     auto& popup = *interface.widget<QComboBox>(1);
     popup.addItem("What a popup shows must not be cut");
     driver.expect([&popup](QWidget& window) {

@@ -7,22 +7,20 @@
 
 namespace kalmo::test {
 
-/// A bundle whose Resources hold "Panel.ui" with `ui` and a table "Localizable".
+/// The window "Window" of a bundle whose Resources hold "Panel.ui" with `ui` and a table
+/// "Localizable".
 class Interface {
 public:
     explicit Interface(const std::string& ui, const std::string& texts = {})
         : bundle_(Owned<CFBundleRef>::Adopt(OpenBundle(WriteBundle(
               MakeFolder("interface"), "Test", "test.interface",
-              {{"Resources/Panel.ui", ui}, {"Resources/en.lproj/Localizable.strings", texts}})))) {}
+              {{"Resources/Panel.ui", ui}, {"Resources/en.lproj/Localizable.strings", texts}})))) {
+        opened = CreateNibReferenceWithCFBundle(bundle_, CFSTR("Panel"), &nib_);
+        if (opened == noErr) opened = CreateWindowFromNib(nib_, CFSTR("Window"), &window);
+    }
     ~Interface() {
         DisposeWindow(window);
         DisposeNibReference(nib_);
-    }
-
-    /// Makes the window; the status of the first call that fails.
-    OSStatus open(CFStringRef name = CFSTR("Window")) {
-        const OSStatus status = CreateNibReferenceWithCFBundle(bundle_, CFSTR("Panel"), &nib_);
-        return status == noErr ? CreateWindowFromNib(nib_, name, &window) : status;
     }
 
     [[nodiscard]] ControlRef control(SInt32 id) const {
@@ -35,6 +33,8 @@ public:
     }
     [[nodiscard]] QWidget* windowWidget() const { return WidgetFromWindow(window); }
 
+    /// The status of the first call that failed.
+    OSStatus opened = noErr;
     WindowRef window = nullptr;
 
 private:
@@ -83,5 +83,14 @@ struct Recorder {
 
 inline constexpr EventTypeSpec kHit = {kEventClassControl, kEventControlHit};
 inline constexpr EventTypeSpec kCommand = {kEventClassCommand, kEventCommandProcess};
+
+/// The events of one kind that reach a control, one 'h' each.
+struct Heard {
+    explicit Heard(ControlRef control, const EventTypeSpec& type = kHit) {
+        InstallControlEventHandler(control, Recorder::Handle, 1, &type, &recorder, nullptr);
+    }
+    std::string record;
+    Recorder recorder{'h', &record};
+};
 
 }  // namespace kalmo::test

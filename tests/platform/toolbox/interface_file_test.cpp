@@ -24,24 +24,23 @@ TEST(InterfaceFile, FaultyFilesAreRefusedWithOneLine) {
     };
     for (const auto& [why, ui, says] : cases) {
         SCOPED_TRACE(why);
-        Interface interface(ui);
         testing::internal::CaptureStderr();
-        EXPECT_EQ(interface.open(), nibNotFoundErr);
+        const Interface interface(ui);
+        EXPECT_EQ(interface.opened, nibNotFoundErr);
         EXPECT_NE(testing::internal::GetCapturedStderr().find(says), std::string::npos);
         EXPECT_EQ(interface.window, nullptr);
     }
 }
 
 TEST(InterfaceFile, TextsComeByKeyAndMissingOnesAreNamed) {
-    Interface interface(
+    testing::internal::CaptureStderr();
+    const Interface interface(
         WindowFile(WidgetText("QCheckBox", 1,
                               StringProperty("textKey", "Box") + StringProperty("tipKey", "Tip")) +
                    WidgetText("QToolButton", 2, StringProperty("nameKey", "Name")) +
                    WidgetText("QLabel", 3, StringProperty("textKey", "Missing"))),
         "\"Box\" = \"B\u00f6x\"; \"Tip\" = \"a < b <b>\"; \"Name\" = \"Na&me "
         "&& Co\";");
-    testing::internal::CaptureStderr();
-    ASSERT_EQ(interface.open(), noErr);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "No text for Missing in Localizable.strings\n");
     EXPECT_EQ(interface.widget<QAbstractButton>(1)->text(), "B\u00f6x");

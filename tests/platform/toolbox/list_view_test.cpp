@@ -20,15 +20,12 @@ Items Numbers(ListItem first, ListItem last) {
 class Lists : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_EQ(interface.open(), noErr);
-        list = interface.control(1);
-        view = interface.widget<QTreeView>(1);
         SetListTextProc(list, GiveText, &textsAsked);
         AddListColumn(list, 'page', CFSTR("Page"), 100);
         AddListColumn(list, 'attr', CFSTR("Attributes"), 300);
         ASSERT_EQ(SetListItems(list, Numbers(1, 100'000)), noErr);
-        handle(kEventClassList, kEventListSelectionChanged, selected);
-        handle(kEventClassList, kEventListItemOpened, opened);
+        handle({kEventClassList, kEventListSelectionChanged}, selected);
+        handle({kEventClassList, kEventListItemOpened}, opened);
         interface.windowWidget()->show();
         view->setFocus();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(view->window()));
@@ -41,8 +38,7 @@ protected:
         if (item != 2) *text = CFStringCreateFromUTF8("Page " + std::to_string(item));
         return noErr;
     }
-    void handle(UInt32 eventClass, UInt32 kind, Recorder& recorder) const {
-        const EventTypeSpec type{eventClass, kind};
+    void handle(const EventTypeSpec& type, Recorder& recorder) const {
         InstallControlEventHandler(list, Recorder::Handle, 1, &type, &recorder, nullptr);
     }
     [[nodiscard]] QPoint inRow(int row) const {
@@ -53,8 +49,8 @@ protected:
         WindowFile("<layout class=\"QVBoxLayout\"><item>" + WidgetText("ListView", 1) +
                    "</item><item>" + WidgetText("QLineEdit", 2) + "</item></layout>")
     };
-    ControlRef list = nullptr;
-    QTreeView* view = nullptr;
+    ControlRef list = interface.control(1);
+    QTreeView* view = interface.widget<QTreeView>(1);
     std::string record;
     Recorder selected{'s', &record}, opened{'o', &record, noErr}, pressed{'k', &record, noErr},
         ground{'g', &record, noErr};
@@ -158,19 +154,14 @@ TEST_F(Lists, TheLastColumnTakesWhatIsLeftButKeepsItsWidth) {
 }
 
 TEST_F(Lists, TheUserSortsByTitleOrByMenuInThreeSteps) {
-    struct Sorts {
-        std::string said;
-        static OSStatus Handle(EventHandlerCallRef, EventRef event, void* self) {
-            const ListSort sort = GetListSort(GetEventControl(event));
-            static_cast<Sorts*>(self)->said += sort.column == 0    ? "0"
-                                               : sort.isDescending ? ">"
-                                                                   : "<";
-            SetListItems(GetEventControl(event), Numbers(1, 9));
-            return noErr;
-        }
-    } sorts;
+    std::string said;
+    const auto sort = [](EventHandlerCallRef, EventRef event, void* sorts) -> OSStatus {
+        const auto [column, isDescending] = GetListSort(GetEventControl(event));
+        *static_cast<std::string*>(sorts) += column == 0 ? '0' : isDescending ? '>' : '<';
+        return SetListItems(GetEventControl(event), Numbers(1, 9));
+    };
     const EventTypeSpec changed{kEventClassList, kEventListSortChanged};
-    InstallControlEventHandler(list, Sorts::Handle, 1, &changed, &sorts, nullptr);
+    InstallControlEventHandler(list, sort, 1, &changed, &said, nullptr);
     const auto click = [this] {
         QTest::mouseClick(view->header()->viewport(), Qt::LeftButton, {}, {150, 5});
     };
@@ -186,11 +177,11 @@ TEST_F(Lists, TheUserSortsByTitleOrByMenuInThreeSteps) {
     for (int press = 0; press < 4; ++press) click();
     EXPECT_EQ(view->header()->sortIndicatorSection(), 1);
     for (int press = 0; press < 3; ++press) choose();
-    EXPECT_EQ(sorts.said, "<>0<>0<");
+    EXPECT_EQ(said, "<>0<>0<");
 }
 
 TEST_F(Lists, TheGroundBelowTheRowsIsOpenedToo) {
-    handle(kEventClassList, kEventListGroundOpened, ground);
+    handle({kEventClassList, kEventListGroundOpened}, ground);
     SetListItems(list, Numbers(1, 3));
     SetListSelection(list, {2});
     record.clear();
@@ -210,7 +201,7 @@ TEST_F(Lists, KeysThatAreNotTheirsGoOn) {
             QApplication::sendEvent(view, &event);
             EXPECT_EQ(event.isAccepted(), isSwallowed);
         }
-        handle(kEventClassKeyboard, kEventRawKeyDown, pressed);
+        handle({kEventClassKeyboard, kEventRawKeyDown}, pressed);
     }
     EXPECT_EQ(record, "okk");
     pressed.answer = eventNotHandledErr;

@@ -6,27 +6,33 @@
 namespace kalmo::test {
 namespace {
 
-/// A popup from an interface file with the items One, -, Three (disabled), Four.
-struct Popup : testing::Test {
-    void SetUp() override {
-        ASSERT_EQ(interface.open(), noErr);
-        Append("One", kMenuItemPlain);
-        AppendMenuItemTextWithCFString(menu(), nullptr, kMenuItemSeparator, 0, nullptr);
-        Append("Three", kMenuItemDisabled);
-        Append("Four", kMenuItemPlain);
-        InstallControlEventHandler(control(), Recorder::Handle, 1, &kHit, &recorder, nullptr);
+void Append(MenuRef menu, const char* text, UInt32 attributes = kMenuItemPlain,
+            UInt32 command = 0) {
+    AppendMenuItemTextWithCFString(menu, CFStringMakeConstant(text), attributes, command, nullptr);
+}
+
+struct Menus : testing::Test {
+    explicit Menus(const char* type)
+        : interface(WindowFile(Geometry(0, 0, 200, 100) + WidgetText(type, 1))) {
+        interface.windowWidget()->show();
     }
 
-    void Append(const char* text, UInt32 attributes) {
-        AppendMenuItemTextWithCFString(menu(), CFStringMakeConstant(text), attributes, 0, nullptr);
+    Interface interface;
+    ControlRef control = interface.control(1);
+    MenuRef menu = GetControlPopupMenu(control);
+};
+
+/// A popup from an interface file with the items One, -, Three (disabled), Four.
+struct Popup : Menus {
+    Popup() : Menus("QComboBox") {
+        Append(menu, "One");
+        AppendMenuItemTextWithCFString(menu, nullptr, kMenuItemSeparator, 0, nullptr);
+        Append(menu, "Three", kMenuItemDisabled);
+        Append(menu, "Four");
     }
-    [[nodiscard]] ControlRef control() { return interface.control(1); }
-    [[nodiscard]] MenuRef menu() { return GetControlPopupMenu(control()); }
     [[nodiscard]] QComboBox& box() { return *interface.widget<QComboBox>(1); }
 
-    Interface interface { WindowFile(Geometry(0, 0, 200, 100) + WidgetText("QComboBox", 1)) };
-    std::string record;
-    Recorder recorder{'h', &record};
+    const Heard hits{control};
 };
 
 TEST_F(Popup, KeysOpenItAfterItAskedForItsItemsAndPassOverWhatCannotBeChosen) {
@@ -35,51 +41,42 @@ TEST_F(Popup, KeysOpenItAfterItAskedForItsItemsAndPassOverWhatCannotBeChosen) {
         return AppendMenuItemTextWithCFString(GetControlPopupMenu(GetEventControl(event)),
                                               CFSTR("Five"), kMenuItemPlain, 0, nullptr);
     };
-    InstallControlEventHandler(control(), addFive, 1, &populate, nullptr, nullptr);
-    interface.windowWidget()->show();
+    InstallControlEventHandler(control, addFive, 1, &populate, nullptr, nullptr);
     const std::tuple<Qt::Key, Qt::Key, SInt32> rows[] = {{Qt::Key_Space, Qt::Key_End, 5},
                                                          {Qt::Key_Home, Qt::Key_Home, 1},
                                                          {Qt::Key_Down, Qt::Key_Down, 4}};
     for (const auto& [opens, moves, chosen] : rows) {
-        const SInt32 before = GetControl32BitValue(control());
+        const SInt32 before = GetControl32BitValue(control);
         QTest::keyClick(&box(), opens);
         ASSERT_TRUE(box().view()->isVisible());
-        EXPECT_EQ(GetControl32BitValue(control()), before) << "the key chooses nothing";
+        EXPECT_EQ(GetControl32BitValue(control), before) << "the key chooses nothing";
         QTest::keyClick(box().view(), moves);
         QTest::keyClick(box().view(), Qt::Key_Return);
-        EXPECT_EQ(GetControl32BitValue(control()), chosen);
+        EXPECT_EQ(GetControl32BitValue(control), chosen);
     }
-    EXPECT_EQ(record, "hhh");
-    SetControl32BitValue(control(), 2);
-    EXPECT_EQ(GetControl32BitValue(control()), 4) << "not by code either";
+    EXPECT_EQ(hits.record, "hhh");
+    SetControl32BitValue(control, 2);
+    EXPECT_EQ(GetControl32BitValue(control), 4) << "not by code either";
 }
 
 /// A menu button with the items Size > (A & B, C without a command), two separators, Inserter. Its
 /// owner checks Inserter when the menu opens and builds it anew at each choice.
-struct Button : testing::Test {
-    void SetUp() override {
-        ASSERT_EQ(interface.open(), noErr);
+struct Button : Menus {
+    Button() : Menus("MenuButton") {
         build();
         const EventTypeSpec types[] = {kHit, kCommand, {kEventClassMenu, kEventMenuPopulate}};
-        InstallControlEventHandler(control(), Record, 3, types, this, nullptr);
-        interface.windowWidget()->show();
+        InstallControlEventHandler(control, Record, 3, types, this, nullptr);
     }
 
     void build() {
-        DeleteMenuItems(menu(), 1, CountMenuItems(menu()));
+        DeleteMenuItems(menu, 1, CountMenuItems(menu));
         submenu = CreateNewMenu();
-        append(menu(), "Size", kMenuItemPlain, 'Ssiz');
-        append(submenu, "A & B", kMenuItemPlain, 'Ssiz');
-        append(submenu, "C", kMenuItemPlain, 0);
-        EXPECT_EQ(SetMenuItemHierarchicalMenu(menu(), 1, submenu), noErr);
-        append(menu(), "-", kMenuItemSeparator, 0);
-        append(menu(), "-", kMenuItemSeparator, 0);
-        append(menu(), "Inserter", kMenuItemPlain, 'Ssrc');
-    }
-
-    static void append(MenuRef menu, const char* text, UInt32 attributes, UInt32 command) {
-        AppendMenuItemTextWithCFString(menu, CFStringMakeConstant(text), attributes, command,
-                                       nullptr);
+        Append(menu, "Size", kMenuItemPlain, 'Ssiz');
+        Append(submenu, "A & B", kMenuItemPlain, 'Ssiz');
+        Append(submenu, "C");
+        EXPECT_EQ(SetMenuItemHierarchicalMenu(menu, 1, submenu), noErr);
+        for (int line = 0; line < 2; ++line) Append(menu, "-", kMenuItemSeparator);
+        Append(menu, "Inserter", kMenuItemPlain, 'Ssrc');
     }
 
     /// Choices: m or s for menu or submenu, the item, the command's last character.
@@ -88,7 +85,7 @@ struct Button : testing::Test {
         MenuRef menu = nullptr;
         UInt16 item = 0;
         if (GetEventClass(event) == kEventClassMenu) {
-            CheckMenuItem(self.menu(), 4, true);
+            CheckMenuItem(self.menu, 4, true);
             return noErr;
         }
         EXPECT_TRUE(GetEventMenuItem(event, &menu, &item));
@@ -99,11 +96,8 @@ struct Button : testing::Test {
         return noErr;
     }
 
-    [[nodiscard]] ControlRef control() { return interface.control(1); }
-    [[nodiscard]] MenuRef menu() { return GetControlPopupMenu(control()); }
     [[nodiscard]] QPushButton& button() { return *interface.widget<QPushButton>(1); }
 
-    Interface interface { WindowFile(Geometry(0, 0, 200, 100) + WidgetText("MenuButton", 1)) };
     MenuRef submenu = nullptr;
     std::string record;
     ModalDriver driver;
@@ -147,13 +141,13 @@ TEST_F(Button, ShowsWhatItsOwnerMadeAboveWhereNoRoomIsBelow) {
 TEST_F(Button, SubmenusBelongToTheirItem) {
     const MenuRef inner = CreateNewMenu();
     const QPointer<QObject> watched = reinterpret_cast<QObject*>(inner);
-    append(inner, "x", kMenuItemPlain, 0);
+    Append(inner, "x");
     EXPECT_EQ(SetMenuItemHierarchicalMenu(submenu, 2, inner), noErr);
     EXPECT_EQ(SetMenuItemHierarchicalMenu(submenu, 1, inner), paramErr) << "in two places";
     EXPECT_EQ(SetMenuItemHierarchicalMenu(inner, 1, submenu), paramErr) << "in itself";
     DisposeMenu(inner);
     EXPECT_EQ(GetMenuItemHierarchicalMenu(submenu, 2), inner) << "not its maker's any more";
-    DeleteMenuItem(menu(), 1);
+    DeleteMenuItem(menu, 1);
     EXPECT_EQ(watched, nullptr);
 }
 

@@ -61,7 +61,6 @@ TEST(Pictures, KnownFormatsLoadWhateverTheNameSaysAndBrokenOnesAreNone) {
 /// A picture control 40 x 40 that draws `picture` over all of itself.
 struct PictureView : testing::Test {
     void SetUp() override {
-        ASSERT_EQ(interface.open(), noErr);
         const EventTypeSpec types[] = {{kEventClassControl, kEventControlDraw},
                                        {kEventClassMouse, kEventMouseDown},
                                        {kEventClassMouse, kEventMouseDragged},

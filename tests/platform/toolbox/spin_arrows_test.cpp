@@ -16,7 +16,6 @@ void Note(ControlRef, SInt16 part) {
 struct Arrows : testing::Test {
     void SetUp() override {
         pressed.clear();
-        ASSERT_EQ(interface.open(), noErr);
         interface.windowWidget()->show();
         arrows().resize(arrows().sizeHint());
         SetControlAction(control(), Note);
@@ -81,7 +80,7 @@ TEST_F(Arrows, AreANamedSpinBoxForAssistiveTechnology) {
         const SInt32 step = part == kControlUpButtonPart ? 4 : -4;
         SetControl32BitValue(self, GetControl32BitValue(self) + step);
     });
-    const SInt32 step = 4;
+    constexpr SInt32 step = 4;
     SetControlData(control(), kControlIncrementTag, sizeof step, &step);
     EXPECT_EQ(WindowFaults(*interface.windowWidget(), Identities::needed),
               std::vector<std::string>());

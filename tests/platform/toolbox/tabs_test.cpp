@@ -12,12 +12,6 @@ std::string Page(const std::string& name, const std::string& content) {
 
 /// A field on each of two pages, and a button below.
 struct Tabs : testing::Test {
-    void SetUp() override {
-        ASSERT_EQ(interface.open(), noErr);
-        InstallControlEventHandler(tabs = interface.control(1), Recorder::Handle, 1, &kHit, &hit,
-                                   nullptr);
-    }
-
     Interface interface {
         WindowFile("<layout class=\"QVBoxLayout\"><item>" +
                    WidgetText("QTabWidget", 1,
@@ -26,9 +20,8 @@ struct Tabs : testing::Test {
                    "</item><item>" + WidgetText("QPushButton", 4) + "</item></layout>"),
             R"("First" = "&First"; "Second" = "&Second";)"
     };
-    ControlRef tabs = nullptr;
-    std::string record;
-    Recorder hit{'h', &record};
+    ControlRef tabs = interface.control(1);
+    const Heard hits{tabs};
 };
 
 TEST_F(Tabs, OnlyTheUserBringsAnotherToTheFrontWithAHit) {
@@ -38,13 +31,13 @@ TEST_F(Tabs, OnlyTheUserBringsAnotherToTheFrontWithAHit) {
         EXPECT_EQ(GetControl32BitValue(tabs), front);
     }
     Activate(*interface.windowWidget());
-    EXPECT_EQ(record, "");
+    EXPECT_EQ(hits.record, "");
     QTest::keyClick(widget, Qt::Key_S, Qt::AltModifier);
     EXPECT_EQ(GetControl32BitValue(tabs), 2);
     QTest::keyClick(interface.widget(3), Qt::Key_PageUp, Qt::ControlModifier);
     QTest::keyClick(interface.widget(3), Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(GetControl32BitValue(tabs), 1);
-    EXPECT_EQ(record, "hh");
+    EXPECT_EQ(hits.record, "hh");
 }
 
 TEST_F(Tabs, TabGoesThroughTheRowThePageInFrontAndTheRest) {

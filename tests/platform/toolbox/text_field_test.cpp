@@ -1,7 +1,6 @@
 // Fields: what the user would change comes to the handlers first.
 
 #include "interface.h"
-#include "support/modal_driver.h"
 #include "toolbox/combo_box.h"
 #include "toolbox/menus.h"
 #include "toolbox/qt_strings.h"
@@ -53,14 +52,7 @@ struct FieldKind {
 /// A field and a default button; the field's handler calls the rest unless it refuses.
 class Fields : public testing::TestWithParam<FieldKind> {
 protected:
-    void SetUp() override {
-        InstallPresence(WindowPresence());
-        ASSERT_EQ(interface.open(), noErr);
-        control = interface.control(1);
-        InstallControlEventHandler(control, Handle, 3, kTypes, this, nullptr);
-        field = interface.widget(1);
-    }
-    void TearDown() override { InstallPresence(UnattendedPresence()); }
+    Fields() { InstallControlEventHandler(control, Handle, 3, kTypes, this, nullptr); }
 
     static OSStatus Handle(EventHandlerCallRef next, EventRef event, void* data) {
         auto* const self = static_cast<Fields*>(data);
@@ -93,8 +85,8 @@ protected:
                    WidgetText("QPushButton", 2,
                               "<property name=\"default\"><bool>true</bool></property>"))
     };
-    ControlRef control = nullptr;
-    QWidget* field = nullptr;
+    ControlRef control = interface.control(1);
+    QWidget* field = interface.widget(1);
     bool refuses = false;
     QChar swallowed = u'~';
     QString record, after, keys;
@@ -168,7 +160,6 @@ TEST_P(Fields, KeysComeRawBeforeTheyAreInput) {
 
 TEST(TextAreas, WordsOfAnyLengthAreShownAtOnce) {
     Interface interface { WindowFile(WidgetText("TextArea", 1)) };
-    ASSERT_EQ(interface.open(), noErr);
     auto& area = *interface.widget<QPlainTextEdit>(1);
     const auto usual = area.wordWrapMode();
     QElapsedTimer clock;
@@ -184,21 +175,16 @@ TEST(TextAreas, WordsOfAnyLengthAreShownAtOnce) {
 
 TEST(SearchFields, ClearingIsAnInputAndEscapeComesBeforeCancel) {
     Interface interface(WindowFile(WidgetText("SearchField", 1)));
-    ASSERT_EQ(interface.open(), noErr);
     auto& field = *interface.widget<QLineEdit>(1);
-    std::string inputs;
-    Recorder recorder{'i', &inputs};
-    const EventTypeSpec input{kEventClassTextInput, kEventTextInput};
-    InstallControlEventHandler(interface.control(1), Recorder::Handle, 1, &input, &recorder,
-                               nullptr);
+    Heard inputs(interface.control(1), {kEventClassTextInput, kEventTextInput});
     Activate(*interface.windowWidget());
     QAction& clear = *field.actions().last();
     for (const bool byKey : {true, false}) {
-        inputs.clear();
+        inputs.record.clear();
         QTest::keyClicks(&field, "ab");
         EXPECT_TRUE(clear.isVisible());
         byKey ? QTest::keyClick(&field, Qt::Key_Escape) : clear.trigger();
-        EXPECT_EQ(field.text().toStdString() + inputs, "iii");
+        EXPECT_EQ(field.text().toStdString() + inputs.record, "hhh");
     }
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
     QApplication::sendEvent(&field, &escape);
@@ -207,13 +193,10 @@ TEST(SearchFields, ClearingIsAnInputAndEscapeComesBeforeCancel) {
 
 TEST(ComboFields, OnlyAChoiceInTheListIsAHit) {
     Interface interface(WindowFile(WidgetText("ComboField", 1)));
-    ASSERT_EQ(interface.open(), noErr);
     const ControlRef control = interface.control(1);
     auto& combo = *interface.widget<QComboBox>(1);
     const auto text = [&] { return TakeText(CopyControlTitleAsCFString(control)); };
-    std::string hits;
-    Recorder recorder{'h', &hits};
-    InstallControlEventHandler(control, Recorder::Handle, 1, &kHit, &recorder, nullptr);
+    const Heard hits(control);
     for (const char* item : {"One", "Two"}) AppendComboBoxItem(control, String(item));
     EXPECT_EQ(text() + TakeText(CopyComboBoxItem(control, 2)), "Two");
     EXPECT_EQ(CopyComboBoxItem(control, CountComboBoxItems(control) + 1), nullptr);
@@ -228,11 +211,11 @@ TEST(ComboFields, OnlyAChoiceInTheListIsAHit) {
     EXPECT_EQ(text(), "Tw") << "neither completed nor replaced";
     QTest::keyClick(&combo, 'o');
     combo.clearFocus();
-    EXPECT_EQ(hits, "") << "typed, not chosen";
+    EXPECT_EQ(hits.record, "") << "typed, not chosen";
     QTest::keyClick(&combo, Qt::Key_Down, Qt::AltModifier);
     QTest::keyClick(combo.view(), Qt::Key_Up);
     QTest::keyClick(combo.view(), Qt::Key_Return);
-    EXPECT_EQ(text() + hits, "Oneh");
+    EXPECT_EQ(text() + hits.record, "Oneh");
 }
 
 }  // namespace

@@ -30,7 +30,6 @@ struct Waiting : testing::Test {
         Activate(field);
         QTest::mouseRelease(&field, Qt::LeftButton);  // a double click elsewhere left it down
     }
-    void TearDown() override { InstallPresence(UnattendedPresence()); }
 
     QLineEdit field;
     ModalDriver driver;
@@ -73,7 +72,6 @@ TEST_F(Waiting, TheUserGivesUpAndTheWorkKeepsWhatItUses) {
 
 TEST_F(Waiting, WindowInADialogGoesWhenTheWorkIsDone) {
     Interface interface(WindowFile(Geometry(0, 0, 200, 100)));
-    ASSERT_EQ(interface.open(), noErr);
     Stuck stuck;
     driver.expect([&stuck](QWidget& dialog) {
         EXPECT_TRUE(RunAndWait(kTexts, [&](const std::stop_token&) { stuck.free.acquire(); }));

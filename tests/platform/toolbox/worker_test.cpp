@@ -1,10 +1,8 @@
 #include "toolbox/worker.h"
 
-#include <gtest/gtest.h>
-
-#include <QtTest>
 #include <semaphore>
-#include <stdexcept>
+
+#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
