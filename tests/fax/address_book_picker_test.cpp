@@ -2,8 +2,7 @@
 #include "fax/address_book_picker.h"
 
 #include "fax/card_folder.h"
-#include "paper_output/dialog_test.h"
-#include "support/dictionaries.h"
+#include "fax/fax_dialog_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -17,9 +16,7 @@ std::string Phone(const char* types, const std::string& number) {
     return std::string("TEL;TYPE=") + types + ":" + number + "\n";
 }
 
-struct AddressBookDialogs : DialogTest {
-    AddressBookDialogs() { model.bundle = bundle, model.list = &list; }
-
+struct AddressBookDialogs : FaxDialogTest {
     /// Once the address book is read.
     SInt32 pick(const ModalDriver::Answer& answer) {
         driver.expect([answer](QWidget& window) {
@@ -51,15 +48,7 @@ struct AddressBookDialogs : DialogTest {
         }
         cards.addGroup(name, members);
     }
-    void fillList(CFIndex count) {
-        FaxRecipient* const made = new FaxRecipient(CFSTR("x"), nullptr, nullptr);
-        while (list.count() < count) list.append(made);
-        FaxRecipientRelease(made);
-    }
-
-    CardFolder cards{MakeFolder("picked")};
-    FaxRecipientList list;
-    FaxRecipientsModel model;
+    const CardFolder cards;
 };
 
 using Texts = std::vector<std::string>;
@@ -110,7 +99,7 @@ TEST_F(AddressBookDialogs, GroupsOfferTheEntriesOfTheirMembers) {
 TEST_F(AddressBookDialogs, AllOfSeveralGroupsAreAddedUpToAThousandInTheList) {
     addMany("a", 10);
     addMany("b", 1);
-    fillList(990);
+    while (list.count() < 990) append("FirstName=x");
     EXPECT_EQ(pick([&](QWidget& window) {
                   Select(window, kCandidates, {0});
                   Select(window, kGroups, {0, 1});
@@ -167,12 +156,12 @@ TEST_F(AddressBookDialogs, WhatIsWrongWithTheAddressBookIsSaid) {
 }
 
 TEST_F(AddressBookDialogs, AGroupNeedsANameAndAPlace) {
-    fillList(1);
+    append("FirstName=x");
     driver.expect([&](QWidget& window) {
         Type(window, kName, " ");
         Press(window, kOK);
         EXPECT_EQ(notices, Texts{"Enter a name for the group."});
-        EXPECT_EQ(window.focusWidget(), &Control(window, kName));
+        EXPECT_TRUE(HasFocus(window, kName));
         contacts::SetSettings({.source = contacts::Source::desktop, .folder = {}});
         Type(window, kName, "Friends");
         Press(window, kOK);

@@ -4,7 +4,6 @@
 #include "contacts/address_book.h"
 #include "fax/fax_dialog_test.h"
 #include "fax/fax_options.h"
-#include "support/private_home.h"
 #include "toolbox/menus.h"
 #include "watermark/watermark_store.h"
 
@@ -15,12 +14,7 @@ constexpr SInt32 kPreview = 100, kPaper = 101, kRecipients = 201, kCustomText = 
                  kName = 311, kFaxNumber = 313, kTelephone = 317, kImage = 401, kEditorText = 302;
 
 struct CoverSheetSetup : FaxDialogTest {
-    CoverSheetSetup() {
-        setenv("XDG_CONFIG_HOME", home.c_str(), 1);
-        Presence presence = CurrentPresence();
-        presence.alert = [](const AlertTexts&) { return false; };  // "Yes" is not the default
-        InstallPresence(presence);
-    }
+    CoverSheetSetup() { setenv("XDG_CONFIG_HOME", home.c_str(), 1); }
     void run(SInt32 button, const ModalDriver::Answer& user) {
         driver.expect([&](QWidget& window) {
             user(window);
@@ -125,7 +119,7 @@ TEST_F(CoverSheetSetup, ASenderIsRemovedWhenHiddenAndFilledInOnlyWithoutAName) {
             EXPECT_EQ(Text(window, kName), "Ada King");
             EXPECT_EQ(Text(window, kTelephone), "22") << "no fax";
             Type(window, kFaxNumber, "33");
-            EXPECT_NE(Cover(window).find("Fax : 33"), std::string::npos);
+            EXPECT_TRUE(Contains(Cover(window), "Fax : 33"));
         });
     }
     EXPECT_EQ(CFStringToUTF8(StringInDictionary(options, CFSTR("SenderName"))), "Ada King");
@@ -139,7 +133,7 @@ TEST_F(CoverSheetSetup, CancelKeepsANewImageAndRestoresTheOptions) {
         EXPECT_FALSE(IsMenuItemEnabled(Menu(window), ItemOf(Menu(window), "Edit…")));
         edit(window, "New…", "R&D");
         EXPECT_EQ(Control<QPushButton>(window, kImage).text(), "R&&D");
-        EXPECT_NE(Cover(window).find("R&D"), std::string::npos);
+        EXPECT_TRUE(Contains(Cover(window), "R&D"));
     });
     EXPECT_TRUE(optionsAre(before));
     EXPECT_EQ(imageIndex, kNoCoverImageItem);
@@ -161,7 +155,7 @@ TEST_F(CoverSheetSetup, DeletingAnImageReplacesTheListOfPrintWatermarks) {
     run(kOK, [](QWidget& window) {
         EXPECT_TRUE(IsMenuItemChecked(Menu(window), 3));
         Pick(window, Menu(window), "Logo");
-        Pick(window, Menu(window), "Delete");
+        Pick(window, Menu(window), "Delete");  // "Yes" is not the default
         EXPECT_TRUE(IsMenuItemChecked(Menu(window), 1));
     });
     EXPECT_FALSE(CFDictionaryContainsKey(options, CFSTR("WatermarkName")));
@@ -178,7 +172,7 @@ TEST_F(CoverSheetSetup, ADamagedStoreIsToldOfAndLeftAlone) {
         EXPECT_EQ(CountMenuItems(Menu(window)), 6);
     });
     ASSERT_EQ(notices.size(), 1u);
-    EXPECT_NE(notices[0].find(file.string()), std::string::npos) << notices[0];
+    EXPECT_TRUE(Contains(notices[0], file)) << notices[0];
     EXPECT_EQ(ReadFile(file), "torn");
 }
 

@@ -1,7 +1,7 @@
 // What the cover says.
 #include "fax/cover_sheet.h"
 
-#include "support/dictionaries.h"
+#include "fax/fax_dialog_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -9,11 +9,8 @@ namespace {
 TEST(CoverSheet, SaysWhatTheOptionsAskFor) {
     const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
     FaxRecipientList list;
-    for (const char* fields : {"FirstName=Ann LastName=Lee", "FaxNumber=\"5\"", "LastName=Bo"}) {
-        auto* recipient = new FaxRecipient(Dictionary(fields));
-        list.append(recipient);
-        FaxRecipientRelease(recipient);
-    }
+    for (const char* fields : {"FirstName=Ann LastName=Lee", "FaxNumber=\"5\"", "LastName=Bo"})
+        Append(list, fields);
     const std::string letter = "Cover sheet on Letter paper", a4 = "Cover sheet on A4 paper",
                       all = "\nTo: Ann Lee, , Bo", number = "ShowSender=true SenderFaxNumber=\"1\"",
                       details =

@@ -2,30 +2,19 @@
 #include "fax/fax_address_book.h"
 
 #include "fax/card_folder.h"
+#include "fax/fax_dialog_test.h"
 #include "fax/recipient_saving.h"
-#include "shell/base/plugin_bundle.h"
-#include "support/dictionaries.h"
 
 namespace kalmo::test {
 namespace {
 
 using contacts::Label;
 
-struct FaxAddressBook : testing::Test {
-    FaxAddressBook() { gBundle = bundle; }
-    ~FaxAddressBook() override { gBundle = nullptr; }
-    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
+struct FaxAddressBook : FaxDialogTest {
+    const CardFolder cards;
 };
 
-FaxRecipient* Append(FaxRecipientList& list, const char* fields) {
-    auto* const recipient = new FaxRecipient(Dictionary(fields));
-    list.append(recipient);
-    FaxRecipientRelease(recipient);
-    return recipient;
-}
-
 TEST_F(FaxAddressBook, ARecipientBecomesAPersonWithoutItsLastName) {
-    const CardFolder cards;
     FaxRecipient ann(
         Dictionary("FirstName=Ann LastName=Lee FaxNumber=\"7\" PhoneNumber=\"8\" "
                    "EmailAddress=a@b Organization=Co Mailbox=\"12\""));
@@ -50,13 +39,11 @@ TEST_F(FaxAddressBook, TroubleIsOneLineOfTheLog) {
 }
 
 TEST_F(FaxAddressBook, AGroupTakesInItsRecipientsAndAddsOnlyThoseWhoAreNew) {
-    const CardFolder cards;
     cards.add("bea", "FN:Bea\nN:;Bea;;;\nTEL;TYPE=FAX:5\n");
-    FaxRecipientList list;
-    Append(list, "FirstName=Bea FaxNumber=\"5\" UID=bea");
-    FaxRecipient* const ann = Append(list, "FirstName=Ann FaxNumber=\"7\"");
+    append("FirstName=Bea FaxNumber=\"5\" UID=bea");
+    FaxRecipient* const ann = append("FirstName=Ann FaxNumber=\"7\"");
     list.append(ann);
-    Append(list, "FirstName=Bea FaxNumber=\"6\" UID=bea");
+    append("FirstName=Bea FaxNumber=\"6\" UID=bea");
     for (const char* name : {"First", "Second"}) {
         EXPECT_TRUE(list.saveAsABGroupWithName(String(name)));
         const auto stored = cards.read();
@@ -68,17 +55,15 @@ TEST_F(FaxAddressBook, AGroupTakesInItsRecipientsAndAddsOnlyThoseWhoAreNew) {
 }
 
 TEST_F(FaxAddressBook, AnotherTryGoesOnWithTheGroupThatIsThere) {
-    const CardFolder cards;
     cards.addGroup("Friends", {"bea"});
-    FaxRecipientList list;
-    Append(list, "FirstName=Ann FaxNumber=\"7\"");
+    append("FirstName=Ann FaxNumber=\"7\"");
     contacts::Group group{.uid = "group-Friends", .revision = "of old", .name = "Friends"};
     EXPECT_TRUE(SaveAsGroup(list, group)) << "another program has changed it";
     EXPECT_EQ(cards.read().groups.size(), 1u);
     EXPECT_EQ(group.members.size(), 2u) << "and its members stay";
 
     std::filesystem::remove(cards.folder / "group-Friends.vcf");
-    FaxRecipient* const cid = Append(list, "FirstName=Cid FaxNumber=\"8\"");
+    FaxRecipient* const cid = append("FirstName=Cid FaxNumber=\"8\"");
     EXPECT_FALSE(SaveAsGroup(list, group));
     EXPECT_NE(cid->uid(), nullptr) << "was added before the failure";
 }

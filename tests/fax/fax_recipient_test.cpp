@@ -1,16 +1,8 @@
 // Recipients, their list, and who holds them.
-#include "fax/fax_recipient_list.h"
-#include "support/dictionaries.h"
+#include "fax/fax_dialog_test.h"
 
 namespace kalmo::test {
 namespace {
-
-FaxRecipient* Append(FaxRecipientList& list, const char* recipient) {
-    auto* made = new FaxRecipient(Dictionary(recipient));
-    list.append(made);
-    FaxRecipientRelease(made);
-    return made;
-}
 
 TEST(FaxRecipient, TicketHasAKeyForEachGivenField) {
     FaxRecipient recipient(Dictionary("FirstName=Ann LastName=5 UID=u FaxNumber=\"7\""));
@@ -20,12 +12,9 @@ TEST(FaxRecipient, TicketHasAKeyForEachGivenField) {
     EXPECT_NE(recipient.uid(), nullptr);
     recipient.fromTicket(Dictionary("LastName=Lee"));
     EXPECT_EQ(recipient.uid(), nullptr) << "a missing key clears";
-    const auto name = [&] {
-        return CFStringToUTF8(Owned<CFStringRef>::Adopt(DisplayNameFromRecipient(&recipient)));
-    };
-    EXPECT_EQ(name(), "Lee");
+    EXPECT_EQ(TakeText(DisplayNameFromRecipient(&recipient)), "Lee");
     recipient.setFirstName(CFSTR("Ann"));
-    EXPECT_EQ(name(), "Ann Lee");
+    EXPECT_EQ(TakeText(DisplayNameFromRecipient(&recipient)), "Ann Lee");
 }
 
 TEST(FaxRecipientList, HoldsOneReferenceForEachEntry) {

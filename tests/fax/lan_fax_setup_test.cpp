@@ -1,12 +1,10 @@
 // The fax setup: options and recipients in place, put back on Cancel.
 #include "fax/lan_fax_setup.h"
 
+#include "fax/fax_dialog_test.h"
 #include "fax/fax_option_controls.h"
 #include "fax/fax_options.h"
-#include "fax/fax_recipients_model.h"
-#include "paper_output/dialog_test.h"
-#include "support/dictionaries.h"
-#include "support/values.h"
+#include "settings/ticket.h"
 #include "support/worker_wait.h"
 #include "system/clock.h"
 
@@ -15,26 +13,12 @@ namespace {
 
 constexpr SInt32 kTabs = 100, kList = 200, kAdd = 201, kEdit = 203, kSaveGroup = 204, kRemove = 205;
 
-struct LANFaxSetupTest : DialogTest {
-    LANFaxSetupTest() {
-        Presence presence = CurrentPresence();
-        presence.alert = [this](const AlertTexts& texts) {
-            questions.push_back(CFStringToUTF8(texts.message));
-            return answer;
-        };
-        InstallPresence(presence);
-    }
+struct LANFaxSetupTest : FaxDialogTest {
     ~LANFaxSetupTest() override {
         SetNowForTests({});
         WaitForWorkers();
     }
 
-    FaxRecipient* add(const char* recipient) {
-        auto* made = new FaxRecipient(Dictionary(recipient));
-        list.append(made);
-        FaxRecipientRelease(made);
-        return made;
-    }
     std::string recipients() const {
         std::string names;
         for (CFIndex i = 0; i < list.count(); ++i)
@@ -61,17 +45,13 @@ struct LANFaxSetupTest : DialogTest {
     static bool Is(QWidget& window, SInt32 id) {
         return Control<QAbstractButton>(window, id).isChecked();
     }
-    SInt64 number(CFStringRef key) const {
-        SInt64 value = -1;
-        CFNumberGetValue(static_cast<CFNumberRef>(CFDictionaryGetValue(options, key)),
-                         kCFNumberSInt64Type, &value);
+    [[nodiscard]] CFIndex number(CFStringRef key) const {
+        CFIndex value = -1;
+        GetCFIndexFromCFDictionary(options, key, &value);
         return value;
     }
 
     Owned<CFMutableDictionaryRef> options = Dictionary("");
-    FaxRecipientList list;
-    std::vector<std::string> questions;
-    bool answer = true;
 };
 
 TEST_F(LANFaxSetupTest, WithoutOptionsShowsTheDefaultsAndStoresThem) {
@@ -135,7 +115,7 @@ TEST_F(LANFaxSetupTest, OffMeansNoKeyWhateverTheFieldHolds) {
 }
 
 TEST_F(LANFaxSetupTest, CancelPutsEverythingBack) {
-    for (const char* name : {"FirstName=Ann", "FirstName=Bob", "FirstName=Cem"}) add(name);
+    for (const char* name : {"FirstName=Ann", "FirstName=Bob", "FirstName=Cem"}) append(name);
     options = Dictionary("SendSpeed=1 PromptRemove=false Other=x");
     const auto before = Owned<CFTypeRef>::Adopt(CFDictionaryCreateMutableCopy(nullptr, 0, options));
     driver.expect([](QWidget& window) {
@@ -155,17 +135,16 @@ TEST_F(LANFaxSetupTest, CancelPutsEverythingBack) {
 }
 
 TEST_F(LANFaxSetupTest, AsksAboutDuplicatesAndRemovals) {
-    FaxRecipient* const ann = add("FirstName=Ann FaxNumber=\"7\"");
-    FaxRecipientsModel model{.bundle = bundle, .list = &list, .isLengthCheckArmed = false};
-    answer = false;
+    FaxRecipient* const ann = append("FirstName=Ann FaxNumber=\"7\"");
+    model.isLengthCheckArmed = false;
     EXPECT_EQ(AddRecipient(&model, ann), 0);
     ASSERT_EQ(questions.size(), 1u);
-    EXPECT_NE(questions[0].find("Ann"), std::string::npos) << questions[0];
+    EXPECT_TRUE(Contains(questions[0], "Ann")) << questions[0];
     EXPECT_FALSE(RemoveRecipients({ann}, &model) || model.isLengthCheckArmed);
-    EXPECT_FALSE(RemoveRecipients({add(("FirstName=" + std::string(9999, 'n')).c_str())}, &model));
+    EXPECT_FALSE(RemoveRecipients({append("FirstName=" + std::string(9999, 'n'))}, &model));
     EXPECT_LT(questions.back().size(), 400u);
     list.removeAtIndex(1);
-    answer = true;
+    agrees = true;
     EXPECT_EQ(AddRecipient(&model, ann), 1);
     EXPECT_TRUE(model.isLengthCheckArmed);
     EXPECT_TRUE(RemoveRecipients({ann}, &model));
@@ -173,7 +152,7 @@ TEST_F(LANFaxSetupTest, AsksAboutDuplicatesAndRemovals) {
 }
 
 TEST_F(LANFaxSetupTest, ALongDialingStringKeepsItOpenAndAddingStartsFromTheGround) {
-    add(("FirstName=Ann FaxNumber=\"" + std::string(48, '1') + "\"").c_str());
+    append("FirstName=Ann FaxNumber=\"" + std::string(48, '1') + "\"");
     driver.expect([&](QWidget& window) {
         Show(window, 2);
         driver.expect([](QWidget& alert) { Press(alert, kOK); });

@@ -29,9 +29,7 @@ TEST(DialingString, KeepsWhatThePrinterDials) {
     for (const auto& [number, dialed] : {std::pair{"+1 (555) 123-4567", "15551234567"},
                                          {"0123456789*#=:!,/S$<>ABCD", "0123456789*#=:!,/S$<>ABCD"},
                                          {"sS abcdEe;.\xD9\xA1\xF0\x9D\x9F\x98", "S"}}) {
-        const auto typed = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(number));
-        EXPECT_EQ(CFStringToUTF8(Owned<CFStringRef>::Adopt(CopyDialingStringFromFaxNumber(typed))),
-                  dialed);
+        EXPECT_EQ(TakeText(CopyDialingStringFromFaxNumber(String(number))), dialed);
     }
 }
 
