@@ -3,7 +3,6 @@
 
 #include "paper_output/finishing_menu.h"
 #include "paper_output/paper_output_record.h"
-#include "settings/popup.h"
 #include "settings/ppd_file.h"
 
 namespace kalmo::test {

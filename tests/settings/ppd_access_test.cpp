@@ -1,6 +1,5 @@
 #include <sys/stat.h>
 
-#include "settings/popup.h"
 #include "settings/ppd_choices.h"
 #include "settings/ppd_file.h"
 #include "settings/ppd_menus.h"

@@ -1,4 +1,4 @@
-// PPD files made for a test, and a dialog whose printer has one.
+// PPD files made for a test, a dialog whose printer has one, and a popup for its choices.
 #pragma once
 
 #include "printing/session.h"
@@ -6,6 +6,7 @@
 #include "settings/ppd_access.h"
 #include "shell/base/current_session.h"
 #include "support/qt_test.h"
+#include "toolbox/menus.h"
 
 namespace kalmo::test {
 
@@ -44,5 +45,25 @@ private:
     Owned<PMPrintSession> session_ = Owned<PMPrintSession>::Adopt(PMSessionCreate());
     Owned<PMPrinter> printer_;
 };
+
+struct Popup {
+    QComboBox widget;
+    ControlRef control = ControlFromWidget(&widget);
+    MenuRef menu = GetControlPopupMenu(control);
+
+    /// "text=reference" of each item.
+    [[nodiscard]] std::vector<std::string> items() const {
+        std::vector<std::string> items;
+        for (UInt16 item = 1; item <= CountMenuItems(menu); ++item) {
+            ItemReference reference = 0;
+            GetMenuItemRefCon(menu, item, &reference);
+            items.push_back(TakeText(CopyMenuItemTextAsCFString(menu, item)) + "=" +
+                            std::to_string(reference));
+        }
+        return items;
+    }
+};
+
+using Items = std::vector<std::string>;
 
 }  // namespace kalmo::test

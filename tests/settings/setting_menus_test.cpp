@@ -2,7 +2,6 @@
 
 #include "settings/dictionary.h"
 #include "settings/installable_options.h"
-#include "settings/popup.h"
 #include "settings/ppd_file.h"
 #include "settings/setting_map.h"
 #include "settings/setting_maps.h"

@@ -1,7 +1,5 @@
 #include "settings/user_preferences.h"
 
-#include <sys/stat.h>
-
 #include "settings/dictionary.h"
 #include "settings/ppd_file.h"
 
@@ -13,9 +11,8 @@ std::filesystem::path PreferencesFolder() {
     return TakeText(CFURLCopyFileSystemPath(url));
 }
 
-mode_t ModeOf(const std::filesystem::path& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+unsigned ModeOf(const std::filesystem::path& path) {
+    return static_cast<unsigned>(status(path).permissions());
 }
 
 Owned<CFMutableDictionaryRef> Read(CFStringRef name) {
