@@ -27,11 +27,7 @@ Contacts Loaded(const fs::path& folder) {
     return contacts;
 }
 
-mode_t ModeOf(const fs::path& path) {
-    struct stat status {};
-    EXPECT_EQ(stat(path.c_str(), &status), 0) << path;
-    return status.st_mode & 07777;
-}
+unsigned ModeOf(const fs::path& path) { return static_cast<unsigned>(status(path).permissions()); }
 
 /// Runs in a process of its own, which ends with what `work` returns.
 template <typename Work>

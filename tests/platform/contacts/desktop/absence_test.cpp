@@ -26,7 +26,7 @@ void ExpectFolder(const std::string& folder, Code why) {
     EXPECT_NE(opened.answer.text, "");
 }
 
-TEST(DesktopAddressBook, GivesWayToTheFolderWhereThereIsNone) {
+TEST(AbsentAddressBook, GivesWayToTheFolderWhereThereIsNone) {
     struct Row {
         const char* why;
         Services services;
@@ -56,7 +56,7 @@ TEST(DesktopAddressBook, GivesWayToTheFolderWhereThereIsNone) {
     }
 }
 
-TEST(DesktopAddressBook, IsGivenUpAsSoonAsTheUserStops) {
+TEST(AbsentAddressBook, IsGivenUpAsSoonAsTheUserStops) {
     const PrivateDesktop desktop(Services::hanging);
     InOwnProcess([] {
         for (const Source source : {Source::desktop, Source::automatic}) {

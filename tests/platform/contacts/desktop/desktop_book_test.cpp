@@ -29,8 +29,11 @@ void PutCard(const std::string& card) {
     EXPECT_EQ(RunProgram({.program = BuiltProgram("card_writer"), .input = file}).exitCode, 0);
 }
 
-TEST(DesktopAddressBook, DoesWhatEveryAddressBookDoes) {
-    const PrivateDesktop desktop(Services::installed);
+struct DesktopAddressBook : testing::Test {
+    const PrivateDesktop desktop{Services::installed};
+};
+
+TEST_F(DesktopAddressBook, DoesWhatEveryAddressBookDoes) {
     InOwnProcess([] {
         ExpectConformance(
             *OpenBook(), {.put = [](const std::string&, const std::string& card) { PutCard(card); },
@@ -38,8 +41,7 @@ TEST(DesktopAddressBook, DoesWhatEveryAddressBookDoes) {
     });
 }
 
-TEST(DesktopAddressBook, IsSharedWithTheDesktopsPrograms) {
-    const PrivateDesktop desktop(Services::installed);
+TEST_F(DesktopAddressBook, IsSharedWithTheDesktopsPrograms) {
     InOwnProcess([] {
         const auto book = OpenBook();
         contacts::Changes changes{.persons = {Company()}};
@@ -58,8 +60,7 @@ TEST(DesktopAddressBook, IsSharedWithTheDesktopsPrograms) {
     });
 }
 
-TEST(DesktopAddressBook, LogsNothingOfACardThatIsOdd) {
-    const PrivateDesktop desktop(Services::installed);
+TEST_F(DesktopAddressBook, LogsNothingOfACardThatIsOdd) {
     InOwnProcess([] {
         PutCard(
             "BEGIN:VCARD\r\nVERSION:3.0\r\nUID:zoe\r\nFN:Zoe\r\nN:Z;;;;\r\n"
@@ -76,8 +77,7 @@ TEST(DesktopAddressBook, LogsNothingOfACardThatIsOdd) {
     });
 }
 
-TEST(DesktopAddressBook, KnowsItsCardsByTheUidsOfOtherPrograms) {
-    const PrivateDesktop desktop(Services::installed);
+TEST_F(DesktopAddressBook, KnowsItsCardsByTheUidsOfOtherPrograms) {
     InOwnProcess([] {
         const std::string uid = "urn:uuid:zoe";
         PutCard("BEGIN:VCARD\r\nVERSION:3.0\r\nUID:" + uid + "\r\nFN:Zoe\r\nEND:VCARD\r\n");
@@ -92,8 +92,7 @@ TEST(DesktopAddressBook, KnowsItsCardsByTheUidsOfOtherPrograms) {
     });
 }
 
-TEST(DesktopAddressBook, IsTheOneThatTheUserPrefers) {
-    const PrivateDesktop desktop(Services::installed);
+TEST_F(DesktopAddressBook, IsTheOneThatTheUserPrefers) {
     const std::filesystem::path config = getenv("XDG_CONFIG_HOME");
     std::filesystem::create_directories(config / "evolution/sources");
     std::filesystem::create_directories(config / "glib-2.0/settings");
@@ -110,8 +109,7 @@ TEST(DesktopAddressBook, IsTheOneThatTheUserPrefers) {
     EXPECT_TRUE(Contains(ReadFile(data / "evolution/addressbook/second/contacts.db"), "+49 30 1"));
 }
 
-TEST(DesktopAddressBook, TellsTwoWritersOfOneSecondApart) {
-    const PrivateDesktop desktop(Services::installed);
+TEST_F(DesktopAddressBook, TellsTwoWritersOfOneSecondApart) {
     InOwnProcess([] {
         const auto book = OpenBook();
         contacts::Changes first{.persons = {Company()}};
@@ -125,9 +123,8 @@ TEST(DesktopAddressBook, TellsTwoWritersOfOneSecondApart) {
     });
 }
 
-TEST(DesktopAddressBook, OutlivesItsServiceAndItsSession) {
-    PrivateDesktop desktop(Services::installed);
-    InOwnProcess([&desktop] {
+TEST_F(DesktopAddressBook, OutlivesItsServiceAndItsSession) {
+    InOwnProcess([this] {
         const auto book = OpenBook();
         contacts::Changes changes{.persons = {Company()}};
         ASSERT_TRUE(book->save(changes, {}));

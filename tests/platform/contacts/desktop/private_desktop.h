@@ -1,11 +1,7 @@
 // A desktop session for one test: a bus of its own, with or without an address book service.
 #pragma once
 
-#include <chrono>
 #include <csignal>
-#include <functional>
-#include <memory>
-#include <string>
 
 #include "contacts/address_book.h"
 #include "support/programs.h"
