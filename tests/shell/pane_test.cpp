@@ -4,7 +4,6 @@
 #include "shell/product.h"
 #include "support/dictionaries.h"
 #include "support/worker_wait.h"
-#include "system/presence.h"
 
 namespace kalmo::test {
 namespace {

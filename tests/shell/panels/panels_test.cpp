@@ -111,12 +111,7 @@ TEST(Panels, SelectorButtonsAndCommandsGoRound) {
         {"KFup is the next one", [&] { pane.send('KFup'); }, 2},
         {"KFdn the one before", [&] { pane.send('KFdn'); }, 1},
         {"selector", [&] { pane.choose(3); }, 3},
-        {"closing and opening",
-         [&] {
-             pane.close();
-             pane.open();
-         },
-         3},
+        {"closing and opening", [&] { pane.close(), pane.open(); }, 3},
     };
     for (const auto& [why, act, shown] : rows) {
         SCOPED_TRACE(why);
