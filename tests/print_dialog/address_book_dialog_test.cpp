@@ -1,6 +1,7 @@
 // The settings of the address book, on folders of the test's own.
 #include "print_dialog/address_book_dialog.h"
 
+#include "fax/card_folder.h"
 #include "print_dialog/remembered_settings.h"
 #include "support/qt_test.h"
 #include "support/window_walk.h"
@@ -13,15 +14,10 @@ namespace fs = std::filesystem;
 struct AddressBookDialogTest : testing::Test {
     AddressBookDialogTest() {
         for (const auto& [uid, name, more] :
-             {std::tuple{"a1", "Zoë Älund", "ORG:Acme\r\n"}, {"a2", "Ben Ode", ""}}) {
-            write(uid, std::string("FN:") + name + "\r\nN:;;;;\r\n" + more + "TEL;TYPE=fax:12\r\n");
-        }
-        write("g1", "FN:Team\r\nKIND:group\r\nMEMBER:urn:uuid:a1\r\n");
-        WriteFile(folder_ / "torn.vcf", "BEGIN:VCARD\r\nFN:To");
-    }
-    void write(const std::string& uid, const std::string& lines) const {
-        WriteFile(folder_ / (uid + ".vcf"),
-                  "BEGIN:VCARD\r\nVERSION:4.0\r\nUID:" + uid + "\r\n" + lines + "END:VCARD\r\n");
+             {std::tuple{"a1", "Zoë Älund", "ORG:Acme\n"}, {"a2", "Ben Ode", ""}})
+            cards_.add(uid, std::string("FN:") + name + "\nN:;;;;\n" + more + "TEL;TYPE=fax:12\n");
+        cards_.addGroup("Team", {"a1"});
+        WriteFile(cards_.folder / "torn.vcf", "BEGIN:VCARD\r\nFN:To");
     }
     void open() {
         dialog_ = std::make_unique<AddressBookDialog>();
@@ -44,14 +40,9 @@ struct AddressBookDialogTest : testing::Test {
         const QModelIndex last = list->model()->index(list->model()->rowCount() - 1, 0);
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(last).center());
     }
-    [[nodiscard]] std::string me() const {
-        contacts::Contacts read;
-        contacts::OpenFolder(folder_)->load(read, {});
-        return read.me;
-    }
 
-    const fs::path folder_ = MakeFolder("contacts");
-    const contacts::Settings own_{contacts::Source::folder, folder_};
+    const CardFolder cards_{MakeFolder("contacts")};
+    const contacts::Settings own_ = contacts::CurrentSettings();
     std::unique_ptr<AddressBookDialog> dialog_;
 };
 
@@ -62,7 +53,7 @@ TEST_F(AddressBookDialogTest, TheFolderIsShownAndTheCardInItMarked) {
     auto* const field = dialog_->findChild<QLineEdit*>();
     field->setText("contacts");
     EXPECT_FALSE(find<QPushButton>("OK")->isEnabled()) << "no whole path";
-    field->setText(QString::fromStdString(folder_));
+    field->setText(QString::fromStdString(cards_.folder));
     EXPECT_TRUE(find<QLabel>("Loading"));
     ASSERT_TRUE(
         Wait([this] { return find<QLabel>("Contacts: 2, groups: 1, could not be read: 1"); }));
@@ -70,7 +61,7 @@ TEST_F(AddressBookDialogTest, TheFolderIsShownAndTheCardInItMarked) {
     choosePerson("älu", {"None", "Zoë Älund – Acme"});
     find<QPushButton>("OK")->click();
     ASSERT_TRUE(Wait([this] { return !dialog_->isVisible(); }));
-    EXPECT_EQ(me(), "a1");
+    EXPECT_EQ(cards_.read().me, "a1");
     EXPECT_EQ(contacts::CurrentSettings(), own_);
     EXPECT_EQ(RememberedAddressBook(), own_);
     open();
@@ -79,16 +70,15 @@ TEST_F(AddressBookDialogTest, TheFolderIsShownAndTheCardInItMarked) {
     choosePerson("nobody", {"None"});
     find<QPushButton>("OK")->click();
     ASSERT_TRUE(Wait([this] { return !dialog_->isVisible(); }));
-    EXPECT_EQ(me(), "");
+    EXPECT_EQ(cards_.read().me, "");
 }
 
 TEST_F(AddressBookDialogTest, ACardThatCannotBeMarkedIsSaidAndNothingKept) {
     const auto before = RememberedAddressBook();
-    contacts::SetSettings(own_);
     open();
     ASSERT_TRUE(Wait([this] { return find<QLabel>("Contacts: 2"); }));
     choosePerson("ben", {"None", "Ben Ode"});
-    fs::remove(folder_ / "a2.vcf");
+    fs::remove(cards_.folder / "a2.vcf");
     find<QPushButton>("OK")->click();
     ASSERT_TRUE(Wait([this] { return find<QLabel>("Your card cannot be marked"); }));
     EXPECT_TRUE(find<QLabel>("Your card cannot be marked")->isVisible());
@@ -111,7 +101,6 @@ TEST_F(AddressBookDialogTest, WhatTheFileSaysWrongIsPassedOver) {
 }
 
 TEST_F(AddressBookDialogTest, EveryControlHasANameALetterAndRoom) {
-    contacts::SetSettings(own_);
     // Of buttons that exclude each other, Tab reaches one as soon as one has the focus.
     AddressBookDialog untouched;
     EXPECT_EQ(WindowFaults(untouched, Identities::notNeeded), std::vector<std::string>());

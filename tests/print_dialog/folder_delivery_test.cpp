@@ -1,8 +1,6 @@
-
-
+// What a job leaves in a folder.
 #include "print_dialog/job_delivery.h"
-#include "support/pdf_documents.h"
-#include "support/qt_test.h"
+#include "print_dialog/sample_documents.h"
 
 namespace kalmo::test {
 namespace {
@@ -12,21 +10,13 @@ namespace fs = std::filesystem;
 constexpr char kTicket[] = "<plist>a ticket with a secret</plist>";
 
 struct FolderDeliveryTest : testing::Test {
-    FolderDeliveryTest() { WriteFile(document_, MakePdf(2)); }
-
     JobResult deliver(const std::string& title) {
         return DeliverToFolder(
             {.document = document_, .ticket = kTicket, .title = title, .folder = output_},
             {state_, [](JobStage, int) {}});
     }
-    std::set<std::string> files() const {
-        std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(output_))
-            names.insert(entry.path().filename());
-        return names;
-    }
 
-    fs::path document_ = MakeFolder("in") / "report.pdf";
+    fs::path document_ = WriteDocument({kPortraitPage});
     fs::path output_ = MakeFolder("out");
     DeliveryState state_;
 };
@@ -40,16 +30,11 @@ TEST_F(FolderDeliveryTest, LeavesWhatLiesThereAlone) {
     EXPECT_EQ(result.ticket.filename(), "report 3.ticket.plist");
     EXPECT_EQ(ReadFile(output_ / "report.pdf"), "somebody's");
     EXPECT_EQ(ReadFile(output_ / "report 2.ticket.plist"), "somebody's too");
-    EXPECT_EQ(files().size(), 4u);
+    EXPECT_EQ(FilesIn(output_).size(), 4u);
 }
 
 TEST_F(FolderDeliveryTest, NamesStayInTheFolder) {
-    struct Row {
-        const char* why;
-        std::string title;
-        const char* expected;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"a path", "../../etc/passwd", "_.._etc_passwd.pdf"},
         {"a hidden file", ".profile", "profile.pdf"},
         {"nothing but dots", "..", "document.pdf"},
@@ -71,10 +56,10 @@ TEST_F(FolderDeliveryTest, CancelledOrFailedItLeavesNothing) {
     const auto damaged = deliver("report");
     EXPECT_EQ(damaged.end, JobResult::End::failed);
     EXPECT_TRUE(Contains(damaged.message, "report.pdf")) << damaged.message;
-    EXPECT_TRUE(files().empty());
+    EXPECT_TRUE(fs::is_empty(output_));
 
     output_ /= "missing";
-    EXPECT_NE(deliver("report").message.find("missing"), std::string::npos);
+    EXPECT_TRUE(Contains(deliver("report").message, "missing"));
 }
 
 }  // namespace

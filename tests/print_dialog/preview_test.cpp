@@ -2,7 +2,6 @@
 #include "print_dialog/preview.h"
 
 #include "print_dialog/sample_documents.h"
-#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {

@@ -1,13 +1,38 @@
 #include "print_dialog/print_job_host.h"
 
 #include "job_ticket/attachment.h"
-#include "print_dialog/hosted_pane.h"
 #include "print_dialog/job.h"
 #include "settings/ticket.h"
 #include "settings/ticket_keys.h"
+#include "support/qt_test.h"
+#include "support/ticket_files.h"
 
 namespace kalmo::test {
 namespace {
+
+/// A host with a printer, and the hidden window its pane stands in.
+struct HostedPane {
+    explicit HostedPane(std::vector<std::string> panels = {}) : host(std::move(panels)) {
+        SetWindowDefaultButton(WindowFromWidget(&window), ControlFromWidget(printButton));
+        SetWindowCancelButton(WindowFromWidget(&window), ControlFromWidget(cancelButton));
+        EXPECT_TRUE(host.load());
+    }
+    void choose(const std::filesystem::path& ppd) {
+        EXPECT_TRUE(host.setPrinter({ppd.stem().string(), ppd.string()}));
+    }
+    OSStatus begin() { return host.begin(ControlFromWidget(pane)); }
+    /// With the sample color printer, up to Initialize.
+    OSStatus beginOnSample() {
+        choose(SamplePPD("kalmo-office-color"));
+        return begin();
+    }
+
+    QWidget window;
+    QWidget* pane = new QWidget(&window);
+    QPushButton* printButton = new QPushButton(&window);
+    QPushButton* cancelButton = new QPushButton(&window);
+    PrintJobHost host;
+};
 
 /// Each Sync towards the ticket leaves this behind.
 const char* const kSyncMark = "com.kalmo.print.ControllerInformation.ControllerFamily";
@@ -43,12 +68,7 @@ TEST_F(PrintJobHostTest, SyncsAroundWhatAPanelReadsAndOnlyThen) {
     EXPECT_FALSE(takeSyncMark()) << "to begin is not to sync towards the ticket";
     pane_.host.apply(pane_.host.settings());
     EXPECT_TRUE(takeSyncMark()) << "the paper that the dialog shows is news to the job's stock";
-    struct Row {
-        const char* why;
-        void (*change)(JobSettings&);
-        bool framed;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, void (*)(JobSettings&), bool> rows[] = {
         {"nothing", [](JobSettings&) {}, false},
         {"copies", [](JobSettings& s) { s.copies = 3; }, false},
         {"source", [](JobSettings& s) { s.inputSlot = "Tray2"; }, false},
@@ -60,11 +80,11 @@ TEST_F(PrintJobHostTest, SyncsAroundWhatAPanelReadsAndOnlyThen) {
         {"one on a sheet", [](JobSettings& s) { s.pagesPerSheet = 1; }, true},
     };
     auto settings = pane_.host.settings();
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
-        row.change(settings);
+    for (const auto& [why, change, framed] : rows) {
+        SCOPED_TRACE(why);
+        change(settings);
         pane_.host.apply(settings);
-        EXPECT_EQ(takeSyncMark(), row.framed);
+        EXPECT_EQ(takeSyncMark(), framed);
         const auto shared = CFSTR("com.apple.print.PrintSettings.PMLayoutNUp");
         EXPECT_EQ(PMTicketContainsItem(ticket(), shared), settings.pagesPerSheet > 1);
     }
@@ -111,7 +131,7 @@ TEST_F(PrintJobHostTest, FurtherPanelsAreOfferedForOneLifeOnly) {
     EXPECT_EQ(PanelInterfaceName("colour"), nullptr);
 }
 
-struct JobTest : testing::Test {
+struct JobTest : PrintJobHostTest {
     /// What these settings, on top of the pane's own, send to a queue.
     JobOrder order(const std::function<void(JobSettings&)>& change) {
         auto settings = pane_.host.settings();
@@ -127,8 +147,6 @@ struct JobTest : testing::Test {
     static std::map<std::string, std::string> options(const JobOrder& order) {
         return {order.options.begin(), order.options.end()};
     }
-
-    HostedPane pane_;
 };
 
 TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
@@ -181,7 +199,7 @@ TEST_F(JobTest, AFaxIsBlackAndConfidentialAndTheNextJobHasItsColorAgain) {
         EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "BW");
     }
     const auto normal = ReadPlist("<plist version=\"1.0\">" + jobType(1) + "</plist>");
-    PMTicketSetCFDictionary(pane_.host.printSettings(), kTicketCreator, kJobTypeKey,
+    PMTicketSetCFDictionary(ticket(), kTicketCreator, kJobTypeKey,
                             static_cast<CFDictionaryRef>(normal.get()), false);
     pane_.host.sync(kSyncToUI);
     pane_.host.sync(kSyncToTicket);

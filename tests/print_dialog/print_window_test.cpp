@@ -1,18 +1,9 @@
 // The whole window, used as people use it: by keyboard, by dropping a document, by looking at it.
 #include "print_dialog/print_window.h"
 
-#include <gtest/gtest.h>
-
-#include <QMenu>
-#include <QMimeData>
-#include <QSignalSpy>
-#include <QTest>
-#include <set>
-
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/sample_documents.h"
 #include "support/dead_servers.h"
-#include "support/qt_test.h"
 #include "support/window_walk.h"
 
 namespace kalmo::test {
@@ -20,11 +11,11 @@ namespace {
 
 struct PrintWindowTest : testing::Test {
     PrintWindowTest() {
+        InstallPresence(WindowPresence());
         commandLine_.output = MakeFolder("out").string();
         commandLine_.document = WriteDocument(std::vector(5, kPortraitPage)).string();
         commandLine_.ppd = SamplePPD("kalmo-office-color").string();
     }
-    void SetUp() override { InstallPresence(WindowPresence()); }
 
     PrintWindow& open() {
         window_ = std::make_unique<PrintWindow>(commandLine_);
@@ -41,20 +32,13 @@ struct PrintWindowTest : testing::Test {
     /// With the Tab key alone.
     void tabTo(QWidget* control) {
         ASSERT_NE(control, nullptr);
-        for (int key = 0; key < 80 && window_->focusWidget() != control; ++key)
-            QTest::keyClick(window_->focusWidget() ? window_->focusWidget() : window_.get(),
-                            Qt::Key_Tab);
+        for (int key = 0; key < 80 && window_->focusWidget() != control; ++key) press(Qt::Key_Tab);
         ASSERT_EQ(window_->focusWidget(), control) << "the Tab key does not lead there";
     }
     void press(Qt::Key key) {
         QTest::keyClick(window_->focusWidget() ? window_->focusWidget() : window_.get(), key);
     }
-    std::set<std::string> files() const {
-        std::set<std::string> names;
-        for (const auto& entry : std::filesystem::directory_iterator(commandLine_.output))
-            names.insert(entry.path().filename().string());
-        return names;
-    }
+    std::set<std::string> files() const { return FilesIn(commandLine_.output); }
     ExtrasButton* panels() const { return window_->findChild<ExtrasButton*>(); }
     void choosePanel(int item) { panels()->menu()->actions()[item]->trigger(); }
     /// What the living pane was asked for beside its own four panels.

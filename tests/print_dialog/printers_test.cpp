@@ -1,10 +1,5 @@
 #include "print_dialog/printers.h"
 
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
-#include <thread>
-
 #include "support/dead_servers.h"
 #include "support/qt_test.h"
 
@@ -14,8 +9,7 @@ namespace {
 constexpr int kPatienceMs = kServerDeadlineMs + 2000;
 
 /// Runs the event loop until `done` or too long a time; the longest time it did not come round.
-template <typename Done>
-qint64 LongestGap(Done done) {
+qint64 LongestGap(const std::function<bool()>& done) {
     QEventLoop loop;
     QElapsedTimer sinceTick, sinceStart;
     qint64 longest = 0;
@@ -29,10 +23,6 @@ qint64 LongestGap(Done done) {
     ticks.start(1);
     loop.exec();
     return longest;
-}
-
-void WaitForWorkers() {
-    while (RunningWorkers() > 0) std::this_thread::sleep_for(std::chrono::milliseconds(20));
 }
 
 struct Asked {
@@ -77,7 +67,7 @@ TEST(PrintersTest, OnlyTheNewestRequestIsAnswered) {
     int older = 0, newer = 0;
     printers.list([&](const PrinterList&) { ++older; });
     printers.list([&](const PrinterList&) { ++newer; });
-    LongestGap([&] { return newer > 0 && RunningWorkers() == 0; });
+    EXPECT_TRUE(Wait([&] { return newer > 0 && RunningWorkers() == 0; }));
     EXPECT_EQ(older, 0);
     EXPECT_EQ(newer, 1);
 }
@@ -88,12 +78,9 @@ TEST(PrintersTest, AnswersForSomebodyGoneAreDropped) {
     {
         Printers printers;
         printers.list([&](const PrinterList&) { ++answers; });
-        WaitForWorkers();  // the answer lies in the queue
+        while (RunningWorkers() > 0) QThread::msleep(20);  // the answer lies in the queue
     }
-    LongestGap([time = QElapsedTimer()]() mutable {
-        if (!time.isValid()) time.start();
-        return time.elapsed() > 50;
-    });
+    QTest::qWait(50);
     EXPECT_EQ(answers, 0);
 }
 

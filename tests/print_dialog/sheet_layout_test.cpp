@@ -5,7 +5,6 @@
 
 #include "print_dialog/sample_documents.h"
 #include "support/programs.h"
-#include "support/qt_test.h"
 
 namespace kalmo::test {
 namespace {
@@ -73,13 +72,8 @@ void ExpectPageAt(const QImage& sheet, const PlacedPage& placed) {
     }
 }
 
-struct Document {
-    const char* name;
-    std::vector<QSizeF> pages;
-};
-
 TEST(SheetLayout, MatchesThePrintServersFilter) {
-    const Document documents[] = {
+    const std::pair<const char*, std::vector<QSizeF>> documents[] = {
         {"portrait", std::vector(7, kPortraitPage)},
         {"landscape", std::vector(7, kLandscapePage)},
         {"one across", {kPortraitPage, kLandscapePage, kPortraitPage}},
@@ -87,17 +81,17 @@ TEST(SheetLayout, MatchesThePrintServersFilter) {
         {"small", std::vector(3, kSmallPage)},
         {"large", std::vector(3, kLargePage)},
     };
-    for (const Document& document : documents) {
-        const auto file = WriteDocument(document.pages);
+    for (const auto& [name, pages] : documents) {
+        const auto file = WriteDocument(pages);
         for (const Orientation orientation : {Orientation::portrait, Orientation::landscape}) {
             for (const int count : kPagesPerSheet) {
                 const bool landscape = orientation == Orientation::landscape;
-                SCOPED_TRACE(testing::Message() << document.name << ", " << count
-                                                << " on a sheet, landscape " << landscape);
+                SCOPED_TRACE(testing::Message()
+                             << name << ", " << count << " on a sheet, landscape " << landscape);
                 JobSettings settings;
                 settings.orientation = orientation;
                 settings.pagesPerSheet = count;
-                const SheetLayout layout(kA4, settings, Sizes(document.pages));
+                const SheetLayout layout(kA4, settings, Sizes(pages));
                 const auto printed = PrintedSheets(file, layout);
                 ASSERT_EQ(static_cast<int>(printed.size()), layout.sheetCount());
                 const bool across = count == 2 || count == 6;
