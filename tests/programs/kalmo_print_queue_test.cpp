@@ -2,8 +2,6 @@
 #include "print_dialog/job_delivery.h"
 #include "print_dialog/printer_requests.h"
 #include "programs/private_cupsd.h"
-#include "support/pdf_documents.h"
-#include "support/qt_test.h"
 #include "support/ticket_files.h"
 
 namespace kalmo::test {
@@ -26,6 +24,10 @@ struct KalmoPrintQueueTest : QueueTest {
         return RunProgram({.program = BuiltProgram("kalmo-print"),
                            .arguments = std::move(arguments),
                            .environment = {{"TMPDIR", temporary_}}});
+    }
+    ProgramEnd print(const fs::path& ticket, std::vector<std::string> more = {}) {
+        more.insert(more.end(), {"--no-dialog", "-d", "kalmo", "--ticket", ticket, document});
+        return run(more);
     }
     static std::string text(const std::string& key, const std::string& value) {
         return "<key>" + key + "</key><string>" + value + "</string>";
@@ -61,14 +63,14 @@ struct KalmoPrintQueueTest : QueueTest {
 };
 
 TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePasscode) {
-    const auto refused = run({"--no-dialog", "-d", "kalmo", "--ticket", securePrint(""), document});
+    const auto refused = print(securePrint(""));
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(Contains(refused.errors, "passcode of 4 to 10 digits")) << refused.errors;
     EXPECT_EQ(refused.errors.find('\n'), refused.errors.size() - 1) << "one line";
     EXPECT_TRUE(JobsOnTheServer().empty());
     const auto written = document.parent_path() / "out.plist";
-    const auto end = run({"--no-dialog", "-d", "kalmo", "--ticket", securePrint(kPasscode),
-                          "--write-ticket", written, "--title", "Secret report", document});
+    const auto end =
+        print(securePrint(kPasscode), {"--write-ticket", written, "--title", "Secret report"});
     ASSERT_EQ(end.exitCode, 0) << end.errors;
     ASSERT_EQ(JobsOnTheServer(), std::vector{1});
     ASSERT_EQ(server.finished(1).state, IPP_JSTATE_COMPLETED) << server.log();
@@ -87,7 +89,7 @@ TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePa
 }
 
 TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackAndNobodyElseReadsHowItIsDialed) {
-    const auto refused = run({"--no-dialog", "-d", "kalmo", "--ticket", fax(""), document});
+    const auto refused = print(fax(""));
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_EQ(
         refused.errors,
@@ -96,7 +98,7 @@ TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackAndNobodyElseReadsHowItIsDialed) {
     EXPECT_TRUE(JobsOnTheServer().empty());
     const auto recipient = "<dict>" + text("FirstName", "Quendolyn") + text("FaxNumber", kNumber) +
                            text("Future", "kept not") + "</dict>";
-    const auto end = run({"--no-dialog", "-d", "kalmo", "--ticket", fax(recipient), document});
+    const auto end = print(fax(recipient));
     ASSERT_EQ(end.exitCode, 0) << end.errors;
     ASSERT_EQ(server.finished(1).state, IPP_JSTATE_COMPLETED) << server.log();
     const WrittenTicket arrived(ReadFile(out / "ticket"));
@@ -117,7 +119,7 @@ TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackAndNobodyElseReadsHowItIsDialed) {
     EXPECT_TRUE(fs::is_empty(temporary_));
 }
 
-TEST_F(KalmoPrintQueueTest, QueuesAreListedAndUnknownOnesRefused) {
+TEST_F(KalmoPrintQueueTest, QueuesAreListedAndAnUnknownOneIsRefused) {
     setenv("PRINTER", "other", 1);
     const auto listed = run({"--list-printers"});
     EXPECT_EQ(listed.exitCode, 0) << listed.errors;
@@ -127,9 +129,6 @@ TEST_F(KalmoPrintQueueTest, QueuesAreListedAndUnknownOnesRefused) {
     const auto unknown = run({"--no-dialog", "-d", "nosuch", document});
     EXPECT_EQ(unknown.exitCode, 1);
     EXPECT_TRUE(Contains(unknown.errors, "nosuch")) << unknown.errors;
-    const auto refused = run({"--no-dialog", "-d", "other", document});
-    EXPECT_EQ(refused.exitCode, 1);
-    EXPECT_EQ(refused.errors, "Initialize()::GetTicketFromSession() failed.\n");
     EXPECT_TRUE(JobsOnTheServer().empty());
 }
 

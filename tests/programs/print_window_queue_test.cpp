@@ -2,7 +2,6 @@
 #include "print_dialog/print_window.h"
 #include "programs/private_cupsd.h"
 #include "support/pane_dialog.h"
-#include "support/pdf_documents.h"
 #include "support/ticket_files.h"
 
 namespace kalmo::test {
@@ -43,6 +42,11 @@ struct PrintWindowQueueTest : QueueTest {
         Pick(*popup, text);
     }
 
+    static void enterPasscode(QWidget& dialog) {
+        for (const SInt32 field : {111, 121})
+            QTest::keyClicks(FindControl<QLineEdit>(dialog, 'KPDE', field), kPasscode);
+        FindControl<QPushButton>(dialog, 'KPDE', 901)->click();
+    }
     /// Each press is answered by one window, and nothing is printed.
     void pressPrintInVain() {
         for (int press = 0; press < 2; ++press) {
@@ -84,11 +88,7 @@ TEST_F(PrintWindowQueueTest, SecurePrintHoldsTheWindowUntilThereIsAPasscode) {
     driver_.expect([](QWidget& dialog) { dialog.close(); });
     choose("Secure print");
     pressPrintInVain();
-    driver_.expect([](QWidget& dialog) {
-        for (const SInt32 field : {111, 121})
-            QTest::keyClicks(FindControl<QLineEdit>(dialog, 'KPDE', field), kPasscode);
-        FindControl<QPushButton>(dialog, 'KPDE', 901)->click();
-    });
+    driver_.expect(enterPasscode);
     FindControl<QPushButton>(*window_, 'KPpo', 103)->click();
     printJob();
     const WrittenTicket arrived(ReadFile(out / "ticket"));
@@ -126,9 +126,7 @@ TEST_F(PrintWindowQueueTest, ThePaneStaysWhileItsDialogIsOpen) {
     driver_.expect([this](QWidget& dialog) {
         QTest::qWait(1500);
         EXPECT_TRUE(hasPane());
-        for (const SInt32 field : {111, 121})
-            QTest::keyClicks(FindControl<QLineEdit>(dialog, 'KPDE', field), kPasscode);
-        FindControl<QPushButton>(dialog, 'KPDE', 901)->click();
+        enterPasscode(dialog);
     });
     choose("Secure print");
     ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));

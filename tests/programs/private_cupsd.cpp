@@ -4,18 +4,11 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <cstdlib>
-#include <thread>
-
-#include "support/qt_test.h"
-
 namespace kalmo::test {
 namespace {
 
 using std::filesystem::path;
 using std::filesystem::perms;
-using namespace std::chrono_literals;
 
 using Words = std::map<std::string, std::string>;
 
@@ -60,13 +53,6 @@ std::string Text(ipp_attribute_t* attribute) {
     std::string text(ippAttributeString(attribute, nullptr, 0), '\0');
     ippAttributeString(attribute, text.data(), text.size() + 1);
     return text;
-}
-
-cups_option_t* AsOptions(const JobOptions& options, int* count) {
-    cups_option_t* list = nullptr;
-    for (const auto& [name, value] : options)
-        *count = cupsAddOption(name.c_str(), value.c_str(), *count, &list);
-    return list;
 }
 
 bool SendDocument(const std::string& queue, int job, const path& document) {
@@ -156,17 +142,16 @@ void PrivateCupsd::handOverTo(const std::string& group) {
 }
 
 std::string PrivateCupsd::problem() {
-    const auto end = std::chrono::steady_clock::now() + 20s;
-    while (std::chrono::steady_clock::now() < end && server_->running()) {
-        const std::string socket = root_ / "run/cups.sock";
-        if (http_t* http = httpConnect2(socket.c_str(), 0, nullptr, AF_UNSPEC,
-                                        HTTP_ENCRYPTION_IF_REQUESTED, 1, 1000, nullptr)) {
-            httpClose(http);
-            return {};
-        }
-        std::this_thread::sleep_for(20ms);
-    }
-    return "cupsd does not answer: " + log();
+    http_t* http = nullptr;
+    const std::string socket = root_ / "run/cups.sock";
+    Wait([&] {
+        http = httpConnect2(socket.c_str(), 0, nullptr, AF_UNSPEC, HTTP_ENCRYPTION_IF_REQUESTED, 1,
+                            1000, nullptr);
+        return http || !server_->running();
+    });
+    if (!http) return "cupsd does not answer: " + log();
+    httpClose(http);
+    return {};
 }
 
 std::string PrivateCupsd::log() const {
@@ -186,23 +171,24 @@ int PrivateCupsd::submit(const std::string& queue, const path& document, const J
                          const std::string& user) {
     cupsSetUser(user.c_str());
     int count = 0;
-    cups_option_t* list = AsOptions(options, &count);
+    cups_option_t* list = nullptr;
+    for (const auto& [name, value] : options)
+        count = cupsAddOption(name.c_str(), value.c_str(), count, &list);
     const int job = cupsCreateJob(CUPS_HTTP_DEFAULT, queue.c_str(), "A test", count, list);
     cupsFreeOptions(count, list);
     return job != 0 && SendDocument(queue, job, document) ? job : 0;
 }
 
 FinishedJob PrivateCupsd::finished(int job) {
-    FinishedJob result{.id = job};
-    const auto end = std::chrono::steady_clock::now() + 30s;
-    while (result.state < IPP_JSTATE_STOPPED && std::chrono::steady_clock::now() < end) {
+    FinishedJob result;
+    Wait([&] {
         const IppAnswer answer = AskAboutJob(job, "alice");
         auto* state = ippFindAttribute(answer.get(), "job-state", IPP_TAG_ENUM);
         auto* message = ippFindAttribute(answer.get(), "job-printer-state-message", IPP_TAG_TEXT);
         if (state) result.state = static_cast<ipp_jstate_t>(ippGetInteger(state, 0));
         if (message) result.message = ippGetString(message, 0, nullptr);
-        std::this_thread::sleep_for(20ms);
-    }
+        return result.state >= IPP_JSTATE_STOPPED;
+    });
     return result;
 }
 

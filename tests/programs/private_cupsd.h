@@ -14,7 +14,6 @@ namespace kalmo::test {
 using JobOptions = std::map<std::string, std::string>;
 
 struct FinishedJob {
-    int id = 0;
     ipp_jstate_t state = IPP_JSTATE_PENDING;
     /// What the server tells people about it.
     std::string message;
