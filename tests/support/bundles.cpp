@@ -11,10 +11,8 @@ std::filesystem::path WriteBundle(const std::filesystem::path& parent, const std
     const auto contents = parent / (name + ".plugin") / "Contents";
     std::filesystem::create_directories(contents / "Resources");
     WriteFile(contents / "Info.plist",
-              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist "
-              "version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>" +
-                  identifier + "</string><key>CFBundleExecutable</key><string>" + name +
-                  "</string></dict></plist>\n");
+              Plist("<dict><key>CFBundleIdentifier</key><string>" + identifier +
+                    "</string><key>CFBundleExecutable</key><string>" + name + "</string></dict>"));
     for (const auto& [path, text] : files) {
         std::filesystem::create_directories((contents / path).parent_path());
         WriteFile(contents / path, text);

@@ -3,17 +3,10 @@
 
 #include <QColor>
 #include <QImage>
-#include <functional>
-#include <string>
 
-#include "graphics/context.h"
+#include "support/pdf_documents.h"
 
 namespace kalmo::test {
-
-inline std::size_t Append(void* info, const void* bytes, std::size_t count) {
-    static_cast<std::string*>(info)->append(static_cast<const char*>(bytes), count);
-    return count;
-}
 
 inline std::size_t TakeAway(void* info, void* buffer, std::size_t count) {
     auto& bytes = *static_cast<std::string*>(info);
@@ -28,18 +21,6 @@ inline Owned<CGPDFDocumentRef> Reopened(std::string bytes) {
     return Owned<CGPDFDocumentRef>::Adopt(CGPDFDocumentCreateWithProvider(provider));
 }
 
-/// One page of `box`; empty when the drawing failed.
-inline std::string DrawnPdf(const CGRect& box, const std::function<void(CGContextRef)>& draw) {
-    std::string bytes;
-    const auto consumer =
-        Owned<CGDataConsumerRef>::Adopt(CGDataConsumerCreate(&bytes, {.putBytes = Append}));
-    const auto context = Owned<CGContextRef>::Adopt(CGPDFContextCreate(consumer, &box, nullptr));
-    CGContextBeginPage(context, &box);
-    draw(context);
-    CGContextEndPage(context);
-    return CGPDFContextClose(context) == noErr ? bytes : std::string();
-}
-
 /// The picture shares the image's pixels.
 inline QImage PictureOf(CGImageRef image) {
     const CGImagePixels pixels = CGImageGetPixels(image);
@@ -47,14 +28,18 @@ inline QImage PictureOf(CGImageRef image) {
                   QImage::Format_ARGB32_Premultiplied);
 }
 
-/// The page at `scale` pixels to the point; null when the drawing failed.
+/// The first page at `scale` pixels to the point; null when there is none.
+inline QImage PagePicture(CGPDFDocumentRef document, double scale = 1) {
+    const CGSize size = CGPDFDocumentGetMediaBox(document, 1).size;
+    const auto image = Owned<CGImageRef>::Adopt(
+        CGPDFDocumentCreatePageImage(document, 1, static_cast<std::size_t>(size.width * scale),
+                                     static_cast<std::size_t>(size.height * scale)));
+    return PictureOf(image).copy();
+}
+
 inline QImage DrawnPage(const CGRect& box, const std::function<void(CGContextRef)>& draw,
                         double scale = 1) {
-    const auto document = Reopened(DrawnPdf(box, draw));
-    const auto image = Owned<CGImageRef>::Adopt(
-        CGPDFDocumentCreatePageImage(document, 1, static_cast<std::size_t>(box.size.width * scale),
-                                     static_cast<std::size_t>(box.size.height * scale)));
-    return PictureOf(image).copy();
+    return PagePicture(Reopened(DrawnPdf(box, draw)), scale);
 }
 
 /// The smallest rectangle around all pixels that are not white, in points, y upwards.

@@ -6,6 +6,5 @@
 int main(int argc, char** argv) {
     kalmo::test::UsePrivateHome();
     testing::InitGoogleTest(&argc, argv);
-    kalmo::test::TidyUpAfterEachTest();
     return RUN_ALL_TESTS();
 }

@@ -15,7 +15,6 @@ extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppression
 int main(int argc, char** argv) {
     kalmo::test::UsePrivateHome();
     testing::InitGoogleTest(&argc, argv);
-    kalmo::test::TidyUpAfterEachTest();
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

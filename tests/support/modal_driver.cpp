@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDateTime>
 #include <QDialog>
@@ -28,6 +29,13 @@ ModalDriver::ModalDriver() {
 }
 
 ModalDriver::~ModalDriver() { EXPECT_TRUE(done()) << faults_.join("; ").toStdString(); }
+
+void ModalDriver::expectPress(const QString& text) {
+    expect([text](QWidget& window) {
+        for (auto* each : window.findChildren<QAbstractButton*>())
+            if (each->text().remove('&') == text) return each->click();
+    });
+}
 
 void ModalDriver::look() {
     QWidget* const window = WaitingWindow();

@@ -21,6 +21,8 @@ public:
     ~ModalDriver() override;
 
     void expect(Answer answer) { answers_.push_back(std::move(answer)); }
+    /// The answer is to press the button with this text.
+    void expectPress(const QString& text);
     /// All that was expected came, and nothing else.
     [[nodiscard]] bool done() const { return answers_.empty() && faults_.isEmpty(); }
     /// What went wrong, one line each.

@@ -15,6 +15,7 @@ class PanelRig {
 public:
     explicit PanelRig(OSStatus (*getInterface)(PDEInterfaceObject**), OSType signature = 'KPDE')
         : signature_(signature) {
+        InstallPresence(WindowPresence());
         gBundle = bundle_;
         getInterface(&interface_);
         OSType creator = 0;
@@ -42,11 +43,26 @@ public:
         return operations().Initialize(context, nullptr, nullptr, pane, printer.session);
     }
     OSStatus open() { return operations().Open(context); }
+    void show() {
+        ASSERT_EQ(initialize(), noErr);
+        ASSERT_EQ(open(), noErr);
+    }
     OSStatus close() { return operations().Close(context); }
     OSStatus sync(Boolean direction) {
         return operations().Sync(context, printer.session, direction);
     }
 
+    void put(CFStringRef key, CFTypeRef value) {
+        PMTicketSetItem(printer.ticket, CFSTR("test"), key, value, false);
+    }
+    /// What the ticket has once the panel has written it; borrowed, null when it is not there.
+    template <typename Ref = CFDictionaryRef>
+    Ref written(CFStringRef key) {
+        EXPECT_EQ(sync(kSyncToTicket), noErr);
+        CFTypeRef item = nullptr;
+        PMTicketGetItem(printer.ticket, key, &item);
+        return static_cast<Ref>(item);
+    }
     void choose(CFStringRef keyword, CFStringRef choice) {
         PPDSetCurrentChoice(printer.ticket, keyword, choice);
     }
@@ -73,6 +89,7 @@ public:
     PrinterSession printer{SamplePPD("kalmo-office-color")};
     PDEContext context = nullptr;
     QWidget window;
+    ModalDriver driver;
 };
 
 }  // namespace kalmo::test

@@ -53,14 +53,9 @@ void UsePrivateHome() {
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
-    unsetenv("LANGUAGE");
-    unsetenv("CUPS_SERVER");
-    unsetenv("DISPLAY");
-    unsetenv("WAYLAND_DISPLAY");
-    unsetenv("DBUS_SESSION_BUS_ADDRESS");
-}
-
-void TidyUpAfterEachTest() {
+    for (const char* variable :
+         {"LANGUAGE", "CUPS_SERVER", "DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"})
+        unsetenv(variable);
     testing::UnitTest::GetInstance()->listeners().Append(new TidyUp);  // which owns it
 }
 

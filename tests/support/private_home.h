@@ -8,9 +8,8 @@
 namespace kalmo::test {
 
 /// Makes the folders and points the environment there, as the first thing in main. They go at exit.
-void UsePrivateHome();
 /// After each test the environment is again as it was before it, and nobody is there to answer.
-void TidyUpAfterEachTest();
+void UsePrivateHome();
 /// The variables of this program.
 [[nodiscard]] std::map<std::string, std::string> Environment();
 /// A fresh folder under the private home.

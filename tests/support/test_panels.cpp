@@ -18,8 +18,9 @@ namespace {
 
 template <int Number>
 struct Panel {
-    static void Write(const std::string& entry) {
+    static OSStatus Write(const std::string& entry) {
         TestPanelDiary.push_back(std::to_string(Number) + " " + entry);
+        return noErr;
     }
     static OSStatus Prologue(PDEContext* context, OSType*, CFStringRef*, CFStringRef* title,
                              UInt32*, UInt32*) {
@@ -36,22 +37,15 @@ struct Panel {
         return noErr;
     }
     static OSStatus Sync(PDEContext, PMPrintSession session, Boolean direction) {
-        Write(direction == kSyncToTicket ? "write" : "read");
-        if (direction == kSyncToTicket)
-            PMTicketSetSInt32(PMSessionGetTicket(session, kPMPrintSettingsTicket), CFSTR("test"),
-                              CFSTR("last writer"), Number, false);
-        return noErr;
+        if (direction == kSyncToUI) return Write("read");
+        PMTicketSetSInt32(PMSessionGetTicket(session, kPMPrintSettingsTicket), CFSTR("test"),
+                          CFSTR("last writer"), Number, false);
+        return Write("write");
     }
     static OSStatus GetSummaryText(PDEContext, CFArrayRef*, CFArrayRef*) { return noErr; }
-    static OSStatus Open(PDEContext) {
-        Write("open");
-        return noErr;
-    }
+    static OSStatus Open(PDEContext) { return Write("open"); }
     static OSStatus Close(PDEContext) { return noErr; }
-    static OSStatus Terminate(PDEContext, OSStatus) {
-        Write("terminate");
-        return noErr;
-    }
+    static OSStatus Terminate(PDEContext, OSStatus) { return Write("terminate"); }
 };
 
 template <int Number>

@@ -8,10 +8,9 @@ namespace kalmo::test {
 /// A ticket file with these entries (XML) in its three dictionaries.
 inline std::string TicketFile(const std::string& printSettings, const std::string& ppdChoices = {},
                               const std::string& pageFormat = {}) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
-           "<key>PrintSettings</key><dict>" +
-           printSettings + "</dict><key>PPDChoices</key><dict>" + ppdChoices +
-           "</dict><key>PageFormat</key><dict>" + pageFormat + "</dict></dict></plist>\n";
+    return Plist("<dict><key>PrintSettings</key><dict>" + printSettings +
+                 "</dict><key>PPDChoices</key><dict>" + ppdChoices +
+                 "</dict><key>PageFormat</key><dict>" + pageFormat + "</dict></dict>");
 }
 
 /// A ticket file that was written, to be asked.

@@ -1,16 +1,6 @@
 #include "support/window_walk.h"
 
-#include <QAbstractButton>
-#include <QAbstractSlider>
-#include <QAbstractSpinBox>
-#include <QAccessible>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QStackedWidget>
-#include <QTabBar>
-#include <QTabWidget>
+#include <QtWidgets>
 #include <cctype>
 #include <map>
 
@@ -30,9 +20,9 @@ bool IsInnerPart(const QWidget& widget) {
 }
 
 bool IsControl(const QWidget& widget) {
+    if (IsPicture(widget) || qobject_cast<const QTabWidget*>(&widget)) return true;
     if (IsInnerPart(widget) || widget.focusProxy()) return false;
-    if (IsArrows(widget)) return true;
-    return qobject_cast<const QAbstractButton*>(&widget) ||
+    return IsArrows(widget) || qobject_cast<const QAbstractButton*>(&widget) ||
            qobject_cast<const QComboBox*>(&widget) ||
            qobject_cast<const QAbstractSpinBox*>(&widget) ||
            qobject_cast<const QLineEdit*>(&widget) ||
@@ -40,8 +30,13 @@ bool IsControl(const QWidget& widget) {
            (qobject_cast<const QAbstractSlider*>(&widget) && !widget.inherits("QScrollBar"));
 }
 
-/// A popup answers its choice when asked for its name: a label beside it has to name it.
+/// A popup answers its choice when asked for its name: a label beside it has to name it. Of tabs
+/// each has one.
 bool HasName(QWidget& widget) {
+    const auto* const tabs = qobject_cast<QTabWidget*>(&widget);
+    for (int page = 0; tabs && page < tabs->count(); ++page)
+        if (tabs->tabText(page).isEmpty()) return false;
+    if (tabs) return true;
     QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&widget);
     if (!qobject_cast<QComboBox*>(&widget))
         return seen && !seen->text(QAccessible::Name).trimmed().isEmpty();
@@ -61,17 +56,9 @@ std::string NameOf(const QWidget& widget) {
     return (QString(widget.metaObject()->className()) + " " + widget.objectName()).toStdString();
 }
 
-/// Each tab has a name, Tab comes to the row of them, and it has room for all.
-void CheckTabs(QTabWidget& tabs, Identities identities, std::vector<std::string>& faults) {
-    const std::string name = NameOf(tabs);
-    for (int page = 0; page < tabs.count(); ++page) {
-        if (tabs.tabText(page).isEmpty())
-            faults.push_back(name + " has no text for tab " + std::to_string(page + 1));
-    }
-    if (identities == Identities::needed && !HasIdentity(tabs))
-        faults.push_back(name + " has no identity");
-    if (!(tabs.tabBar()->focusPolicy() & Qt::TabFocus))
-        faults.push_back(name + " cannot be reached with Tab");
+bool TakesTab(const QWidget& widget) {
+    const auto* const tabs = qobject_cast<const QTabWidget*>(&widget);
+    return (tabs ? tabs->tabBar()->focusPolicy() : widget.focusPolicy()) & Qt::TabFocus;
 }
 
 bool IsInFront(const QWidget& widget) {
@@ -87,15 +74,14 @@ bool IsInFront(const QWidget& widget) {
 std::vector<std::string> WindowFaults(QWidget& window, Identities identities) {
     std::vector<std::string> faults;
     for (QWidget* widget : window.findChildren<QWidget*>()) {
-        if (!IsControl(*widget) && !IsPicture(*widget)) continue;
+        if (!IsControl(*widget)) continue;
         const std::string name = NameOf(*widget);
         if (!HasName(*widget)) faults.push_back(name + " has no accessible name");
         if (identities == Identities::needed && !HasIdentity(*widget))
             faults.push_back(name + " has no identity");
-        if (!IsPicture(*widget) && !IsArrows(*widget) && !(widget->focusPolicy() & Qt::TabFocus))
+        if (!IsPicture(*widget) && !IsArrows(*widget) && !TakesTab(*widget))
             faults.push_back(name + " cannot be reached with Tab");
     }
-    for (auto* tabs : window.findChildren<QTabWidget*>()) CheckTabs(*tabs, identities, faults);
     return faults;
 }
 
