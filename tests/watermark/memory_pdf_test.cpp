@@ -1,11 +1,6 @@
 // The memory block's arithmetic, and documents written over one another.
-#include <gtest/gtest.h>
-
-#include <cstdint>
-#include <string>
-
-#include "graphics/context.h"
 #include "watermark/memory_pdf.h"
+#include "graphics/context.h"
 
 namespace kalmo::test {
 namespace {

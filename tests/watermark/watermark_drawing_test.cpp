@@ -1,9 +1,7 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <cfloat>
 #include <chrono>
-#include <climits>
 
 #include "support/drawn_page.h"
 #include "watermark/fresh_store.h"
@@ -23,10 +21,9 @@ QImage PageWith(_WatermarkData& record, OSStatus expected = noErr) {
     CreateMemoryConsumer(1, &state);
     EXPECT_EQ(DrawWatermarkPage(&state, kLetter.size, PagePaper::white, &record, nullptr),
               expected);
-    const auto image = Owned<CGImageRef>::Adopt(
-        CGPDFDocumentCreatePageImage(CreateDocument(state), 1, 1224, 1584));
+    const QImage page = PagePicture(CreateDocument(state), kScale);
     MemoryConsumerReleaseInfo(&state);
-    return PictureOf(image).copy();
+    return page;
 }
 
 /// A watermark with this text, or of a blue picture file of the given size.

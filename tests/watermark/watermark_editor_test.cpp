@@ -2,8 +2,6 @@
 #include "watermark/watermark_editor.h"
 
 #include "paper_output/dialog_test.h"
-#include "support/private_home.h"
-#include "support/values.h"
 
 namespace kalmo::test {
 namespace {

@@ -1,54 +1,29 @@
 // The Booklet/Watermark panel between ticket, store, controls and the drawing for the job.
 #include "watermark/watermark_panel.h"
 
-#include <gtest/gtest.h>
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-#include <filesystem>
-
-#include "foundation/property_list.h"
+#include "settings/ticket.h"
 #include "settings/ticket_keys.h"
 #include "support/dictionaries.h"
 #include "support/drawn_page.h"
-#include "support/modal_driver.h"
 #include "support/panel_rig.h"
-#include "support/private_home.h"
 #include "support/worker_wait.h"
-#include "system/presence.h"
 #include "toolbox/menus.h"
-#include "watermark/booklet_service.h"
+#include "watermark/fresh_store.h"
 #include "watermark/watermark_store.h"
 
 namespace kalmo::test {
 namespace {
 
 #define kWatermarkKey CFSTR("com.kalmo.print.Watermark")
-constexpr SInt32 kMenu = 1702, kOptions = 1703, kWarning = 1704, kPage = 1705, kBooklet = 1707,
-                 kBookletState = 1708;
+constexpr SInt32 kMenu = 1702, kOptions = 1703, kWarning = 1704, kPage = 1705, kBooklet = 1707;
 
-class WatermarkPanel : public testing::Test, public PanelRig {
-protected:
+struct WatermarkPanel : testing::Test, PanelRig {
     WatermarkPanel() : PanelRig(GetBookletWatermarkPanelInterface) {
-        const auto home = MakeFolder("home");
-        setenv("XDG_CONFIG_HOME", home.c_str(), 1);
-        store = home / "kalmo-print/Kalmo/com.kalmo.printing.watermarks.plist";
         choose(CFSTR("PageSize"), CFSTR("Letter"));
-        InstallPresence(WindowPresence());
     }
-    ~WatermarkPanel() override { InstallBookletService({}); }
 
-    void show() {
-        ASSERT_EQ(initialize(), noErr);
-        ASSERT_EQ(open(), noErr);
-    }
-    template <typename Widget = QLabel>
-    Widget* control(SInt32 id) {
-        return FindControl<Widget>(window, 'KPDE', id);
-    }
-    ControlRef button() { return ControlFromWidget(control<QPushButton>(kMenu)); }
+    QString label(SInt32 id) { return control<QLabel>(id)->text(); }
+    ControlRef button() { return ControlFromWidget(control(kMenu)); }
     MenuRef menu() { return GetControlPopupMenu(button()); }
     /// "*" marks what is chosen, "(...)" what cannot be.
     std::string items(int first = 0, int count = -1) {
@@ -79,59 +54,31 @@ protected:
         const MenuRef options = GetMenuItemHierarchicalMenu(menu(), itemOf(menu(), "Options"));
         SimulateMenuChoice(button(), options, itemOf(options, text));
     }
-    void expectAnswer(const QString& buttonText) {
-        driver.expect([buttonText](QWidget& alert) {
-            for (auto* each : alert.findChildren<QPushButton*>())
-                if (each->text().remove('&') == buttonText) return each->click();
-        });
-    }
-
     /// The editor that opens next gets this text and OK.
     void type(const QString& text) {
         driver.expect([text](QWidget& editor) {
             auto* const field = editor.findChild<QLineEdit*>("text");
             field->selectAll();
             QTest::keyClicks(field, text);
-            for (auto* each : editor.findChildren<QPushButton*>())
-                if (each->isDefault()) return each->click();
+            FindControl<QPushButton>(editor, 'KPDE', 901)->click();
         });
     }
 
-    /// What the ticket has after a Sync towards it; null without a watermark.
-    CFDictionaryRef written() {
-        EXPECT_EQ(sync(kSyncToTicket), noErr);
-        CFDictionaryRef settings = nullptr;
-        PMTicketGetCFDictionary(printer.ticket, kWatermarkKey, &settings);
-        return settings;
-    }
+    using PanelRig::written;
+    CFDictionaryRef written() { return written(kWatermarkKey); }
     template <typename Ref = CFStringRef>
     static Ref value(CFDictionaryRef settings, CFStringRef key) {
         return static_cast<Ref>(CFDictionaryGetValue(settings, key));
     }
-    static SInt32 number(CFDictionaryRef settings, CFStringRef key) {
-        SInt32 found = -1;
-        CFNumberGetValue(value<CFNumberRef>(settings, key), kCFNumberSInt32Type, &found);
-        return found;
-    }
     /// The drawing that goes with the job, one pixel to the point.
     static QImage drawing(CFDictionaryRef settings) {
         const auto data = value<CFDataRef>(settings, CFSTR("Drawing"));
-        const auto document = Reopened({reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
-                                        static_cast<std::size_t>(CFDataGetLength(data))});
-        const CGRect box = CGPDFDocumentGetMediaBox(document, 1);
-        return PictureOf(Owned<CGImageRef>::Adopt(CGPDFDocumentCreatePageImage(
-                             document, 1, static_cast<std::size_t>(box.size.width),
-                             static_cast<std::size_t>(box.size.height))))
-            .copy();
+        return PagePicture(Reopened({reinterpret_cast<const char*>(CFDataGetBytePtr(data)),
+                                     static_cast<std::size_t>(CFDataGetLength(data))}));
     }
     QImage preview() {
         WaitForWorkers();
-        return control<QWidget>(kPage)->grab().toImage();
-    }
-    static Owned<CFMutableArrayRef> storedNames() {
-        Owned<CFMutableArrayRef> names;
-        loadWatermarkList(kWatermarkStore, nullptr, names.adopt());
-        return names;
+        return control(kPage)->grab().toImage();
     }
     static bool isStored(const char* name, _WatermarkData* record = nullptr) {
         WatermarkHolder found;
@@ -140,8 +87,7 @@ protected:
         return stored;
     }
 
-    std::filesystem::path store;
-    ModalDriver driver;
+    std::filesystem::path store = FreshStore();
 };
 
 /// Pixels that are not grey.
@@ -157,6 +103,7 @@ TEST_F(WatermarkPanel, ADefaultWatermarkIsChosenShownAndTakenAlong) {
     show();
     EXPECT_EQ(items(), "*None, Draft, Confidential, Copy, -, (Options), New…, (Edit…), (Delete)");
     EXPECT_FALSE(written());
+    EXPECT_FALSE(control(kBooklet)->isEnabled()) << "nobody owns booklets here";
     EXPECT_EQ(Coloured(preview()), 0);
     choose("Confidential");
     EXPECT_EQ(items(), "None, Draft, *Confidential, Copy, -, Options, New…, Edit…, Delete");
@@ -164,14 +111,14 @@ TEST_F(WatermarkPanel, ADefaultWatermarkIsChosenShownAndTakenAlong) {
     EXPECT_GT(Coloured(preview()), 200);
     chooseOption("In the foreground");
     chooseOption("On page 1 only");
-    EXPECT_EQ(control(kOptions)->text(), "In the foreground\nOn page 1 only");
+    EXPECT_EQ(label(kOptions), "In the foreground\nOn page 1 only");
     const CFDictionaryRef settings = written();
     ASSERT_TRUE(settings);
     EXPECT_EQ(CFStringToUTF8(value(settings, CFSTR("Name"))), "Confidential");
-    EXPECT_EQ(std::pair(number(settings, CFSTR("Layer")), number(settings, CFSTR("Pages"))),
-              std::pair(3, 5));
+    EXPECT_EQ(SInt32InDictionary(settings, CFSTR("Layer")), 3);
+    EXPECT_EQ(SInt32InDictionary(settings, CFSTR("Pages")), 5);
     const auto record = value<CFDictionaryRef>(settings, CFSTR("Record"));
-    EXPECT_EQ(number(record, CFSTR("glyphCount")), 12);
+    EXPECT_EQ(SInt32InDictionary(record, CFSTR("glyphCount")), 12);
     const CGRect ink = InkOf(drawing(settings));
     EXPECT_NEAR(CGRectGetMidX(ink), 612 / 2.0, 1);
     EXPECT_NEAR(CGRectGetMidY(ink), 792 / 2.0, 1);
@@ -192,18 +139,18 @@ TEST_F(WatermarkPanel, ATicketsWatermarkPrintsAsItIsThereAndIsNotSavedHere) {
     record->angle = 90;
     CFDictionarySetValue(watermark, CFSTR("Record"),
                          Owned<CFMutableDictionaryRef>::Adopt(CreateWatermarkEntry(*record)));
-    PMTicketSetCFDictionary(printer.ticket, CFSTR("K"), kWatermarkKey, watermark, false);
+    put(kWatermarkKey, watermark);
     PMTicketSetSInt32(PMSessionGetTicket(printer.session, kPMPageFormatTicket), CFSTR("K"),
                       kOrientationKey, 2, false);
     ASSERT_EQ(initialize(), noErr);
     const CFDictionaryRef unattended = written();
-    EXPECT_EQ(number(unattended, CFSTR("Unknown")), 7);
+    EXPECT_EQ(SInt32InDictionary(unattended, CFSTR("Unknown")), 7);
     const QImage page = drawing(unattended);
     EXPECT_EQ(page.size(), QSize(792, 612)) << "landscape";
     EXPECT_GT(InkOf(page).size.height, 2 * InkOf(page).size.width);
     ASSERT_EQ(open(), noErr);
     EXPECT_GT(Coloured(preview()), 100);
-    EXPECT_EQ(control(kOptions)->text(), "In the background\nOn page 1 only");
+    EXPECT_EQ(label(kOptions), "In the background\nOn page 1 only");
     _WatermarkData stored{};
     EXPECT_TRUE(isStored("Draft", &stored));
     EXPECT_EQ(stored.angle, 45);
@@ -213,14 +160,14 @@ TEST_F(WatermarkPanel, ATicketsWatermarkPrintsAsItIsThereAndIsNotSavedHere) {
     choose("Edit…");
     EXPECT_TRUE(isStored("Job's") && isStored("Draft")) << "the user's own stays";
     choose("Draft");
-    EXPECT_EQ(number(value<CFDictionaryRef>(written(), CFSTR("Record")), CFSTR("angle")), 45)
+    EXPECT_EQ(
+        SInt32InDictionary(value<CFDictionaryRef>(written(), CFSTR("Record")), CFSTR("angle")), 45)
         << "chosen here it is the user's own";
 }
 
 TEST_F(WatermarkPanel, WhatIsNoWatermarkInATicketIsNone) {
     for (const char* entries : {"Name=5 Record=6", "Name=Draft", "Record=true", "", "Name=\"\""}) {
-        PMTicketSetCFDictionary(printer.ticket, CFSTR("K"), kWatermarkKey, Dictionary(entries),
-                                false);
+        put(kWatermarkKey, Dictionary(entries));
         if (context && !window.findChild<QLabel*>()) show();
         sync(kSyncToUI);
         EXPECT_EQ(items(0, 1), "*None") << entries;
@@ -231,14 +178,16 @@ TEST_F(WatermarkPanel, WhatIsNoWatermarkInATicketIsNone) {
 TEST_F(WatermarkPanel, DeletingAsksAndNothingBringsTheWatermarkBack) {
     show();
     choose("Draft");
-    expectAnswer("Cancel");
+    driver.expectPress("Cancel");
     choose("Delete");
     EXPECT_TRUE(isStored("Draft"));
-    expectAnswer("Delete");
+    driver.expectPress("Delete");
     renderWatermark(static_cast<_BookletWatermarkContext*>(context));
     choose("Delete");
     EXPECT_FALSE(isStored("Draft")) << "a drawing under way saved it again";
-    EXPECT_EQ(CFArrayGetCount(storedNames()), 2);
+    Owned<CFMutableArrayRef> names;
+    loadWatermarkList(kWatermarkStore, nullptr, names.adopt());
+    EXPECT_EQ(CFArrayGetCount(names), 2);
     EXPECT_EQ(items(0, 3), "*None, Confidential, Copy");
 }
 
@@ -255,7 +204,7 @@ TEST_F(WatermarkPanel, NewAndEditedWatermarksStandInTheListOnceAndAFailureIsTold
     EXPECT_EQ(items(3, 2), "Copy, *Secret");
     WriteFile(store, "damaged");
     type("Lost");
-    expectAnswer("OK");
+    driver.expectPress("OK");
     choose("New…");
     EXPECT_EQ(ReadFile(store), "damaged");
     EXPECT_EQ(CFStringToUTF8(value(written(), CFSTR("Name"))), "Lost") << "printed all the same";
@@ -272,27 +221,10 @@ TEST_F(WatermarkPanel, AMissingPictureIsSaidAndTakesNothingAlong) {
     saveWatermarkList(kWatermarkStore, Owned<CFArrayRef>::Adopt(CFArrayCreate(
                                            nullptr, names, 1, &kCFTypeArrayCallBacks)));
     show();
-    EXPECT_EQ(control(kWarning)->text(), "");
+    EXPECT_EQ(label(kWarning), "");
     choose("logo.png");
-    EXPECT_TRUE(control(kWarning)->text().contains("cannot be read"));
+    EXPECT_TRUE(label(kWarning).contains("cannot be read"));
     EXPECT_FALSE(CFDictionaryContainsKey(written(), CFSTR("Drawing")));
-}
-
-TEST_F(WatermarkPanel, TheBookletButtonRunsWhatIsInstalled) {
-    show();
-    EXPECT_FALSE(control<QPushButton>(kBooklet)->isEnabled()) << "nobody owns booklets here";
-    bool on = false;
-    InstallBookletService({.run = [&] { on = true; },
-                           .state =
-                               [&] {
-                                   return BookletState{"OfficeFinishing_Bklt_Layout.gif",
-                                                       on ? "BookletLayoutDescription"
-                                                          : "BookletNothingDescription"};
-                               }});
-    sync(kSyncToUI);
-    EXPECT_EQ(control(kBookletState)->text(), "No booklet");
-    control<QPushButton>(kBooklet)->click();
-    EXPECT_EQ(control(kBookletState)->text(), "Pages laid out as a booklet");
 }
 
 }  // namespace

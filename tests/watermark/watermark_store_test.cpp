@@ -1,6 +1,5 @@
 #include "watermark/watermark_store.h"
 
-#include <gtest/gtest.h>
 #include <linux/capability.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -8,23 +7,19 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstring>
 #include <thread>
 
-#include "support/bundles.h"
 #include "support/dictionaries.h"
-#include "support/private_home.h"
-#include "support/values.h"
 #include "watermark/fresh_store.h"
 
-namespace kalmo {
+namespace kalmo::test {
 namespace {
 
 constexpr auto kLasting = WatermarkSave::lasting, kPassing = WatermarkSave::passing;
 
 bool Save(const std::string& text, WatermarkSave save = kLasting, SInt32 angle = 0) {
     WatermarkHolder record;
-    SetWatermarkText(record->textString, test::String(text));
+    SetWatermarkText(record->textString, String(text));
     record->textMode = 1;
     record->angle = angle;
     return saveWatermarkData(kWatermarkStore, *record, save);
@@ -32,15 +27,15 @@ bool Save(const std::string& text, WatermarkSave save = kLasting, SInt32 angle =
 
 /// A store with a list of these elements.
 void WriteList(const std::filesystem::path& file, const std::string& names) {
-    test::WriteFile(file, test::Plist("<dict><key>WatermarkListEntries</key><array>" + names +
-                                      "</array></dict>"));
+    WriteFile(file,
+              Plist("<dict><key>WatermarkListEntries</key><array>" + names + "</array></dict>"));
 }
 
 /// With commas.
 std::string ListAtStart() {
-    const auto bundle = Owned<CFBundleRef>::Adopt(test::OpenBundle(test::ProductBundle()));
+    const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
     const auto names = Owned<CFArrayRef>::Adopt(CopyWatermarkListAtStart(kWatermarkStore, bundle));
-    return test::TakeText(CFStringCreateByCombiningStrings(nullptr, names, CFSTR(",")));
+    return TakeText(CFStringCreateByCombiningStrings(nullptr, names, CFSTR(",")));
 }
 
 CFIndex CountStored() {
@@ -57,34 +52,33 @@ TEST(WatermarkStore, RecordComesBackWhateverElseStandsInItsEntry) {
     SetWatermarkGlyphs(*loaded, std::initializer_list<UInt16>{9});
     ASSERT_TRUE(saveWatermarkData(kFaxImageStore, *saved));
     ASSERT_TRUE(loadWatermarkData(kFaxImageStore, CFSTR("Ä"), *loaded));
-    ReadWatermarkEntry(*loaded,
-                       test::Dictionary("angle=\"90\" xPos=true glyphCount=2 textString=1"));
+    ReadWatermarkEntry(*loaded, Dictionary("angle=\"90\" xPos=true glyphCount=2 textString=1"));
     const auto before = Owned<CFTypeRef>::Adopt(CreateWatermarkEntry(*saved));
     EXPECT_TRUE(CFEqual(before, Owned<CFTypeRef>::Adopt(CreateWatermarkEntry(*loaded))));
-    SetWatermarkText(loaded->filename, test::String(std::string(510, 'x') + "Ä"));
+    SetWatermarkText(loaded->filename, String(std::string(510, 'x') + "Ä"));
     EXPECT_EQ(std::strlen(loaded->filename), 510u);
     EXPECT_FALSE(loadWatermarkData(kFaxImageStore, CFSTR("ä"), *loaded));
     EXPECT_EQ(std::memcmp(loaded.get(), WatermarkHolder().get(), sizeof *loaded), 0);
 }
 
 TEST(WatermarkStore, StartsWithTheDefaultsAndDropsAnEmptyFirstNameInMemoryOnly) {
-    const auto file = test::FreshStore();
+    const auto file = FreshStore();
     EXPECT_EQ(ListAtStart(), "Draft,Confidential,Copy");
     WatermarkHolder record;
     loadWatermarkData(kWatermarkStore, CFSTR("Confidential"), *record);
     EXPECT_EQ(record->fontColorRed - record->wellColorRed, 0.75F);
     WriteList(file, "<string>gone</string><true/><string>lost</string>");
     EXPECT_EQ(ListAtStart(), "lost");
-    EXPECT_NE(test::ReadFile(file).find("gone"), std::string::npos);
+    EXPECT_NE(ReadFile(file).find("gone"), std::string::npos);
 }
 
 TEST(WatermarkStore, RemovesTheFirstEqualNameAndKeepsFontDataInAnExistingFileOnly) {
-    const auto file = test::FreshStore();
-    EXPECT_FALSE(storeFontData(kWatermarkStore, CFSTR("font"), test::Data("x")));
+    const auto file = FreshStore();
+    EXPECT_FALSE(storeFontData(kWatermarkStore, CFSTR("font"), Data("x")));
     EXPECT_FALSE(std::filesystem::exists(file));
     WriteList(file, "<string>b</string><string>A</string><string>a</string><string>a</string>");
     Save("a");
-    EXPECT_TRUE(storeFontData(kWatermarkStore, CFSTR("font"), test::Data("xyz")));
+    EXPECT_TRUE(storeFontData(kWatermarkStore, CFSTR("font"), Data("xyz")));
     EXPECT_TRUE(removeWatermarkData(kWatermarkStore, CFSTR("a")));
     // The list's key is no name: neither a watermark nor its removal may take the list away.
     EXPECT_FALSE(Save("WatermarkListEntries"));
@@ -94,11 +88,11 @@ TEST(WatermarkStore, RemovesTheFirstEqualNameAndKeepsFontDataInAnExistingFileOnl
     const auto data = Owned<CFMutableDataRef>::Adopt(CFDataCreateMutable(nullptr, 0));
     for (const CFStringRef key : {CFSTR("font"), CFSTR("none"), CFSTR("font")})
         loadFontData(kWatermarkStore, key, data);
-    EXPECT_TRUE(CFEqual(data, test::Data("xyzxyz")));
+    EXPECT_TRUE(CFEqual(data, Data("xyzxyz")));
 }
 
 TEST(WatermarkStore, DrawingWritesOnlyWhatChanged) {
-    const auto file = test::FreshStore();
+    const auto file = FreshStore();
     Save("a");
     for (const auto& [save, angle, written] :
          {std::tuple{kPassing, 0, false}, {kPassing, 1, true}, {kLasting, 1, true}}) {
@@ -111,28 +105,28 @@ TEST(WatermarkStore, DrawingWritesOnlyWhatChanged) {
 /// A save tells its error (after `told`) and leaves the old file.
 void ExpectFailure(const std::filesystem::path& file, const std::string& told,
                    int error = EBADMSG) {
-    const std::string before = test::ReadFile(file);
+    const std::string before = ReadFile(file);
     testing::internal::CaptureStderr();
     EXPECT_FALSE(Save("b"));
     EXPECT_EQ(
         testing::internal::GetCapturedStderr(),
         told + "saveWatermarkData: Error " + std::to_string(error) + " writing data to file\n");
-    EXPECT_EQ(test::ReadFile(file), before);
+    EXPECT_EQ(ReadFile(file), before);
 }
 
 TEST(WatermarkStore, NeverWritesOverAFileThatIsNoStore) {
-    const auto file = test::FreshStore();
+    const auto file = FreshStore();
     Save("a");
-    test::WriteFile(file, test::Plist("<array/>"));
+    WriteFile(file, Plist("<array/>"));
     ExpectFailure(file, "");
-    test::WriteFile(file, test::Plist("<dict>"));
+    WriteFile(file, Plist("<dict>"));
     ExpectFailure(file, "CopyXMLData()::CFPropertyListCreateFromXMLData() error: cut short\n");
     EXPECT_EQ(ListAtStart(), "");
-    EXPECT_EQ(test::ReadFile(file), test::Plist("<dict>"));
+    EXPECT_EQ(ReadFile(file), Plist("<dict>"));
 }
 
 TEST(WatermarkStore, FullDiskAndReadOnlyFolderLeaveTheOldFile) {
-    const auto file = test::FreshStore();
+    const auto file = FreshStore();
     Save("a");
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit full{200, RLIM_INFINITY}, before{RLIM_INFINITY, RLIM_INFINITY};
@@ -151,7 +145,7 @@ TEST(WatermarkStore, FullDiskAndReadOnlyFolderLeaveTheOldFile) {
 }
 
 TEST(WatermarkStore, ThreadsLoseNoneOfTheirSaves) {
-    test::FreshStore();
+    FreshStore();
     const auto save = [](const std::string& names) {
         for (const char name : names) Save({name}, kPassing);
     };
@@ -162,9 +156,9 @@ TEST(WatermarkStore, ThreadsLoseNoneOfTheirSaves) {
 }
 
 TEST(WatermarkStore, SurvivesTwoHundredKillsDuringSaves) {
-    test::FreshStore();
+    FreshStore();
     Save("a");
-    storeFontData(kWatermarkStore, CFSTR("font"), test::Data(std::string(8000, 'f')));
+    storeFontData(kWatermarkStore, CFSTR("font"), Data(std::string(8000, 'f')));
     CFIndex stored = 2;
     for (int kill = 0; kill < 200; ++kill) {
         const pid_t child = fork();
@@ -181,4 +175,4 @@ TEST(WatermarkStore, SurvivesTwoHundredKillsDuringSaves) {
 }
 
 }  // namespace
-}  // namespace kalmo
+}  // namespace kalmo::test
