@@ -1,12 +1,6 @@
 // What users type as pages.
 #include "special_pages/page_ranges.h"
 
-#include <gtest/gtest.h>
-
-#include "support/bundles.h"
-#include "support/values.h"
-#include "system/presence.h"
-
 namespace kalmo::test {
 namespace {
 
@@ -64,19 +58,6 @@ TEST(PageRanges, AMegabyteOfThemIsBounded) {
     EXPECT_EQ(Read(all, false).first, kInvalidPages);
     EXPECT_EQ(Read(std::string(1'000'000, '9'), true).first, kPageNumberLimit);
     EXPECT_EQ(Read(std::string(1'000'000, ','), true).first, kInvalidPages);
-}
-
-TEST(PageRanges, EachCodeHasItsAlert) {
-    const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
-    std::vector<std::string> shown;
-    Presence presence = UnattendedPresence();
-    presence.notice = [&](CFStringRef, CFStringRef text) { shown.push_back(CFStringToUTF8(text)); };
-    InstallPresence(presence);
-    for (const OSStatus code : {0, 999, 1000, 1001, 1002, 1003, 1004, 1234})
-        SpecialPagesUserNotification(code, bundle);
-    InstallPresence(UnattendedPresence());
-    ASSERT_EQ(shown.size(), 5u);
-    EXPECT_EQ(shown[0], "A page number can have at most 5 digits.");
 }
 
 }  // namespace

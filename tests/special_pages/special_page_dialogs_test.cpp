@@ -113,6 +113,7 @@ TEST_F(SpecialPageDialogs, AnInsertGivesWayToOneForEachPage) {
         Choose(window, kPosition, "After page");
         expectRefusal(window, kInsertPages, "", "page numbers and ranges");
         expectRefusal(window, kInsertPages, "7-5", "lower page number");
+        expectRefusal(window, kInsertPages, "100000", "at most 5 digits");
         Type(window, kInsertPages, "x7-9");
         Type(window, kQuantity, "334");
         EXPECT_EQ(Description(window), "Several sheets after each of the pages");

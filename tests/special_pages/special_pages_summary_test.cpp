@@ -3,7 +3,6 @@
 
 #include "paper_output/stock/papers.h"
 #include "support/dictionaries.h"
-#include "support/values.h"
 
 namespace kalmo::test {
 namespace {
