@@ -1,4 +1,5 @@
 // The dialogs for a paper of one's own size and for separators.
+#include "paper_output/dialog_test.h"
 #include "paper_output/stock/custom_size_dialog.h"
 #include "paper_output/stock/separators.h"
 #include "settings/ppd_file.h"
@@ -8,38 +9,31 @@
 namespace kalmo::test {
 namespace {
 
-void Press(QWidget& window, const char* button) {
-    QTest::mouseClick(window.findChild<QPushButton*>(button), Qt::LeftButton);
-}
+constexpr SInt32 kWidth = 101, kLength = 111;
 
-struct StockDialogs : testing::Test {
+struct StockDialogs : DialogTest {
     /// Checks what the field shows, types into it and presses OK, and Cancel where that beeps.
-    SInt32 enterSize(const char* name, const char* shown, const char* typed) {
+    SInt32 enterSize(SInt32 field, const char* shown, const char* typed) {
         driver.expect([=, this](QWidget& window) {
-            auto& field = *window.findChild<QLineEdit*>(name);
-            EXPECT_EQ(field.text(), shown);
-            field.setFocus();
-            field.selectAll();
-            QTest::keyClicks(&field, typed);
-            Press(window, "sizeOK");
-            if (beeps.take() > 0) Press(window, "sizeCancel");
+            EXPECT_EQ(Text(window, field), shown);
+            Type(window, field, typed);
+            Press(window, 10);
+            if (beeps.take() > 0) Press(window, 11);
         });
         return RunModalCustomSizeDialog(bundle, &stock);
     }
 
-    Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
     CountedBeeps beeps;
-    ModalDriver driver;
     Stock stock;
 };
 
 TEST_F(StockDialogs, SizeIsAskedInTheUsersUnitAndStaysWhereItIsLeftAlone) {
     setenv("LC_ALL", "en_US.UTF-8", 1);
     stock.setWidth(2155);  // 8.48 inches, which are 2154
-    EXPECT_EQ(enterSize("length", "11.00", "10.25"), kModalOK);
+    EXPECT_EQ(enterSize(kLength, "11.00", "10.25"), kModalOK);
     EXPECT_EQ(std::pair(stock.width(), stock.length()), std::pair(2155, 2604));
     setenv("LC_ALL", "de_DE.UTF-8", 1);
-    EXPECT_EQ(enterSize("width", "215,5", "99,9"), kModalOK);
+    EXPECT_EQ(enterSize(kWidth, "215,5", "99,9"), kModalOK);
     EXPECT_EQ(std::pair(stock.width(), stock.length()), std::pair(999, 2604));
 }
 
@@ -49,9 +43,9 @@ TEST_F(StockDialogs, SizeThatThePrinterRefusesIsRefused) {
         "*ParamCustomPageSize Height: 2 points 420 1000.5\n" +
         PPDOption("PageSize", "A4", {"A4"}));
     setenv("LC_ALL", "de_DE.UTF-8", 1);
-    EXPECT_EQ(enterSize("length", "297,0", "353"), kModalCancel);
+    EXPECT_EQ(enterSize(kLength, "297,0", "353"), kModalCancel);
     EXPECT_EQ(stock.size(), kUnset);
-    EXPECT_EQ(enterSize("length", "297,0", "352,9"), kModalOK);
+    EXPECT_EQ(enterSize(kLength, "297,0", "352,9"), kModalOK);
 }
 
 /// Chooses blank separators of the printer's second colour.
@@ -73,7 +67,7 @@ TEST_F(StockDialogs, SeparatorsAreTakenOverByOKOnly) {
         const bool takenOver = button == std::string("separatorsOK");
         driver.expect([button](QWidget& window) {
             ChooseSeparators(window);
-            Press(window, button);
+            window.findChild<QPushButton*>(button)->click();
         });
         EXPECT_EQ(RunModalSeparatorsDialog(bundle, &separators),
                   takenOver ? kModalOK : kModalCancel);
