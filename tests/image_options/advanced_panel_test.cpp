@@ -1,7 +1,7 @@
 // The Advanced panel between ticket and controls, and its About box.
 #include "image_options/advanced_panel.h"
+#include "settings/ticket.h"
 #include "support/panel_rig.h"
-#include "system/presence.h"
 
 namespace kalmo::test {
 namespace {
@@ -20,11 +20,8 @@ struct AdvancedPanel : testing::Test, PanelRig {
     QStringList written() {
         EXPECT_EQ(sync(kSyncToTicket), noErr);
         QStringList values;
-        for (const CFStringRef key : numbers) {
-            SInt32 number = 0;
-            PMTicketGetSInt32(printer.ticket, key, &number);
-            values << QString::number(number);
-        }
+        for (const CFStringRef key : numbers)
+            values << QString::number(SInt32InTicket(printer.ticket, key, 0));
         for (const CFStringRef key : {CFSTR("KLOutputOption"), CFSTR("JCLBanner"), CFSTR("Jog")})
             values << QString::fromStdString(choice(key));
         return values;
@@ -46,8 +43,7 @@ TEST_F(AdvancedPanel, ChoicesReachTheTicketAndStayWhenTheyAreReadAgain) {
 
 TEST_F(AdvancedPanel, WhatWasReadIsWrittenBackTheRotationLessOne) {
     choose(CFSTR("Jog"), CFSTR("EachPage"));
-    initialize();
-    open();
+    show();
     const QStringList before = allShown();
     // One less than the least does not fit into a ticket's number any more.
     for (const auto& [number, less] : {std::pair(3, "2"), {INT32_MIN, "0"}}) {
@@ -64,13 +60,8 @@ TEST_F(AdvancedPanel, WhatThePrinterLacksIsDisabledAndTheAboutBoxNamesIt) {
     printer = PrinterSession(WritePPD("Kalmo"));
     PMTicketSetCFString(PMSessionGetTicket(printer.session, kPMPrinterInfoTicket), CFSTR("K"),
                         kPMMakeAndModelNameKey, CFSTR("Kalmo Tolvane"), false);
-    initialize();
-    open();
+    show();
     for (const SInt32 id : kPopups) EXPECT_EQ(control(id)->isEnabled(), id < 606) << id;
-    Presence presence = UnattendedPresence();
-    presence.modalLoopsRun = true;
-    InstallPresence(presence);
-    ModalDriver driver;
     driver.expect([&](QWidget& box) {
         EXPECT_EQ(FindControl<QLabel>(box, 'KPDE', 101)->text(), "Tolvane");
         EXPECT_TRUE(FindControl<QLabel>(box, 'KPDE', 102)->text().endsWith(" (1)"));

@@ -65,14 +65,12 @@ TEST(FullColorOptions, ARecordIsCopiedByItsAccessors) {
 TEST(FullColorOptions, ARefusedValueChangesNothing) {
     const auto longName = String(Name(256));
     Record record(Dictionary(kAll));
-    EXPECT_EQ(record.setLightness(101), paramErr);
-    EXPECT_EQ(record.setLightness(-101), paramErr);
-    EXPECT_EQ(record.setColorCast(1, 2, 101), paramErr);
-    EXPECT_EQ(record.setTrappingAdjustment(21, 0), paramErr);
-    EXPECT_EQ(record.setTrappingAdjustment(0, -1), paramErr);
-    EXPECT_EQ(record.setRGBImagesProfile(5, nullptr), paramErr);
-    EXPECT_EQ(record.setDestinationProfile(2, longName), paramErr);
-    EXPECT_EQ(record.setGrayImagesProfile(longName), paramErr);
+    for (const OSStatus status :
+         {record.setLightness(101), record.setLightness(-101), record.setColorCast(1, 2, 101),
+          record.setTrappingAdjustment(21, 0), record.setTrappingAdjustment(0, -1),
+          record.setRGBImagesProfile(5, nullptr), record.setDestinationProfile(2, longName),
+          record.setGrayImagesProfile(longName)})
+        EXPECT_EQ(status, paramErr);
     EXPECT_EQ(record.setCMYKImagesProfile(1, longName), noErr) << "nor kept";
     record.fromTicket(Dictionary(kAll + " CMYKImagesProfile=3"));
     EXPECT_EQ(Ticket(record), Text(Dictionary(kAll)));

@@ -13,10 +13,9 @@ struct ImageOptionsPanel : testing::Test, PanelRig {
     ImageOptionsPanel() : PanelRig(GetImageOptionsPanelInterface) {}
 
     void setInvert(bool negative, bool mirror) {
-        PMTicketSetCFDictionary(printer.ticket, kTicketCreator, kInvertImageOptionsKey,
-                                Owned<CFDictionaryRef>::Adopt(
-                                    InvertImageCreateTicketFromOptions({true, negative, mirror})),
-                                false);
+        put(kInvertImageOptionsKey,
+            Owned<CFDictionaryRef>::Adopt(
+                InvertImageCreateTicketFromOptions({true, negative, mirror})));
     }
     std::pair<bool, bool> invert() const {
         II_Options options;
@@ -58,8 +57,7 @@ TEST_F(ImageOptionsPanel, UnknownValuesAreKeptUntilAControlReplacesThem) {
 }
 
 TEST_F(ImageOptionsPanel, ControlsShowTheTicketAndTheTicketTheControls) {
-    initialize();
-    open();
+    show();
     choose(CFSTR("Resolution"), CFSTR("300x300dpi"));
     setInvert(true, false);
     for (int switches = 0; switches < 3; ++switches) {
@@ -82,8 +80,7 @@ TEST_F(ImageOptionsPanel, ControlsShowTheTicketAndTheTicketTheControls) {
 TEST_F(ImageOptionsPanel, ASecondOpenAndMissingArgumentsAreRefused) {
     const PDEInterfaceTable& panel = operations();
     EXPECT_EQ(panel.Initialize(context, nullptr, nullptr, nullptr, nullptr), kPMInvalidPDEContext);
-    initialize();
-    ASSERT_EQ(open(), noErr);
+    show();
     panel.Close(context);
     EXPECT_EQ(open(), kPMInvalidPDEContext);
     EXPECT_EQ(panel.Sync(context, nullptr, kSyncToUI), kPMInvalidPrintSession);
@@ -93,8 +90,7 @@ TEST_F(ImageOptionsPanel, ASecondOpenAndMissingArgumentsAreRefused) {
 }
 
 TEST_F(ImageOptionsPanel, PicturesAndTheirDescriptionsFollowTheChoice) {
-    initialize();
-    open();
+    show();
     std::set<QString> descriptions;
     const auto see = [&](SInt32 id) {
         auto* const picture = QAccessible::queryAccessibleInterface(control(id));
