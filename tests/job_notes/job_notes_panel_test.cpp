@@ -1,14 +1,9 @@
 // The Job Notes panel between ticket, controls and the user's files.
 #include "job_notes/job_notes_panel.h"
 
-#include <gtest/gtest.h>
-
-#include <QtTest>
-
 #include "settings/user_preferences.h"
 #include "support/beeps.h"
 #include "support/dictionaries.h"
-#include "support/modal_driver.h"
 #include "support/panel_rig.h"
 #include "system/system.h"
 
@@ -18,12 +13,11 @@ namespace {
 constexpr SInt32 kJob = 2001, kSender = 2002, kRecipient = 2003;
 constexpr SInt32 kBanner = 2004, kStart = 2005, kInfo = 2010;
 
-class JobNotesPanel : public testing::Test, public PanelRig {
-protected:
-    JobNotesPanel() : PanelRig(GetJobNotesPanelInterface) {}
+struct JobNotesPanel : testing::Test, PanelRig {
+    JobNotesPanel() : PanelRig(GetJobNotesPanelInterface, 'KPjn') {}
 
-    void put(const char* name, const std::string& value) {
-        PMTicketSetItem(printer.ticket, CFSTR("K"), key(name), Value(value), false);
+    static CFStringRef key(const char* name) {
+        return CFStringMakeConstant((std::string("com.kalmo.print.JobNotes") + name).c_str());
     }
     /// What the ticket holds once the panel has written it, with " | " between; "-" for nothing.
     std::string written(const std::vector<const char*>& names) {
@@ -43,12 +37,11 @@ protected:
     std::string messages() { return written({"SheetMessage", "Message", "AdditionalInfo"}); }
 
     void show() {
-        initialize();
-        ASSERT_EQ(open(), noErr);
+        PanelRig::show();
         window.show();
         QApplication::setActiveWindow(&window);
     }
-    QWidget* widget(SInt32 id) { return FindControl(window, 'KPjn', id); }
+    QWidget* widget(SInt32 id) { return PanelRig::control(id); }
     ControlRef control(SInt32 id) { return ControlFromWidget(widget(id)); }
     std::string text(SInt32 id) { return TakeText(CopyControlTitleAsCFString(control(id))); }
     void type(SInt32 id, const std::string& keys) {
@@ -59,11 +52,6 @@ protected:
 
     CountedBeeps beeps;
     std::string login = TakeText(CopyConsoleUser());
-
-private:
-    static CFStringRef key(const char* name) {
-        return CFStringMakeConstant((std::string("com.kalmo.print.JobNotes") + name).c_str());
-    }
 };
 
 TEST_F(JobNotesPanel, TheBoxOfTheJobNameChoosesAllThreeNames) {
@@ -82,6 +70,9 @@ TEST_F(JobNotesPanel, TheBoxOfTheJobNameChoosesAllThreeNames) {
 }
 
 TEST_F(JobNotesPanel, WhatWasReadIsShownAndWrittenBack) {
+    const auto put = [this](const char* name, const char* value) {
+        PanelRig::put(key(name), Value(value));
+    };
     put("UseJobName", "false"), put("JobName", "Plan");
     put("SenderUseLoginName", "true"), put("SenderName", "Ada");
     put("RecipientUseLoginName", "no flag"), put("Recipient", "7");
@@ -127,7 +118,6 @@ TEST_F(JobNotesPanel, PreferencesChangeTheirFileOnlyWithOK) {
     };
     EXPECT_EQ(stored({0, 0, 0}), (std::array{1, 1})) << "no file";
     show();
-    ModalDriver driver;
     for (const auto& [end, left] : {std::pair(Qt::Key_Escape, 1), {Qt::Key_Return, 0}}) {
         driver.expect([key = end](QWidget& dialog) {
             FindControl<QCheckBox>(dialog, 'KPDE', 9001)->click();
@@ -139,7 +129,6 @@ TEST_F(JobNotesPanel, PreferencesChangeTheirFileOnlyWithOK) {
         EXPECT_EQ(text(kBanner), "typed") << "no note is lost";
     }
     EXPECT_TRUE(HasKeyboardFocus(control(kJob)));
-    EXPECT_TRUE(driver.done()) << driver.faults().join("; ").toStdString();
     WriteUserPreferences(CFSTR("com.kalmo.print.jobnotes.plist"),
                          Dictionary("useLoginNameAsSenderName=0"));
     EXPECT_EQ(stored({7, 7, 7}), (std::array{7, 0})) << "what is missing stays";
