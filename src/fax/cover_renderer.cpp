@@ -45,7 +45,7 @@ CGRect TextBoxOf(const CGRect& page) {
                       page.size.width - 2 * kMargin, page.size.height - 2 * kMargin);
 }
 
-bool IsGiven(CFStringRef text) { return text && CFStringGetLength(text) > 0; }
+bool IsGiven(CFStringRef text) { return CFStringGetLength(text) > 0; }
 
 struct Writer {
     CGContextRef context;

@@ -9,7 +9,7 @@ namespace {
 // Of each text; a screen reader would read on for minutes.
 constexpr CFIndex kMostDescribed = 200;
 
-bool IsGiven(CFStringRef text) { return text && CFStringGetLength(text) > 0; }
+bool IsGiven(CFStringRef text) { return CFStringGetLength(text) > 0; }
 
 /// Null stays null. The original may be changed by its owner.
 Owned<CFStringRef> Copied(CFStringRef text) {

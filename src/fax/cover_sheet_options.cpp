@@ -18,10 +18,6 @@ std::array<LabelRow, 3> SenderLabels() {
              {kFaxLocalizedFaxLabel, CFSTR("Fax Label")}}};
 }
 
-void SetBoolean(CFMutableDictionaryRef options, CFStringRef key, bool value) {
-    CFDictionarySetValue(options, key, value ? kCFBooleanTrue : kCFBooleanFalse);
-}
-
 void SetNumber(CFMutableDictionaryRef options, CFStringRef key, SInt32 value) {
     CFDictionarySetNumber(options, key, kCFNumberSInt32Type, &value);
 }

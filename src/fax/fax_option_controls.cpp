@@ -35,8 +35,6 @@ Owned<CFStringRef> TextIn(ControlRef field) {
     return Owned<CFStringRef>::Adopt(CopyControlTitleAsCFString(field));
 }
 
-CFIndex LengthOf(CFStringRef text) { return text ? CFStringGetLength(text) : 0; }
-
 /// In seconds since 1904; none for now.
 std::optional<SInt64> SendTimeIn(CFDictionaryRef options) {
     const auto stored = ValueOfType<CFNumberRef>(
@@ -49,9 +47,9 @@ std::optional<SInt64> SendTimeIn(CFDictionaryRef options) {
 
 DialingPart PartIn(CFDictionaryRef options, CFStringRef key) {
     const CFStringRef text = StringInDictionary(options, key);
-    if (LengthOf(text) == 0) return {};
+    if (CFStringGetLength(text) == 0) return {};
     return {.isOn = true,
-            .length = LengthOf(text),
+            .length = CFStringGetLength(text),
             .text = Owned<CFMutableStringRef>::Adopt(
                 CFStringCreateMutableCopy(kCFAllocatorDefault, 0, text))};
 }
@@ -63,8 +61,6 @@ void StorePart(CFMutableDictionaryRef options, CFStringRef key, const DialingPar
         CFDictionaryRemoveValue(options, key);
     }
 }
-
-CFBooleanRef BooleanOf(bool value) { return value ? kCFBooleanTrue : kCFBooleanFalse; }
 
 }  // namespace
 
@@ -121,14 +117,14 @@ void FaxOptionControls::SyncToUI(CFDictionaryRef options) const {
     const bool hasCover = BooleanOr(options, kFaxPrintCoverSheetProperty, false);
     SetControl32BitValue(control(kCoverMenuID), hasCover ? kCoverSheetItem : kNoCoverSheetItem);
     const CFStringRef stored = StringInDictionary(options, kFaxCoverSheetNotesProperty);
-    if (hasCover && LengthOf(stored) > 0) SetControlTitleWithCFString(control(kNotesID), stored);
+    if (hasCover && CFStringGetLength(stored) > 0)
+        SetControlTitleWithCFString(control(kNotesID), stored);
     UpdateCoverSheetControls(Focus::stays);
 }
 
 void FaxOptionControls::SyncFromUI(CFMutableDictionaryRef options, SInt64 now) const {
-    CFDictionarySetValue(
-        options, kFaxPrintConfirmationSheetProperty,
-        BooleanOf(GetControl32BitValue(control(kConfirmationID)) == kPrintConfirmationItem));
+    SetBoolean(options, kFaxPrintConfirmationSheetProperty,
+               GetControl32BitValue(control(kConfirmationID)) == kPrintConfirmationItem);
     // The speed's item number, the resolution's value: they are the same today.
     CFDictionarySetValue(options, kFaxSendSpeedProperty,
                          CreateNumber(GetControl32BitValue(control(kSendSpeedID))));
@@ -144,9 +140,9 @@ void FaxOptionControls::SyncFromUI(CFMutableDictionaryRef options, SInt64 now) c
     StorePart(options, kFaxCreditCardProperty, creditCard());
 
     const bool hasCover = GetControl32BitValue(control(kCoverMenuID)) == kCoverSheetItem;
-    CFDictionarySetValue(options, kFaxPrintCoverSheetProperty, BooleanOf(hasCover));
+    SetBoolean(options, kFaxPrintCoverSheetProperty, hasCover);
     if (!hasCover) return;
-    if (const auto typed = notes(); LengthOf(typed) > 0) {
+    if (const auto typed = notes(); CFStringGetLength(typed) > 0) {
         CFDictionarySetValue(options, kFaxCoverSheetNotesProperty, typed);
         CFDictionarySetValue(options, kFaxCoverLocalizedNotesLabel,
                              CopyText(bundle_, CFSTR("Notes Label"), kFaxTextTable));
@@ -188,7 +184,7 @@ DialingPart FaxOptionControls::partOf(SInt32 box, SInt32 field) const {
     if (GetControl32BitValue(control(box)) != 1) return {};
     const auto text = TextIn(control(field));
     return {.isOn = true,
-            .length = LengthOf(text),
+            .length = CFStringGetLength(text),
             .text = Owned<CFMutableStringRef>::Adopt(
                 CFStringCreateMutableCopy(kCFAllocatorDefault, 0, text))};
 }

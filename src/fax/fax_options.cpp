@@ -22,8 +22,12 @@ bool BooleanOr(CFDictionaryRef options, CFStringRef key, bool missing) {
     return stored ? CFBooleanGetValue(stored) : missing;
 }
 
+void SetBoolean(CFMutableDictionaryRef options, CFStringRef key, bool value) {
+    CFDictionarySetValue(options, key, value ? kCFBooleanTrue : kCFBooleanFalse);
+}
+
 void SetOrRemove(CFMutableDictionaryRef options, CFStringRef key, CFStringRef text) {
-    if (text && CFStringGetLength(text) > 0) {
+    if (CFStringGetLength(text) > 0) {
         CFDictionarySetValue(options, key, text);
     } else {
         CFDictionaryRemoveValue(options, key);

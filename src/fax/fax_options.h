@@ -54,6 +54,7 @@ inline constexpr SInt32 kCoverSizeLetter = 1;
 [[nodiscard]] SInt32 NumberOr(CFDictionaryRef options, CFStringRef key, SInt32 missing);
 /// The boolean under the key; `missing` without one.
 [[nodiscard]] bool BooleanOr(CFDictionaryRef options, CFStringRef key, bool missing);
+void SetBoolean(CFMutableDictionaryRef options, CFStringRef key, bool value);
 /// Stores the text, or removes the key when there is none.
 void SetOrRemove(CFMutableDictionaryRef options, CFStringRef key, CFStringRef text);
 /// In the place of all that stands in `options`.

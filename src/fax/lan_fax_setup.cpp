@@ -86,8 +86,8 @@ private:
     bool accept() override {
         if (CheckMaxDialingStringExceeded()) return false;
         controls_.SyncFromUI(options_, GetLongDateTime());
-        storeFlag(kFaxPromptDuplicateProperty, model_.promptDuplicate);
-        storeFlag(kFaxPromptRemoveProperty, model_.promptRemove);
+        SetBoolean(options_, kFaxPromptDuplicateProperty, model_.promptDuplicate);
+        SetBoolean(options_, kFaxPromptRemoveProperty, model_.promptRemove);
         return true;
     }
 
@@ -207,10 +207,6 @@ private:
                                        .list = model_.list,
                                        .notes = controls_.notes(),
                                        .imageIndex = imageIndex_});
-    }
-
-    void storeFlag(CFStringRef key, SInt32 flag) const {
-        CFDictionarySetValue(options_, key, flag ? kCFBooleanTrue : kCFBooleanFalse);
     }
 
     CFMutableDictionaryRef options_;  // lent
