@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <mutex>
 
 #include "contacts/eds/failures.h"
 
@@ -38,6 +39,10 @@ Held<ESource> DefaultBook(ESourceRegistry* registry) {
     return Held<ESource>(builtIn ? e_source_registry_ref_default_address_book(registry) : nullptr);
 }
 
+/// The libraries have one registry for all threads. A thread that asks for it while another gives
+/// it up may be handed what is left of it: a registry without sources.
+std::mutex registryLock;
+
 void NoteLoss(EClient*, gpointer isLost) { *static_cast<bool*>(isLost) = true; }
 
 }  // namespace
@@ -55,6 +60,7 @@ Answer Connection::openRegistry(GCancellable* cancellable) {
 
 Answer Connection::open(GCancellable* cancellable) {
     if (client_) return {};
+    const std::lock_guard locked(registryLock);
     if (Answer answer = openRegistry(cancellable); !answer) return answer;
     const auto source = DefaultBook(registry_.get());
     if (!source) return {Code::unavailable, std::string(kOpening) + ": there is none"};
@@ -68,6 +74,7 @@ Answer Connection::open(GCancellable* cancellable) {
 }
 
 void Connection::drop() {
+    const std::lock_guard locked(registryLock);
     if (client_) g_signal_handlers_disconnect_by_data(client_.get(), &isLost_);
     client_.reset();
     registry_.reset();
