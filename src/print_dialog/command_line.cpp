@@ -27,6 +27,7 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     auto* ppd = app.add_option("--ppd", into.ppd, "A PPD file instead of a queue");
     app.add_option("-t,--title", into.title, "Job name (default: the document's file name)");
     app.add_option("--ticket", into.ticket, "Start from this ticket file");
+    app.add_option("--preset", into.preset, "Start from the settings saved under this name");
     app.add_option("--write-ticket", into.writeTicket,
                    "Write the resulting ticket (- is standard output)");
     app.add_option("--output", into.output, "Print into this folder instead of a queue");
@@ -48,12 +49,16 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     app.add_option("--color-scheme", into.colorScheme, "The window's colours (default auto)")
         ->check(CLI::IsMember({"auto", "light", "dark"}))
         ->option_text("auto|light|dark");
+    auto* dryRun = app.add_flag(
+        "--dry-run", into.dryRun,
+        "Print nothing; tell what would come out, with which options, and what conflicts");
+    app.add_flag("--json", into.json, "With --dry-run: for programs")->needs(dryRun);
     app.add_flag("--list-printers", into.listPrinters, "List the queues and exit");
     app.set_version_flag("--version", "kalmo-print " KALMO_VERSION);
     app.footer("Exit code: 0 done, 1 failed or refused, 2 usage or unreadable input, 3 cancelled.");
     printer->excludes(ppd);
-    for (auto* option : {printer, ppd, app.get_option("--ticket"), app.get_option("--write-ticket"),
-                         app.get_option("--output")}) {
+    for (auto* option : {printer, ppd, app.get_option("--ticket"), app.get_option("--preset"),
+                         app.get_option("--write-ticket"), app.get_option("--output")}) {
         option->check([](const std::string& text) {
             return text.empty() ? std::string("The value is empty") : std::string();
         });

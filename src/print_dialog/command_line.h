@@ -19,6 +19,7 @@ struct CommandLine {
     std::string ppd;       // a PPD file instead
     std::string title;
     std::string ticket;
+    std::string preset;       // a name
     std::string writeTicket;  // "-": standard output
     std::string output;       // a folder instead of a queue
     std::vector<std::string> panels;
@@ -27,6 +28,8 @@ struct CommandLine {
     bool noDialog = false;
     bool printFirstFrame = false;
     bool listPrinters = false;
+    bool dryRun = false;  // tell what would be printed
+    bool json = false;    // with dryRun: for programs
 
     /// The job's name: the title, else the document's file name; empty without either.
     [[nodiscard]] std::string jobName() const;

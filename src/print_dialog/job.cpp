@@ -98,6 +98,7 @@ std::unique_ptr<Job> StartJob(PrintJobHost& host, const JobRequest& request,
                               JobCallbacks callbacks) {
     if (!host.printCheck()) return nullptr;
     const OSStatus status = host.hasPane() ? host.sync(kSyncToTicket) : noErr;
+    if (callbacks.approve && !callbacks.approve()) return nullptr;
     std::unique_ptr<Job> job(new Job(std::move(callbacks)));
     JobOrder order;
     auto outcome = MakeJobOrder(host, request, &order);

@@ -12,8 +12,11 @@
 
 namespace kalmo {
 
-/// All run on the UI thread, later than StartJob returns.
+/// All run on the UI thread; all but `approve` later than StartJob returns.
 struct JobCallbacks {
+    /// Asked within StartJob once the tickets hold the job, before anything is written. False: it
+    /// is not printed. May be empty.
+    std::function<bool()> approve;
     /// `percent` 0 .. 100 of the stage. May be empty.
     std::function<void(JobStage stage, int percent)> progress;
     /// Exactly once, unless the job object goes first.
@@ -46,7 +49,8 @@ private:
     AnswerBox answers_;  // last: goes first, so that no answer meets half an object
 };
 
-/// Null: the print check refused, the pane has said why, and nothing was written. Without a pane
+/// Null: the print check refused and the pane has said why, or it was not approved; nothing was
+/// written. Without a pane
 /// (another maker's queue) the job goes without a ticket. On the UI thread.
 [[nodiscard]] std::unique_ptr<Job> StartJob(PrintJobHost& host, const JobRequest& request,
                                             JobCallbacks callbacks);

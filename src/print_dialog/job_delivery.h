@@ -32,7 +32,10 @@ struct JobResult {
     End end = End::failed;
     /// One line: what happened, to what, and what to do. Empty when printed or cancelled.
     std::string message;
-    int jobID = 0;                   // a queue's job
+    int jobID = 0;  // a queue's job
+    /// What the server has of the job other than it was sent: "Staple: One staple was dropped", a
+    /// line each. Only of a queue's job that was printed.
+    std::vector<std::string> differences;
     std::filesystem::path document;  // a folder's files
     std::filesystem::path ticket;    // empty when the job has none
 };

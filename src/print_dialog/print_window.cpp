@@ -9,7 +9,6 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "print_dialog/color_options.h"
 #include "print_dialog/extension.h"
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/session_tickets.h"
@@ -27,25 +26,8 @@ constexpr int kWidthForThreeColumns = 1240;
 /// What the desktop draws around a window, which is not known before the window is there.
 constexpr QSize kFrame(16, 40);
 constexpr int kColumnGap = 18;
-constexpr int kAskAgainMs = 100;
-/// How the extension hears that a dialog ended without printing.
-constexpr OSStatus kNotPrinted = kPMInvalidPDEContext;
 
 constexpr auto kHelpPage = "How_to/print_a_document.htm";
-
-QString ShownName(const PrinterEntry& printer) {
-    return QString::fromStdString(printer.info.empty() ? printer.name : printer.info);
-}
-
-QString ShownStatus(const PrinterEntry& printer) {
-    const QString message = QString::fromStdString(printer.stateMessage);
-    if (!printer.accepting) return WindowText("Printer refuses jobs");
-    if (printer.stopped && message.isEmpty()) return WindowText("Printer stopped");
-    if (printer.stopped) return WindowText("Printer stopped because", {message});
-    if (!message.isEmpty()) return message;
-    return QString::fromStdString(printer.location.empty() ? printer.makeAndModel
-                                                           : printer.location);
-}
 
 std::filesystem::path DroppedDocument(const QMimeData& dropped) {
     if (dropped.urls().size() != 1 || !dropped.urls().front().isLocalFile()) return {};
@@ -159,117 +141,6 @@ ExitCode PrintWindow::prepare() {
     return kExitDone;
 }
 
-void PrintWindow::findPrinters() {
-    if (!commandLine_.printer.empty()) openQueue(commandLine_.printer);
-    form_->destination()->setStatus(WindowText("Looking for printers"));
-    printers_.list([this](const PrinterList& list) { showPrinters(list); });
-}
-
-void PrintWindow::showPrinters(const PrinterList& list) {
-    std::vector<Destination> queues;
-    std::string preferred = commandLine_.printer;
-    for (const PrinterEntry& printer : list.printers) {
-        queues.push_back(
-            {Destination::Kind::queue, printer.name, ShownName(printer), ShownStatus(printer)});
-        if (preferred.empty() && printer.isDefault) preferred = printer.name;
-    }
-    DestinationChoice* destination = form_->destination();
-    destination->setStatus({});
-    destination->setQueues(std::move(queues), QString::fromStdString(list.error));
-    // A PPD file or a folder on the command line is a choice of its own.
-    if (!commandLine_.output.empty() || !commandLine_.ppd.empty() || job_) return;
-    destination->chooseQueue(preferred);
-    chooseDestination();
-}
-
-void PrintWindow::chooseDestination() {
-    const Destination& chosen = form_->destination()->current();
-    if (chosen.kind == Destination::Kind::queue && chosen.queue != host_.printer().name) {
-        openQueue(chosen.queue);
-    }
-    updatePrint();
-}
-
-void PrintWindow::openQueue(const std::string& queue) {
-    openingQueue_ = queue;
-    form_->destination()->setStatus(WindowText("Opening printer"));
-    printers_.describe(queue, [this, queue](const PrinterDescription& found) {
-        whenPaneIsFree([=, this] {
-            if (queue == openingQueue_) usePrinter(found);
-        });
-    });
-    updatePrint();
-}
-
-void PrintWindow::usePrinter(const PrinterDescription& found) {
-    DestinationChoice* destination = form_->destination();
-    destination->setStatus(QString::fromStdString(found.error));
-    if (found.error.empty()) {
-        closePane();
-        const auto outcome = host_.setPrinter({openingQueue_, found.ppdPath});
-        destination->setStatus(QString::fromStdString(outcome.error));
-        if (!outcome) static_cast<void>(host_.setPrinter({openingQueue_, {}}));
-        openPane();
-    }
-    openingQueue_.clear();
-    updatePrint();
-}
-
-void PrintWindow::whenPaneIsFree(const std::function<void()>& act) {
-    // A dialog of the pane works on what the pane holds: the pane stays until it is answered, and
-    // until a job on its way has come to its end.
-    if (!QApplication::activeModalWidget() && !job_) return act();
-    QTimer::singleShot(kAskAgainMs, this, [this, act] { whenPaneIsFree(act); });
-}
-
-void PrintWindow::changePanels() {
-    changePane([this] { host_.setPanels(panels_->panels()); });
-    bar_->showFault(QString::fromStdString(RememberPanels(panels_->panels()).error));
-    panels_->setFocus();
-}
-
-void PrintWindow::changePane(const std::function<void()>& change) {
-    const bool hadPane = host_.hasPane();
-    if (hadPane) closePane();
-    change();
-    if (hadPane) openPane();
-}
-
-void PrintWindow::closePane() {
-    if (host_.hasPane()) {
-        shownPanel_ = host_.shownPanel();
-        host_.sync(kSyncToTicket);
-    }
-    host_.end(kNotPrinted);
-}
-
-void PrintWindow::openPane() {
-    const PPDDescription printer = host_.description() ? *host_.description() : PPDDescription{};
-    JobSettings settings = form_->settings();
-    settings.paper = host_.ppdChoice("PageSize");
-    settings.inputSlot = host_.ppdChoice("InputSlot");
-    settings.colorOption = ColorOption(printer);
-    settings.colorChoice = host_.ppdChoice(settings.colorOption);
-    if (form_->keepsOrientation()) settings.orientation = host_.settings().orientation;
-    form_->setPrinter(printer, settings);
-    form_->destination()->setFolderNote(
-        printer.makeAndModel.empty()
-            ? QString()
-            : WindowText("Settings of", {QString::fromStdString(printer.makeAndModel)}));
-
-    const QString name = QString::fromStdString(host_.printer().name);
-    if (!extensionLoaded_) return pane_->showReason(WindowText("Extension missing"));
-    if (!host_.description()) return pane_->showReason(WindowText("Printer without PPD", {name}));
-    if (host_.begin(pane_->createEmbedder()) != noErr) {
-        host_.end(kNotPrinted);
-        return pane_->showReason(WindowText("Another maker's printer", {name}));
-    }
-    host_.open();
-    host_.apply(form_->settings());
-    host_.showPanel(shownPanel_);
-    pane_->showPane(host_.paneWidth(), host_.paneHeight());
-}
-
 void PrintWindow::openDocument(const std::filesystem::path& file) {
     if (!job_) whenPaneIsFree([=, this] { showDocument(file); });
 }
@@ -307,73 +178,6 @@ void PrintWindow::settingsChanged() {
         if (form_->isValid()) host_.apply(form_->settings());
     });
     updatePrint();
-}
-
-void PrintWindow::updatePrint() {
-    const Destination& destination = form_->destination()->current();
-    const bool ready = destination.kind == Destination::Kind::folder ||
-                       (openingQueue_.empty() && host_.printer().name == destination.queue);
-    print_->setEnabled(ready && !job_ && form_->isValid() &&
-                       document_.state() == Document::State::ready);
-}
-
-JobRequest PrintWindow::jobRequest() const {
-    const Destination& destination = form_->destination()->current();
-    JobRequest request{.document = printed_->path(),
-                       .layout = SheetLayout(form_->paper(), form_->settings(), document_.pages())};
-    if (destination.kind == Destination::Kind::queue) {
-        request.queue = destination.queue;
-    } else {
-        request.folder = form_->destination()->folder();
-    }
-    return request;
-}
-
-void PrintWindow::print() {
-    if (!print_->isEnabled()) return;
-    bar_->clear();
-    host_.apply(form_->settings());
-    printed_ = document_.copy();
-    const QString destination = form_->destination()->current().text;
-    job_ = StartJob(host_, jobRequest(),
-                    {.progress =
-                         [this, destination](JobStage stage, int percent) {
-                             bar_->showProgress(stage, percent, destination);
-                         },
-                     .finished = [this](const JobResult& result) { finishJob(result); }});
-    if (!job_) return;  // the pane has said why
-    setSending(true);
-    bar_->showProgress(JobStage::preparing, 0, destination);
-}
-
-void PrintWindow::setSending(bool sending) {
-    if (sending) focusBefore_ = focusWidget();
-    body_->setEnabled(!sending);
-    help_->setEnabled(!sending);
-    panels_->setEnabled(!sending);
-    updatePrint();
-    if (sending) {
-        cancel_->setFocus();
-    } else if (focusBefore_) {
-        focusBefore_->setFocus();
-    }
-}
-
-void PrintWindow::finishJob(const JobResult& result) {
-    job_.reset();
-    setSending(false);
-    bar_->showFault(QString::fromStdString(result.message));
-    if (stopping_) QDialog::reject();
-    if (result.end != JobResult::End::printed) return;
-    exitCode_ = kExitDone;
-    if (!commandLine_.writeTicket.empty()) {
-        const auto written = WriteTicket(commandLine_.writeTicket, host_);
-        if (!written) {
-            PrintMessage(written.error);
-            exitCode_ = kExitFailed;
-        }
-    }
-    accept();
 }
 
 void PrintWindow::stop() {

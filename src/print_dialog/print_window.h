@@ -22,6 +22,9 @@
 
 namespace kalmo {
 
+/// How the extension hears that a dialog ended without printing.
+inline constexpr OSStatus kNotPrinted = kPMInvalidPDEContext;
+
 /// Shows the dialog and runs until it is closed. A QApplication must be running. What is wrong with
 /// the command line goes to standard error before any window.
 [[nodiscard]] ExitCode RunPrintWindow(const CommandLine& commandLine);

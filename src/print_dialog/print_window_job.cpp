@@ -1,0 +1,74 @@
+// From the window's Print button to the end of the job.
+#include "print_dialog/print_window.h"
+#include "print_dialog/window_texts.h"
+
+namespace kalmo {
+
+void PrintWindow::updatePrint() {
+    const Destination& destination = form_->destination()->current();
+    const bool ready = destination.kind == Destination::Kind::folder ||
+                       (openingQueue_.empty() && host_.printer().name == destination.queue);
+    print_->setEnabled(ready && !job_ && form_->isValid() &&
+                       document_.state() == Document::State::ready);
+}
+
+JobRequest PrintWindow::jobRequest() const {
+    const Destination& destination = form_->destination()->current();
+    JobRequest request{.document = printed_->path(),
+                       .layout = SheetLayout(form_->paper(), form_->settings(), document_.pages())};
+    if (destination.kind == Destination::Kind::queue) {
+        request.queue = destination.queue;
+    } else {
+        request.folder = form_->destination()->folder();
+    }
+    return request;
+}
+
+void PrintWindow::print() {
+    if (!print_->isEnabled()) return;
+    bar_->clear();
+    host_.apply(form_->settings());
+    printed_ = document_.copy();
+    const QString destination = form_->destination()->current().text;
+    job_ = StartJob(host_, jobRequest(),
+                    {.progress =
+                         [this, destination](JobStage stage, int percent) {
+                             bar_->showProgress(stage, percent, destination);
+                         },
+                     .finished = [this](const JobResult& result) { finishJob(result); }});
+    if (!job_) return;  // the pane has said why
+    setSending(true);
+    bar_->showProgress(JobStage::preparing, 0, destination);
+}
+
+void PrintWindow::setSending(bool sending) {
+    if (sending) focusBefore_ = focusWidget();
+    body_->setEnabled(!sending);
+    help_->setEnabled(!sending);
+    panels_->setEnabled(!sending);
+    updatePrint();
+    if (sending) {
+        cancel_->setFocus();
+    } else if (focusBefore_) {
+        focusBefore_->setFocus();
+    }
+}
+
+void PrintWindow::finishJob(const JobResult& result) {
+    job_.reset();
+    setSending(false);
+    bar_->showFault(QString::fromStdString(result.message));
+    if (stopping_) QDialog::reject();
+    if (result.end != JobResult::End::printed) return;
+    exitCode_ = kExitDone;
+    if (!commandLine_.writeTicket.empty()) {
+        const auto written = WriteTicket(commandLine_.writeTicket, host_);
+        if (!written) {
+            PrintMessage(written.error);
+            exitCode_ = kExitFailed;
+        }
+    }
+    accept();
+}
+
+}  // namespace kalmo

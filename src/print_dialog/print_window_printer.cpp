@@ -1,0 +1,142 @@
+// The window's printer, and the pane that comes with it.
+#include <QApplication>
+#include <QTimer>
+
+#include "print_dialog/color_options.h"
+#include "print_dialog/print_window.h"
+#include "print_dialog/remembered_settings.h"
+#include "print_dialog/window_texts.h"
+
+namespace kalmo {
+namespace {
+
+constexpr int kAskAgainMs = 100;
+
+QString ShownName(const PrinterEntry& printer) {
+    return QString::fromStdString(printer.info.empty() ? printer.name : printer.info);
+}
+
+QString ShownStatus(const PrinterEntry& printer) {
+    const QString message = QString::fromStdString(printer.stateMessage);
+    if (!printer.accepting) return WindowText("Printer refuses jobs");
+    if (printer.stopped && message.isEmpty()) return WindowText("Printer stopped");
+    if (printer.stopped) return WindowText("Printer stopped because", {message});
+    if (!message.isEmpty()) return message;
+    return QString::fromStdString(printer.location.empty() ? printer.makeAndModel
+                                                           : printer.location);
+}
+
+}  // namespace
+
+void PrintWindow::findPrinters() {
+    if (!commandLine_.printer.empty()) openQueue(commandLine_.printer);
+    form_->destination()->setStatus(WindowText("Looking for printers"));
+    printers_.list([this](const PrinterList& list) { showPrinters(list); });
+}
+
+void PrintWindow::showPrinters(const PrinterList& list) {
+    std::vector<Destination> queues;
+    std::string preferred = commandLine_.printer;
+    for (const PrinterEntry& printer : list.printers) {
+        queues.push_back(
+            {Destination::Kind::queue, printer.name, ShownName(printer), ShownStatus(printer)});
+        if (preferred.empty() && printer.isDefault) preferred = printer.name;
+    }
+    DestinationChoice* destination = form_->destination();
+    destination->setStatus({});
+    destination->setQueues(std::move(queues), QString::fromStdString(list.error));
+    // A PPD file or a folder on the command line is a choice of its own.
+    if (!commandLine_.output.empty() || !commandLine_.ppd.empty() || job_) return;
+    destination->chooseQueue(preferred);
+    chooseDestination();
+}
+
+void PrintWindow::chooseDestination() {
+    const Destination& chosen = form_->destination()->current();
+    if (chosen.kind == Destination::Kind::queue && chosen.queue != host_.printer().name) {
+        openQueue(chosen.queue);
+    }
+    updatePrint();
+}
+
+void PrintWindow::openQueue(const std::string& queue) {
+    openingQueue_ = queue;
+    form_->destination()->setStatus(WindowText("Opening printer"));
+    printers_.describe(queue, [this, queue](const PrinterDescription& found) {
+        whenPaneIsFree([=, this] {
+            if (queue == openingQueue_) usePrinter(found);
+        });
+    });
+    updatePrint();
+}
+
+void PrintWindow::usePrinter(const PrinterDescription& found) {
+    DestinationChoice* destination = form_->destination();
+    destination->setStatus(QString::fromStdString(found.error));
+    if (found.error.empty()) {
+        closePane();
+        const auto outcome = host_.setPrinter({openingQueue_, found.ppdPath});
+        destination->setStatus(QString::fromStdString(outcome.error));
+        if (!outcome) static_cast<void>(host_.setPrinter({openingQueue_, {}}));
+        openPane();
+    }
+    openingQueue_.clear();
+    updatePrint();
+}
+
+void PrintWindow::whenPaneIsFree(const std::function<void()>& act) {
+    // A dialog of the pane works on what the pane holds: the pane stays until it is answered, and
+    // until a job on its way has come to its end.
+    if (!QApplication::activeModalWidget() && !job_) return act();
+    QTimer::singleShot(kAskAgainMs, this, [this, act] { whenPaneIsFree(act); });
+}
+
+void PrintWindow::changePanels() {
+    changePane([this] { host_.setPanels(panels_->panels()); });
+    bar_->showFault(QString::fromStdString(RememberPanels(panels_->panels()).error));
+    panels_->setFocus();
+}
+
+void PrintWindow::changePane(const std::function<void()>& change) {
+    const bool hadPane = host_.hasPane();
+    if (hadPane) closePane();
+    change();
+    if (hadPane) openPane();
+}
+
+void PrintWindow::closePane() {
+    if (host_.hasPane()) {
+        shownPanel_ = host_.shownPanel();
+        host_.sync(kSyncToTicket);
+    }
+    host_.end(kNotPrinted);
+}
+
+void PrintWindow::openPane() {
+    const PPDDescription printer = host_.description() ? *host_.description() : PPDDescription{};
+    JobSettings settings = form_->settings();
+    settings.paper = host_.ppdChoice("PageSize");
+    settings.inputSlot = host_.ppdChoice("InputSlot");
+    settings.colorOption = ColorOption(printer);
+    settings.colorChoice = host_.ppdChoice(settings.colorOption);
+    if (form_->keepsOrientation()) settings.orientation = host_.settings().orientation;
+    form_->setPrinter(printer, settings);
+    form_->destination()->setFolderNote(
+        printer.makeAndModel.empty()
+            ? QString()
+            : WindowText("Settings of", {QString::fromStdString(printer.makeAndModel)}));
+
+    const QString name = QString::fromStdString(host_.printer().name);
+    if (!extensionLoaded_) return pane_->showReason(WindowText("Extension missing"));
+    if (!host_.description()) return pane_->showReason(WindowText("Printer without PPD", {name}));
+    if (host_.begin(pane_->createEmbedder()) != noErr) {
+        host_.end(kNotPrinted);
+        return pane_->showReason(WindowText("Another maker's printer", {name}));
+    }
+    host_.open();
+    host_.apply(form_->settings());
+    host_.showPanel(shownPanel_);
+    pane_->showPane(host_.paneWidth(), host_.paneHeight());
+}
+
+}  // namespace kalmo
