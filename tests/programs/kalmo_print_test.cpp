@@ -62,7 +62,8 @@ TEST_F(KalmoPrintTest, TheLifeOfAPaneKeepsWhatItDoesNotKnow) {
                                    "<key>KLEconomode</key><string>Draft</string>");
     const WrittenTicket expected(ReadFile(before));
     for (const fs::path& ppd :
-         {SamplePPD("kalmo-office-color"), SamplePPD("kalmo-office-mono"), WritePPD("Kalmo")}) {
+         {SamplePPD("kalmo-office-color"), SamplePPD("kalmo-office-mono"),
+          SamplePPD("kalmo-production"), SamplePPD("kalmo-basic"), WritePPD("Kalmo")}) {
         for (const char* phase : {"initialize", "open"}) {
             SCOPED_TRACE(ppd.string() + " " + phase);
             const auto end = run({"--no-dialog", "--ppd", ppd, "--ticket", before, "--phase", phase,

@@ -7,7 +7,8 @@
 
 namespace kalmo::test {
 
-/// A sample printer of the project: "kalmo-office-color", "kalmo-office-mono".
+/// A sample printer of the project: "kalmo-office-color", "kalmo-office-mono", "kalmo-production",
+/// "kalmo-basic".
 [[nodiscard]] std::filesystem::path SamplePPD(const std::string& printer);
 /// A small PPD file of that maker with Letter and A4, in a fresh folder.
 [[nodiscard]] std::filesystem::path WritePPD(const std::string& manufacturer);
