@@ -8,12 +8,21 @@
 namespace kalmo::test {
 namespace {
 
+/// The languages whose help pages are written.
+std::vector<std::string> WithHelp() {
+    std::vector<std::string> languages = Languages();
+    std::erase_if(languages, [](const std::string& language) {
+        return !std::filesystem::exists(kResources / (language + ".lproj/Help/index.htm"));
+    });
+    return languages;
+}
+
 const std::regex kLinks(R"re(<a href="([^"]+)")re");
 
-class HelpBook : public testing::TestWithParam<const char*> {
+class HelpBook : public testing::TestWithParam<std::string> {
 protected:
-    std::filesystem::path folder() const {
-        return kResources / (std::string(GetParam()) + ".lproj") / "Help";
+    static std::filesystem::path folder(const std::string& language = GetParam()) {
+        return kResources / (language + ".lproj") / "Help";
     }
 };
 
@@ -46,7 +55,19 @@ TEST_P(HelpBook, PagesThatCodeOpensExist) {
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, HelpBook, testing::Values("en", "de"));
+TEST_P(HelpBook, PagesHaveTheLinksAndPlacesOfEnglish) {
+    const std::regex names(R"re((href="[^"]+"|name="[^"]+"))re");
+    const auto linksAndPlaces = [&names](const std::filesystem::path& page) {
+        const auto found = Matches(ReadFile(page), names);
+        return std::multiset<std::string>(found.begin(), found.end());
+    };
+    ForEachFile(folder("en"), {".htm"}, [&](const std::filesystem::path& english) {
+        const auto page = folder() / std::filesystem::relative(english, folder("en"));
+        EXPECT_EQ(linksAndPlaces(page), linksAndPlaces(english)) << page;
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, HelpBook, testing::ValuesIn(WithHelp()));
 
 }  // namespace
 }  // namespace kalmo::test

@@ -11,6 +11,16 @@ inline const std::filesystem::path kSources = std::filesystem::path(KALMO_SOURCE
 inline const std::filesystem::path kResources =
     std::filesystem::path(KALMO_SOURCE_DIR) / "resources/KalmoFeatures.plugin/Contents/Resources";
 
+/// The languages of the product, English among them: those that the bundle has a folder for.
+inline std::vector<std::string> Languages() {
+    std::vector<std::string> languages;
+    for (const auto& entry : std::filesystem::directory_iterator(kResources)) {
+        if (entry.path().extension() == ".lproj") languages.push_back(entry.path().stem());
+    }
+    std::ranges::sort(languages);
+    return languages;
+}
+
 /// Calls for each file below `folder` with one of the endings (".cpp").
 inline void ForEachFile(const std::filesystem::path& folder, const std::set<std::string>& endings,
                         const std::function<void(const std::filesystem::path&)>& visit) {

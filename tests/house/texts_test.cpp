@@ -66,20 +66,37 @@ std::map<std::string, std::string> UsedKeys() {
     return used;
 }
 
-std::multiset<std::string> Places(const std::string& text) {
-    const std::vector<std::string> found =
-        Matches(text, std::regex("%(?:[0-9]+\\$)?(@|d|ld|[0-9])"));
-    return {found.begin(), found.end()};
+/// What a text is filled with: the kind of each argument. "%2$@" names the second one.
+std::map<std::size_t, std::string> Places(const std::string& text) {
+    static const std::regex pattern("%(?:([0-9]+)\\$)?(@|d|ld)");
+    std::map<std::size_t, std::string> places;
+    for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end; ++match)
+        places[(*match)[1].matched ? std::stoul((*match)[1]) : places.size() + 1] = (*match)[2];
+    return places;
 }
 
-/// The texts of the pane, those of the fax dialogs, and those of the print window.
+bool IsTrimmed(const std::string& text) {
+    const auto isBlank = [](unsigned char letter) { return std::isspace(letter) != 0; };
+    return !text.empty() && !isBlank(text.front()) && !isBlank(text.back());
+}
+
+/// One letter at most is pressed with Alt; Japanese texts have it in brackets at their end.
+bool HasLetter(const std::string& text) {
+    const std::size_t mark = text.find('&');
+    return mark != std::string::npos && text.find('&', mark + 1) == std::string::npos &&
+           std::isalnum(static_cast<unsigned char>(text[mark + 1]));
+}
+
+const std::filesystem::path kTree = KALMO_SOURCE_DIR;
+
+/// The texts of the pane, of the fax dialogs, of the print window, and of the example.
 const struct TableFile {
     std::filesystem::path folder;
     const char* name;
-} kTables[] = {
-    {kResources, "Localizable.strings"},
-    {kResources, "LANFax.strings"},
-    {std::filesystem::path(KALMO_SOURCE_DIR) / "resources/kalmo-print", "Window.strings"}};
+} kTables[] = {{kResources, "Localizable.strings"},
+               {kResources, "LANFax.strings"},
+               {kTree / "resources/kalmo-print", "Window.strings"},
+               {kTree / "examples/color_options/Contents/Resources", "Localizable.strings"}};
 
 StringsTable Table(const TableFile& file, const std::string& language) {
     StringsTable table =
@@ -111,14 +128,20 @@ TEST(Texts, ThePrintWindowShowsEachOfItsTexts) {
     EXPECT_EQ(used, given);
 }
 
-TEST(Texts, TranslationsKeepKeysAndPlaces) {
+TEST(Texts, TranslationsKeepKeysPlacesAndLetters) {
     for (const TableFile& file : kTables) {
-        const StringsTable english = Table(file, "en"), german = Table(file, "de");
-        EXPECT_EQ(english.texts.size(), german.texts.size());
-        for (const auto& [key, text] : german.texts) {
-            const auto original = english.texts.find(key);
-            ASSERT_NE(original, english.texts.end()) << "unknown to English: " << key;
-            EXPECT_EQ(Places(original->second), Places(text)) << key;
+        const StringsTable english = Table(file, "en");
+        for (const std::string& language : Languages()) {
+            const StringsTable table = Table(file, language);
+            for (const auto& [key, text] : table.texts) {
+                SCOPED_TRACE(language + " \"" + key + "\" of " + file.name);
+                const auto original = english.texts.find(key);
+                ASSERT_NE(original, english.texts.end()) << "unknown to English";
+                EXPECT_EQ(Places(original->second), Places(text));
+                EXPECT_TRUE(IsTrimmed(text)) << text;
+                const bool isPressed = (original->second + text).find('&') != std::string::npos;
+                EXPECT_EQ(HasLetter(text), isPressed) << text;
+            }
         }
     }
 }

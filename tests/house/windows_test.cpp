@@ -88,10 +88,10 @@ struct Windows : testing::Test {
 };
 
 TEST_F(Windows, ServeEverybodyInEveryLanguageAndSize) {
-    for (const char* language : {"en", "de"}) {
+    for (const std::string& language : Languages()) {
         for (const qreal points : {9.0, 18.0}) {
-            SCOPED_TRACE(std::string(language) + " at " + std::to_string(points));
-            setenv("LANGUAGE", language, 1);
+            SCOPED_TRACE(language + " at " + std::to_string(points));
+            setenv("LANGUAGE", language.c_str(), 1);
             QFont sized = font;
             sized.setPointSizeF(points);
             QApplication::setFont(sized);
