@@ -26,9 +26,9 @@ public:
                                                               std::string* reason);
     virtual ~PPDConstraints() = default;
 
-    /// Every conflict, each once, of what prints with these choices: for an option that is not
-    /// among them, the file's default. Options and choices that the file does not know are passed
-    /// over.
+    /// Every conflict, each once, of what prints with these choices: the last of each option, and
+    /// for one that is not among them the file's default. Options and choices that the file does
+    /// not know are passed over, and so are conflicts of installed parts alone, which no job ends.
     [[nodiscard]] virtual std::vector<PPDConflict> conflicts(
         const std::vector<PPDSelection>& chosen) const = 0;
     /// The fewest changes after which there is no conflict; none of an option that is in no
