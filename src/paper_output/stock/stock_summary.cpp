@@ -76,8 +76,9 @@ public:
         const auto shown = CopyShortened(text, kLongestStockText);
         if (!labelKey) return lines_.add(shown);
         const auto label = CopyText(bundle_, labelKey);
-        const auto line = Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
-            kCFAllocatorDefault, CFSTR("%@: %@"), label.get(), shown.get()));
+        const auto format = CopyText(bundle_, CFSTR("StockLine"));
+        const auto line = Owned<CFStringRef>::Adopt(
+            CFStringCreateWithFormat(kCFAllocatorDefault, format, label.get(), shown.get()));
         lines_.add(line);
     }
     [[nodiscard]] CFStringRef joined(CFStringRef separator) const {
