@@ -38,7 +38,9 @@ public:
 }  // namespace
 
 SearchField::SearchField(QWidget* parent) : TextField(parent) {
-    addAction(QIcon(new MagnifyingGlass), LeadingPosition);
+    // For those who do not see the picture.
+    addAction(QIcon(new MagnifyingGlass), LeadingPosition)
+        ->setText(QCoreApplication::translate("QShortcut", "Search"));
     QAction* const clear =
         addAction(style()->standardIcon(QStyle::SP_LineEditClearButton), TrailingPosition);
     clear->setText(QCoreApplication::translate("QLineEdit", "Delete"));
