@@ -306,17 +306,34 @@ def job_types(reader, program):
             reader.leave(front.get_name(), 1)
 
 
-def faulty_pages(reader, program):
+def faulty_fields(reader, program):
     """After an error the focus is on the field, and the message is what is read out with it."""
+    choose_panel(program, 0)
     program.press("alt+n", settle=0.3)
+    said_before = program.focused.get_description()
     program.type("99")
     program.press("Return", settle=0.4)
-    node = program.focused
-    if not node or node.get_role_name() != "text":
-        reader.fault("pages", "the focus is not on the field that is wrong")
-    elif "1" not in node.get_description():
-        reader.fault("pages", f"the field does not say what is wrong: “{node.get_description()}”")
+    expect_fault(reader, program, "page range", said_before)
     program.press("ctrl+a", "BackSpace", "1", settle=0.2)
+
+    program.press("alt+j", "Home", "Down", "Return", settle=0.4)  # secure print
+    program.type("1234")
+    program.press("Tab")
+    program.type("9999")
+    program.press("Return", settle=0.5)
+    program.press("Return", settle=0.5)  # the notice
+    expect_fault(reader, program, "passcode", "")
+    reader.leave("secure print", 1)
+
+
+def expect_fault(reader, program, where, said_before):
+    node = program.focused
+    if not node or node.get_role_name() not in ("text", "password text"):
+        reader.fault(where, "the focus is not on the field that is wrong")
+    elif node.get_description() in ("", said_before):
+        reader.fault(where, "the field does not say what is wrong")
+    else:
+        print(f"{where}: “{node.get_description()}”")
 
 
 def main():
@@ -327,7 +344,7 @@ def main():
             choose_panel(program, number)
             reader.explore(f"panel {number + 1}", program.front())
         job_types(reader, program)
-        faulty_pages(reader, program)
+        faulty_fields(reader, program)
     finally:
         program.process.terminate()
     for path, controls in reader.read.items():

@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "toolbox/control_state.h"
+#include "toolbox/field_fault.h"
 #include "toolbox/help_viewer.h"
 #include "toolbox/qt_strings.h"
 
@@ -35,9 +36,12 @@ void Fill(QMessageBox& box, CFStringRef header, CFStringRef message) {
 }
 
 void Notice(CFStringRef header, CFStringRef message) {
-    QMessageBox box(OwnerOfAlerts());
+    const QPointer<QWidget> owner = OwnerOfAlerts();
+    QMessageBox box(owner);
     Fill(box, header, message);
     box.exec();
+    // Its caller now leads back to what was wrong.
+    if (owner) DescribeFaultOfFocusedField(*owner, ToQString(message));
 }
 
 bool Alert(const AlertTexts& texts) {

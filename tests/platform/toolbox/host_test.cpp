@@ -134,5 +134,20 @@ TEST_F(ModalLoops, NoticesAndAlertsShowTheirTextsAsWritten) {
     }
 }
 
+TEST_F(ModalLoops, FieldThatANoticeLeadsBackToTellsWhatIsWrong) {
+    QWidget window;
+    QLineEdit field(&window);
+    field.setAccessibleDescription("1-3, 5");
+    for (const QString fault : {"Too long", "Too short"}) {
+        Activate(window);
+        driver.expect([](QWidget& notice) { QTest::keyClick(&notice, Qt::Key_Return); });
+        ShowNotice(CFSTR("Name"), fault == "Too long" ? CFSTR("Too long") : CFSTR("Too short"));
+        field.setFocus();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return field.accessibleDescription() == fault; }));
+    }
+    QTest::keyClick(&field, Qt::Key_A);
+    EXPECT_EQ(field.accessibleDescription(), "1-3, 5");
+}
+
 }  // namespace
 }  // namespace kalmo::test
