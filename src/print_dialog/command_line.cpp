@@ -47,8 +47,8 @@ void AddOptions(CLI::App& app, CommandLine& into) {
                  "Once the dialog has painted, write when and how much memory, and exit")
         ->excludes(noDialog);
     app.add_option("--color-scheme", into.colorScheme, "The window's colours (default auto)")
-        ->check(CLI::IsMember({"auto", "light", "dark"}))
-        ->option_text("auto|light|dark");
+        ->check(CLI::IsMember({"auto", "light", "dark", "contrast", "dark-contrast"}))
+        ->option_text("auto|light|dark|contrast|dark-contrast");
     auto* dryRun = app.add_flag(
         "--dry-run", into.dryRun,
         "Print nothing; tell what would come out, with which options, and what conflicts");
