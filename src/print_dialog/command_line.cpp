@@ -26,8 +26,9 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     auto* printer = app.add_option("-d,--printer", into.printer, "A CUPS queue");
     auto* ppd = app.add_option("--ppd", into.ppd, "A PPD file instead of a queue");
     app.add_option("-t,--title", into.title, "Job name (default: the document's file name)");
-    app.add_option("--ticket", into.ticket, "Start from this ticket file");
-    app.add_option("--preset", into.preset, "Start from the settings saved under this name");
+    auto* ticket = app.add_option("--ticket", into.ticket, "Start from this ticket file");
+    app.add_option("--preset", into.preset, "Start from the settings saved under this name")
+        ->excludes(ticket);
     app.add_option("--write-ticket", into.writeTicket,
                    "Write the resulting ticket (- is standard output)");
     app.add_option("--output", into.output, "Print into this folder instead of a queue");

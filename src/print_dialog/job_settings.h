@@ -27,14 +27,17 @@ struct PageRange {
 /// "1-3,5", the form of the job option page-ranges.
 [[nodiscard]] std::string PageRangesText(const std::vector<PageRange>& ranges);
 
+inline constexpr int kMostCopies = 999;
+
 struct JobSettings {
-    int copies = 1;  // 1 .. 999
+    int copies = 1;  // 1 .. kMostCopies
     bool collate = true;
     std::vector<PageRange> pages;  // empty: all
     std::string paper;             // PageSize keyword of the PPD; empty: its default
     Orientation orientation = Orientation::portrait;
-    int pagesPerSheet = 1;    // 1, 2, 4, 6, 9, 16
-    std::string inputSlot;    // keyword; empty: not chosen
+    bool orientationChosen = false;  // by the user or a ticket; else it is the document's own
+    int pagesPerSheet = 1;           // 1, 2, 4, 6, 9, 16
+    std::string inputSlot;           // keyword; empty: not chosen
     std::string colorOption;  // the PPD's colour option ("KLMColor", "ColorModel"); empty: none
     std::string colorChoice;  // its keyword
     bool operator==(const JobSettings&) const = default;

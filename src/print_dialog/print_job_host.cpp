@@ -110,6 +110,8 @@ void PrintJobHost::fillSession() {
     if (!jobName_.empty()) WriteJobName(session_, jobName_);
     WriteMakeAndModel(session_, description_ ? description_->makeAndModel : "");
     if (!HasOrientation(session_)) WriteOrientation(session_, settings_.orientation);
+    WritePagesPerSheet(session_, settings_.pagesPerSheet);
+    WriteDialogSettings(session_, settings_);
 }
 
 void PrintJobHost::takeSettingsFromTickets() {
@@ -118,7 +120,9 @@ void PrintJobHost::takeSettingsFromTickets() {
     if (!settings_.colorOption.empty()) {
         settings_.colorChoice = ReadPPDChoice(session_, settings_.colorOption);
     }
-    if (HasOrientation(session_)) settings_.orientation = ReadOrientation(session_);
+    settings_.orientationChosen = HasOrientation(session_);
+    if (settings_.orientationChosen) settings_.orientation = ReadOrientation(session_);
+    ReadDialogSettings(session_, &settings_);
 }
 
 OSStatus PrintJobHost::open() {
@@ -203,6 +207,7 @@ void PrintJobHost::write(const JobSettings& settings) {
         WriteOrientation(session_, settings.orientation);
     }
     WritePagesPerSheet(session_, settings.pagesPerSheet);
+    WriteDialogSettings(session_, settings);
     settings_ = settings;
     // A booklet's own size is not the window's to change: the stock follows when it is left.
     if (hasPane()) paperIsNews_ = !StockTakesPaper(session_);

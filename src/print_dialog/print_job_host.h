@@ -58,8 +58,8 @@ public:
     void setJobName(const std::string& name);
 
     /// Replaces the tickets by those of a ticket file's bytes; a living pane then shows them. The
-    /// settings take over paper, orientation, source and colour from it. Fails, changing nothing,
-    /// when the bytes are no ticket file (no file name in the error).
+    /// settings take over paper, orientation, source, colour and the dialog's own from it. Fails,
+    /// changing nothing, when the bytes are no ticket file (no file name in the error).
     Outcome readTicket(std::string_view bytes);
 
     /// From the factory to Initialize. `parent` is the embedder for the pane, in a window that has

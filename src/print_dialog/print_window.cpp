@@ -11,7 +11,6 @@
 
 #include "print_dialog/extension.h"
 #include "print_dialog/remembered_settings.h"
-#include "print_dialog/session_tickets.h"
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
 #include "system/system.h"
@@ -98,6 +97,12 @@ QLayout* PrintWindow::createButtons() {
 }
 
 void PrintWindow::connectWidgets() {
+    presets_ = std::make_unique<PresetCommands>(host_, *form_->presets(),
+                                                [this](const auto& act) { whenPaneIsFree(act); });
+    connect(presets_.get(), &PresetCommands::applied, this, &PrintWindow::presetApplied);
+    connect(presets_.get(), &PresetCommands::told, bar_, &SendingBar::showFault);
+    connect(presets_.get(), &PresetCommands::settingsWanted, this,
+            [this] { host_.apply(form_->settings()); });
     connect(form_, &SettingsForm::changed, this, &PrintWindow::settingsChanged);
     connect(form_->destination(), &DestinationChoice::chosen, this,
             &PrintWindow::chooseDestination);
@@ -129,14 +134,15 @@ ExitCode PrintWindow::prepare() {
         if (!outcome) return refuse(commandLine_.ppd + ": " + outcome.error);
     }
     if (const auto loaded = LoadInputs(commandLine_, host_); !loaded) return refuse(loaded.error);
-    const bool fromTicket = !commandLine_.ticket.empty() && HasOrientation(host_.session());
-    if (fromTicket) form_->keepOrientation();
+    form_->takeTicket(host_.settings());
+    if (const auto begun = presets_->begin(commandLine_); !begun) return refuse(begun.error);
     if (!commandLine_.output.empty()) form_->destination()->setFolder(commandLine_.output);
     if (!input_.path().empty()) document_.open(input_.path());
     if (commandLine_.ppd.empty()) {
         pane_->showReason(WindowText("No printer yet"));
     } else {
         openPane();
+        presets_->printerCame();
     }
     return kExitDone;
 }
@@ -174,8 +180,10 @@ void PrintWindow::settingsChanged() {
         preview_->setSheets(form_->paper(), form_->settings(), form_->isGrey());
     }
     // A document that has loaded can change them at any time.
+    // Without a printer the form would take from a ticket the paper that the printer has.
     whenPaneIsFree([this] {
-        if (form_->isValid()) host_.apply(form_->settings());
+        const bool known = form_->isValid() && !host_.printer().name.empty();
+        if (known) host_.apply(form_->settings());
     });
     updatePrint();
 }
@@ -221,13 +229,21 @@ void PrintWindow::chooseDirection() {
     preview_->setVisible(wide || minimumSizeHint().height() <= room.height());
     body_->layout()->activate();
     layout()->activate();
-    resize(sizeHint().boundedTo(room));
+    const QSize remembered = RememberedWindowSize();
+    const QSize wanted = remembered.isEmpty() ? sizeHint() : remembered;
+    resize(wanted.expandedTo(minimumSizeHint()).boundedTo(room));
+}
+
+void PrintWindow::rememberSize() const {
+    const bool whole = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) != 0;
+    if (!whole && firstSize_.isValid() && size() != firstSize_) RememberWindowSize(size());
 }
 
 void PrintWindow::setVisible(bool visible) {
     // Before the window system knows the window: a second change of size on the way to its place
     // can bring it back to the corner of the screen, without its title bar.
     if (visible && !windowHandle()) chooseDirection();
+    if (!visible && isVisible()) rememberSize();
     QDialog::setVisible(visible);
 }
 
@@ -235,6 +251,7 @@ bool PrintWindow::event(QEvent* event) {
     const bool handled = QDialog::event(event);
     if (event->type() == QEvent::UpdateRequest && !painted_) {
         painted_ = true;
+        firstSize_ = size();
         Q_EMIT firstPainted();
     }
     return handled;

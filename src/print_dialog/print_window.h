@@ -14,6 +14,7 @@
 #include "print_dialog/job.h"
 #include "print_dialog/job_input.h"
 #include "print_dialog/pane_view.h"
+#include "print_dialog/preset_commands.h"
 #include "print_dialog/preview.h"
 #include "print_dialog/print_job_host.h"
 #include "print_dialog/printers.h"
@@ -65,12 +66,15 @@ private:
     QLayout* createButtons();
     void connectWidgets();
     void chooseDirection();
+    void rememberSize() const;
 
     void showPrinters(const PrinterList& list);
     void chooseDestination();
     void openQueue(const std::string& queue);
     void usePrinter(const PrinterDescription& found);
     void openPane();
+    void showHostSettings();
+    void presetApplied();
     void closePane();
     void changePane(const std::function<void()>& change);
     void whenPaneIsFree(const std::function<void()>& act);
@@ -101,11 +105,13 @@ private:
     Preview* preview_ = nullptr;
     PaneView* pane_ = nullptr;
     SendingBar* bar_ = nullptr;
+    std::unique_ptr<PresetCommands> presets_;
     QPushButton* help_ = nullptr;
     ExtrasButton* panels_ = nullptr;
     QPushButton* cancel_ = nullptr;
     QPushButton* print_ = nullptr;
 
+    QSize firstSize_;  // before the user could change it
     bool extensionLoaded_ = false;
     bool painted_ = false;
     bool stopping_ = false;

@@ -1,5 +1,6 @@
 // From the window's Print button to the end of the job.
 #include "print_dialog/print_window.h"
+#include "print_dialog/remembered_settings.h"
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
@@ -61,6 +62,9 @@ void PrintWindow::finishJob(const JobResult& result) {
     if (stopping_) QDialog::reject();
     if (result.end != JobResult::End::printed) return;
     exitCode_ = kExitDone;
+    presets_->jobPrinted();
+    const Destination& destination = form_->destination()->current();
+    if (destination.kind == Destination::Kind::queue) RememberPrinter(destination.queue);
     if (!commandLine_.writeTicket.empty()) {
         const auto written = WriteTicket(commandLine_.writeTicket, host_);
         if (!written) {

@@ -1,6 +1,7 @@
 // The window's printer, and the pane that comes with it.
 #include <QApplication>
 #include <QTimer>
+#include <algorithm>
 
 #include "print_dialog/color_options.h"
 #include "print_dialog/print_window.h"
@@ -29,6 +30,7 @@ QString ShownStatus(const PrinterEntry& printer) {
 }  // namespace
 
 void PrintWindow::findPrinters() {
+    presets_->ready();
     if (!commandLine_.printer.empty()) openQueue(commandLine_.printer);
     form_->destination()->setStatus(WindowText("Looking for printers"));
     printers_.list([this](const PrinterList& list) { showPrinters(list); });
@@ -37,6 +39,10 @@ void PrintWindow::findPrinters() {
 void PrintWindow::showPrinters(const PrinterList& list) {
     std::vector<Destination> queues;
     std::string preferred = commandLine_.printer;
+    const std::string last = preferred.empty() ? RememberedPrinter() : std::string();
+    const bool isThere =
+        std::ranges::find(list.printers, last, &PrinterEntry::name) != list.printers.end();
+    if (isThere) preferred = last;
     for (const PrinterEntry& printer : list.printers) {
         queues.push_back(
             {Destination::Kind::queue, printer.name, ShownName(printer), ShownStatus(printer)});
@@ -75,10 +81,13 @@ void PrintWindow::usePrinter(const PrinterDescription& found) {
     destination->setStatus(QString::fromStdString(found.error));
     if (found.error.empty()) {
         closePane();
+        presets_->printerLeaves();
         const auto outcome = host_.setPrinter({openingQueue_, found.ppdPath});
         destination->setStatus(QString::fromStdString(outcome.error));
         if (!outcome) static_cast<void>(host_.setPrinter({openingQueue_, {}}));
         openPane();
+        presets_->printerCame();
+        presets_->ready();
     }
     openingQueue_.clear();
     updatePrint();
@@ -112,20 +121,28 @@ void PrintWindow::closePane() {
     host_.end(kNotPrinted);
 }
 
-void PrintWindow::openPane() {
+void PrintWindow::presetApplied() {
+    form_->takeTicket(host_.settings());
+    showHostSettings();
+    documentChanged();
+}
+
+void PrintWindow::showHostSettings() {
     const PPDDescription printer = host_.description() ? *host_.description() : PPDDescription{};
     JobSettings settings = form_->settings();
     settings.paper = host_.ppdChoice("PageSize");
     settings.inputSlot = host_.ppdChoice("InputSlot");
     settings.colorOption = ColorOption(printer);
     settings.colorChoice = host_.ppdChoice(settings.colorOption);
-    if (form_->keepsOrientation()) settings.orientation = host_.settings().orientation;
     form_->setPrinter(printer, settings);
     form_->destination()->setFolderNote(
         printer.makeAndModel.empty()
             ? QString()
             : WindowText("Settings of", {QString::fromStdString(printer.makeAndModel)}));
+}
 
+void PrintWindow::openPane() {
+    showHostSettings();
     const QString name = QString::fromStdString(host_.printer().name);
     if (!extensionLoaded_) return pane_->showReason(WindowText("Extension missing"));
     if (!host_.description()) return pane_->showReason(WindowText("Printer without PPD", {name}));

@@ -12,6 +12,8 @@ namespace kalmo {
 namespace {
 
 constexpr const char* kPanelsKey = "panels";
+constexpr const char* kPrinterKey = "printer";
+constexpr const char* kWindowSizeKey = "windowSize";
 constexpr const char* kSourceKey = "addressBook/source";
 constexpr const char* kFolderKey = "addressBook/folder";
 
@@ -50,6 +52,21 @@ Outcome RememberPanels(const std::vector<std::string>& panels) {
     if (Store({{kPanelsKey, names}})) return {};
     return {HostText("Panels not remembered", {File().toStdString()})};
 }
+
+std::string RememberedPrinter() {
+    return QSettings(File(), QSettings::IniFormat).value(kPrinterKey).toString().toStdString();
+}
+
+void RememberPrinter(const std::string& queue) {
+    Store({{kPrinterKey, QString::fromStdString(queue)}});
+}
+
+QSize RememberedWindowSize() {
+    const QSize size = QSettings(File(), QSettings::IniFormat).value(kWindowSizeKey).toSize();
+    return size.isValid() ? size : QSize();
+}
+
+void RememberWindowSize(const QSize& size) { Store({{kWindowSizeKey, size}}); }
 
 contacts::Settings RememberedAddressBook() {
     const QSettings file(File(), QSettings::IniFormat);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "print_dialog/sheet_layout.h"
 #include "printing/ticket.h"
 #include "settings/ppd_choices.h"
 #include "settings/ticket.h"
@@ -10,6 +11,8 @@
 
 #define kJobNameKey CFSTR("com.apple.print.JobInfo.PMJobName")
 #define kLayoutNUpKey CFSTR("com.apple.print.PrintSettings.PMLayoutNUp")
+#define kCollateKey CFSTR("Collate")
+#define kPagesPerSheetKey CFSTR("PagesPerSheet")
 
 namespace kalmo {
 namespace {
@@ -46,19 +49,6 @@ bool IsOn(PMPrintSession session, CFStringRef key) {
 
 std::optional<SInt32> StockSize(const std::string& keyword) {
     return FindTicketValueForChoice(CFSTR("PageSize"), Text(keyword));
-}
-
-bool IsKnownChoice(const PPDDescription& printer, const std::string& keyword,
-                   const std::string& choice) {
-    if (keyword == "PageSize" &&
-        (choice.starts_with("Custom") ||
-         std::ranges::find(printer.papers, choice, &PPDPaper::keyword) != printer.papers.end())) {
-        return true;
-    }
-    const auto option = std::ranges::find(printer.options, keyword, &PPDOptionTexts::keyword);
-    return option != printer.options.end() &&
-           std::ranges::find(option->choices, choice, &PPDChoiceText::keyword) !=
-               option->choices.end();
 }
 
 bool HasFaxRecipients(PMPrintSession session) {
@@ -111,6 +101,32 @@ void WritePagesPerSheet(PMPrintSession session, int pagesPerSheet) {
     }
 }
 
+void WriteDialogSettings(PMPrintSession session, const JobSettings& settings) {
+    const auto dictionary =
+        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
+    WriteTicketValue(dictionary, kCopiesKey, settings.copies);
+    WriteTicketValue(dictionary, kPagesPerSheetKey, settings.pagesPerSheet);
+    CFDictionarySetValue(dictionary, kCollateKey,
+                         settings.collate ? kCFBooleanTrue : kCFBooleanFalse);
+    PMTicketSetCFDictionary(PrintSettings(session), kTicketCreator, kDialogSettingsKey,
+                            dictionary.get(), false);
+}
+
+void ReadDialogSettings(PMPrintSession session, JobSettings* settings) {
+    const auto* stored = Dictionary(session, kDialogSettingsKey);
+    if (!stored) return;
+    const JobSettings fresh;
+    const int copies = SInt32InDictionary(stored, kCopiesKey).value_or(fresh.copies);
+    settings->copies = copies >= 1 && copies <= kMostCopies ? copies : fresh.copies;
+    const int pages = SInt32InDictionary(stored, kPagesPerSheetKey).value_or(fresh.pagesPerSheet);
+    settings->pagesPerSheet = std::ranges::find(kPagesPerSheet, pages) == std::end(kPagesPerSheet)
+                                  ? fresh.pagesPerSheet
+                                  : pages;
+    const auto* collate = CFDictionaryGetValue(stored, kCollateKey);
+    settings->collate = !collate || CFGetTypeID(collate) != CFBooleanGetTypeID() ||
+                        CFBooleanGetValue(static_cast<CFBooleanRef>(collate));
+}
+
 std::string ReadPPDChoice(PMPrintSession session, const std::string& keyword) {
     return TextOf(CFDictionaryGetValue(PPDDictionary(session), Text(keyword).get()));
 }
@@ -124,13 +140,26 @@ void WritePPDChoice(PMPrintSession session, const std::string& keyword, const st
     }
 }
 
+bool HasChoice(const PPDDescription& printer, const std::string& keyword,
+               const std::string& choice) {
+    if (keyword == "PageSize" &&
+        (choice.starts_with("Custom") ||
+         std::ranges::find(printer.papers, choice, &PPDPaper::keyword) != printer.papers.end())) {
+        return true;
+    }
+    const auto option = std::ranges::find(printer.options, keyword, &PPDOptionTexts::keyword);
+    return option != printer.options.end() &&
+           std::ranges::find(option->choices, choice, &PPDChoiceText::keyword) !=
+               option->choices.end();
+}
+
 void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer) {
     const auto dictionary = PPDDictionary(session);
     std::vector<CFTypeRef> keys(static_cast<std::size_t>(CFDictionaryGetCount(dictionary)));
     CFDictionaryGetKeysAndValues(dictionary, keys.data(), nullptr);
     for (CFTypeRef key : keys) {
         const auto choice = TextOf(CFDictionaryGetValue(dictionary, key));
-        if (!IsKnownChoice(printer, TextOf(key), choice)) CFDictionaryRemoveValue(dictionary, key);
+        if (!HasChoice(printer, TextOf(key), choice)) CFDictionaryRemoveValue(dictionary, key);
     }
 }
 

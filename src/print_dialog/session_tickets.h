@@ -9,6 +9,10 @@
 #include "printing/ppd_papers.h"
 #include "printing/session.h"
 
+/// In the print settings: the dialog's own (dictionary).
+#define kDialogSettingsKey CFSTR("com.kalmo.print.DialogSettings")
+#define kCopiesKey CFSTR("Copies")
+
 namespace kalmo {
 
 /// An empty name removes the item.
@@ -21,11 +25,19 @@ void WriteOrientation(PMPrintSession session, Orientation orientation);
 /// Panels ask only whether a sheet holds more than one page.
 void WritePagesPerSheet(PMPrintSession session, int pagesPerSheet);
 
+/// The settings that no panel knows: copies, collating, pages on a sheet.
+void WriteDialogSettings(PMPrintSession session, const JobSettings& settings);
+/// Into `settings`; a ticket without them changes nothing. Of those that are there, one that is
+/// missing or makes no sense is that of a new dialog.
+void ReadDialogSettings(PMPrintSession session, JobSettings* settings);
+
 /// The choice in the PPD dictionary; empty when there is none.
 [[nodiscard]] std::string ReadPPDChoice(PMPrintSession session, const std::string& keyword);
 /// An empty choice removes the entry.
 void WritePPDChoice(PMPrintSession session, const std::string& keyword, const std::string& choice);
-/// Removes choices that the printer does not know.
+[[nodiscard]] bool HasChoice(const PPDDescription& printer, const std::string& keyword,
+                             const std::string& choice);
+/// Removes choices that the printer does not have.
 void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer);
 
 /// Whether the job's stock names the size of that PageSize keyword, as far as stocks know it.

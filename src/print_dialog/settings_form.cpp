@@ -16,7 +16,6 @@
 namespace kalmo {
 namespace {
 
-constexpr int kMostCopies = 999;
 constexpr const char* kInputSlot = "InputSlot";
 
 /// For a queue that says nothing about its papers. A quarter inch stays white.
@@ -42,6 +41,7 @@ SettingsForm::SettingsForm(QWidget* parent)
     : QWidget(parent),
       rows_(new QFormLayout(this)),
       destination_(new DestinationChoice(this)),
+      presets_(new PresetChoice(this)),
       pages_(new PagesChoice(this)) {
     rows_->setContentsMargins(0, 0, 0, 0);
     rows_->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -50,6 +50,7 @@ SettingsForm::SettingsForm(QWidget* parent)
     rows_->setHorizontalSpacing(8);
 
     addRow("Printer:", createDestination(), destination_->list());
+    addRow("Settings:", createPresets(), presets_->list());
     QLayout* copies = createCopies();
     addRow("Copies:", copies, copies_);
     addRow("Pages:", pages_, nullptr);
@@ -93,6 +94,14 @@ QLayout* SettingsForm::createDestination() {
     return layout;
 }
 
+QLayout* SettingsForm::createPresets() {
+    auto* layout = new QHBoxLayout;
+    layout->setSpacing(kRowGap / 2);
+    layout->addWidget(presets_->list(), 1);
+    layout->addWidget(presets_);
+    return layout;
+}
+
 QLayout* SettingsForm::createCopies() {
     copies_ = new QSpinBox(this);
     copies_->setRange(1, kMostCopies);
@@ -129,7 +138,7 @@ QLayout* SettingsForm::createOrientation() {
         group->addButton(button);
         layout->addWidget(button);
         connect(button, &QRadioButton::clicked, this, [this] {
-            orientationChosen_ = true;
+            settings_.orientationChosen = true;
             settings_.orientation =
                 landscape_->isChecked() ? Orientation::landscape : Orientation::portrait;
             Q_EMIT changed();
@@ -166,6 +175,15 @@ void SettingsForm::setPrinter(const PPDDescription& printer, const JobSettings& 
     settings_.colorOption = colors;
     showSettings();
     Q_EMIT changed();
+}
+
+void SettingsForm::takeTicket(const JobSettings& ticket) {
+    settings_.copies = ticket.copies;
+    settings_.collate = ticket.collate;
+    settings_.pagesPerSheet = ticket.pagesPerSheet;
+    settings_.orientation = ticket.orientation;
+    settings_.orientationChosen = ticket.orientationChosen;
+    showSettings();
 }
 
 void SettingsForm::showSettings() {
@@ -206,7 +224,7 @@ void SettingsForm::takeOption(const char* keyword, QComboBox* popup, const std::
 
 void SettingsForm::setDocument(int pageCount, Orientation orientation) {
     pages_->setPageCount(pageCount);
-    if (orientationChosen_ || settings_.orientation == orientation) return;
+    if (settings_.orientationChosen || settings_.orientation == orientation) return;
     settings_.orientation = orientation;
     (orientation == Orientation::landscape ? landscape_ : portrait_)->setChecked(true);
     Q_EMIT changed();

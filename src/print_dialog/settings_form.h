@@ -11,6 +11,7 @@
 #include "print_dialog/destination_choice.h"
 #include "print_dialog/job_settings.h"
 #include "print_dialog/pages_choice.h"
+#include "print_dialog/preset_choice.h"
 #include "printing/ppd_papers.h"
 
 namespace kalmo {
@@ -21,15 +22,16 @@ public:
     explicit SettingsForm(QWidget* parent = nullptr);
 
     [[nodiscard]] DestinationChoice* destination() const { return destination_; }
+    [[nodiscard]] PresetChoice* presets() const { return presets_; }
 
     /// Another printer: rows for what it has, `settings` where it offers them. Without papers, a
     /// few usual ones.
     void setPrinter(const PPDDescription& printer, const JobSettings& settings);
     /// Another document. Its orientation counts until the user chooses one.
     void setDocument(int pageCount, Orientation orientation);
-    /// The orientation was chosen elsewhere, in a ticket.
-    void keepOrientation() { orientationChosen_ = true; }
-    [[nodiscard]] bool keepsOrientation() const { return orientationChosen_; }
+    /// Takes over what a ticket says without regard to the printer: copies, collating, pages on a
+    /// sheet, and the orientation with who chose it.
+    void takeTicket(const JobSettings& ticket);
 
     /// Copies, pages, paper and so on as chosen; the last valid pages while a range is none.
     [[nodiscard]] const JobSettings& settings() const { return settings_; }
@@ -48,6 +50,7 @@ private:
     template <typename Field>
     void addRow(const char* labelKey, Field* field, QWidget* buddy);
     QLayout* createDestination();
+    QLayout* createPresets();
     QLayout* createCopies();
     QLayout* createOrientation();
     void createPagesPerSheet();
@@ -58,10 +61,10 @@ private:
 
     PPDDescription printer_;
     JobSettings settings_;
-    bool orientationChosen_ = false;
 
     QFormLayout* rows_;
     DestinationChoice* destination_;
+    PresetChoice* presets_;
     QSpinBox* copies_ = nullptr;
     QCheckBox* collate_ = nullptr;
     PagesChoice* pages_;

@@ -8,6 +8,7 @@
 
 #include "print_dialog/job.h"
 #include "print_dialog/job_input.h"
+#include "print_dialog/presets.h"
 #include "print_dialog/printers.h"
 #include "print_dialog/stop_signals.h"
 #include "print_dialog/window_texts.h"
@@ -75,7 +76,7 @@ public:
 
     ExitCode run() {
         for (const auto step : {&Run::readDocument, &Run::choosePrinter, &Run::readTicket,
-                                &Run::startPane, &Run::work}) {
+                                &Run::startPane, &Run::applySettings, &Run::work}) {
             const ExitCode code = (this->*step)();
             if (code != kExitDone) {
                 host_.end(kPMInvalidPDEContext);
@@ -151,6 +152,26 @@ private:
         if (status != noErr) return kExitFailed;  // the extension has said why
         if (commandLine_.phase == Phase::open) host_.open();
         return kExitDone;
+    }
+
+    /// Towards the living pane, which resets the booklet of a ticket that it begins with.
+    ExitCode applySettings() {
+        if (!commandLine_.ticket.empty()) return kExitDone;
+        if (commandLine_.preset.empty()) {
+            const auto start = StartSettings();
+            std::vector<std::string> ignored;
+            const auto outcome = start ? ApplyPreset(host_, *start, &ignored) : Outcome{};
+            if (!outcome) PrintMessage(outcome.error);
+            return kExitDone;
+        }
+        std::vector<std::string> notApplied;
+        Preset preset;
+        auto outcome = FindPreset(commandLine_.preset, &preset);
+        if (outcome) outcome = ApplyPreset(host_, preset, &notApplied);
+        for (const auto& choice : notApplied) {
+            PrintMessage(HostText("Not on this printer", {choice}));
+        }
+        return outcome ? kExitDone : Stop(kExitUsage, outcome.error);
     }
 
     ExitCode work() {

@@ -1,38 +1,14 @@
 #include "print_dialog/print_job_host.h"
 
 #include "job_ticket/attachment.h"
+#include "print_dialog/hosted_pane.h"
 #include "print_dialog/job.h"
 #include "settings/ticket.h"
 #include "settings/ticket_keys.h"
-#include "support/qt_test.h"
 #include "support/ticket_files.h"
 
 namespace kalmo::test {
 namespace {
-
-/// A host with a printer, and the hidden window its pane stands in.
-struct HostedPane {
-    explicit HostedPane(std::vector<std::string> panels = {}) : host(std::move(panels)) {
-        SetWindowDefaultButton(WindowFromWidget(&window), ControlFromWidget(printButton));
-        SetWindowCancelButton(WindowFromWidget(&window), ControlFromWidget(cancelButton));
-        EXPECT_TRUE(host.load());
-    }
-    void choose(const std::filesystem::path& ppd) {
-        EXPECT_TRUE(host.setPrinter({ppd.stem().string(), ppd.string()}));
-    }
-    OSStatus begin() { return host.begin(ControlFromWidget(pane)); }
-    /// With the sample color printer, up to Initialize.
-    OSStatus beginOnSample() {
-        choose(SamplePPD("kalmo-office-color"));
-        return begin();
-    }
-
-    QWidget window;
-    QWidget* pane = new QWidget(&window);
-    QPushButton* printButton = new QPushButton(&window);
-    QPushButton* cancelButton = new QPushButton(&window);
-    PrintJobHost host;
-};
 
 /// Each Sync towards the ticket leaves this behind.
 const char* const kSyncMark = "com.kalmo.print.ControllerInformation.ControllerFamily";

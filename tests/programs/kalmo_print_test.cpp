@@ -206,5 +206,45 @@ TEST_F(KalmoPrintTest, DeadServersCostSecondsAndALine) {
     }
 }
 
+TEST_F(KalmoPrintTest, APresetByNameAndWhatTheSiteStartsWith) {
+    const fs::path config = MakeFolder("config"), site = MakeFolder("site") / "kalmo-print";
+    fs::create_directories(config / "kalmo-print/presets");
+    fs::create_directories(site);
+    WriteFile(config / "kalmo-print/presets/Mine.plist",
+              TicketFile("<key>com.kalmo.print.BookletLayout</key><true/>",
+                         "<key>XFold</key><string>Letter</string>"));
+    WriteFile(site / "start.plist",
+              TicketFile("", "<key>Duplex</key><string>DuplexTumble</string>"));
+    const auto ticket = ticketWith("").string();
+    const struct {
+        Arguments arguments;
+        int exitCode;
+        const char *errors, *duplex;
+        bool booklet;
+    } rows[] = {
+        {{}, 0, "", "DuplexTumble", false},
+        {{"--ticket", ticket}, 0, "", "None", false},
+        {{"--preset", "Mine"}, 0, "not have: XFold: Letter\n", "None", true},
+        {{"--preset", "mine"}, 2, "there are: Mine\n", nullptr, false},
+        {{"--preset", "Mine", "--ticket", ticket}, 2, "--help\n", nullptr, false},
+    };
+    for (const auto& row : rows) {
+        Arguments arguments = {"--no-dialog", "--ppd", SamplePPD("kalmo-office-color"),
+                               "--write-ticket", "-"};
+        arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+        const auto end =
+            run(arguments, {{"XDG_CONFIG_HOME", config}, {"XDG_CONFIG_DIRS", site.parent_path()}});
+        SCOPED_TRACE(end.errors);
+        ASSERT_EQ(end.exitCode, row.exitCode);
+        EXPECT_TRUE(end.errors.ends_with(row.errors));
+        EXPECT_EQ(IsOneLine(end.errors), *row.errors != 0);
+        if (row.exitCode != 0) continue;
+        const WrittenTicket written(end.output);
+        EXPECT_EQ(written.text(kChoices, "Duplex"), row.duplex);
+        EXPECT_EQ(written.value(kSettings, "com.kalmo.print.BookletLayout") == kCFBooleanTrue,
+                  row.booklet);
+    }
+}
+
 }  // namespace
 }  // namespace kalmo::test

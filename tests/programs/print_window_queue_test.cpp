@@ -13,8 +13,11 @@ struct PrintWindowQueueTest : QueueTest {
     void SetUp() override {
         InstallPresence(WindowPresence());
         QueueTest::SetUp();
-        window_ = std::make_unique<PrintWindow>(
-            CommandLine{.document = document.string(), .printer = "kalmo"});
+        setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
+        open({.document = document.string(), .printer = "kalmo"});
+    }
+    void open(const CommandLine& commandLine) {
+        window_ = std::make_unique<PrintWindow>(commandLine);
         ASSERT_EQ(window_->prepare(), kExitDone);
         window_->show();
         window_->findPrinters();
@@ -145,6 +148,24 @@ TEST_F(PrintWindowQueueTest, ThePaneComesAndGoesWithThePrinter) {
     EXPECT_TRUE(print()->isEnabled() && hasPane()) << "with the settings of the last printer";
     window_->reject();
     EXPECT_EQ(window_->exitCode(), kExitCancelled);
+}
+
+TEST_F(PrintWindowQueueTest, PrinterAndSettingsOfTheLastJobComeBack) {
+    choose("2-sided, flip on short edge");
+    window_->findChild<QSpinBox*>()->setValue(3);
+    printJob();
+    open({.document = document.string()});
+    const auto* presets = window_->findChild<PresetChoice*>()->list();
+    const auto* sides = popupWith("2-sided, flip on short edge");
+    EXPECT_TRUE(Wait([&] { return presets->currentText() == "Last used"; }));
+    EXPECT_EQ(sides->currentText(), "2-sided, flip on short edge");
+    EXPECT_EQ(window_->findChild<QSpinBox*>()->value(), 1) << "copies are of one job";
+    choose("other");
+    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
+    choose("kalmo");
+    ASSERT_TRUE(Wait([this] { return hasPane() && print()->isEnabled(); }));
+    EXPECT_EQ(popupWith("2-sided, flip on short edge")->currentText(),
+              "2-sided, flip on short edge");
 }
 
 }  // namespace

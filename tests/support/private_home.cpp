@@ -51,6 +51,7 @@ void UsePrivateHome() {
         std::filesystem::permissions(home / folder, std::filesystem::perms::owner_all);
         setenv(variable, (home / folder).c_str(), 1);
     }
+    setenv("XDG_CONFIG_DIRS", (home / "site").c_str(), 1);
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     for (const char* variable :

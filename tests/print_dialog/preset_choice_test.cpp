@@ -1,0 +1,153 @@
+// The row of presets in the window, used as people use it.
+#include "print_dialog/preset_choice.h"
+
+#include <QMenu>
+
+#include "print_dialog/preset_name_dialog.h"
+#include "print_dialog/print_window.h"
+#include "print_dialog/remembered_settings.h"
+#include "print_dialog/sample_documents.h"
+#include "support/ticket_files.h"
+#include "support/window_walk.h"
+
+namespace kalmo::test {
+namespace {
+
+struct PresetChoiceTest : testing::Test {
+    PresetChoiceTest() {
+        setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
+        setenv("XDG_CONFIG_DIRS", site_.c_str(), 1);
+        std::filesystem::create_directories(site_ / "kalmo-print/presets");
+        WriteFile(site_ / "kalmo-print/presets/Site.plist",
+                  TicketFile("",
+                             "<key>Duplex</key><string>DuplexTumble</string>"
+                             "<key>XFold</key><string>Letter</string>"));
+        InstallPresence(WindowPresence());
+    }
+    ExitCode open(const CommandLine& more = {}) {
+        CommandLine commandLine = more;
+        commandLine.output = MakeFolder("out").string();
+        commandLine.document = WriteDocument({kPortraitPage}).string();
+        commandLine.ppd = SamplePPD("kalmo-office-color").string();
+        window_ = std::make_unique<PrintWindow>(commandLine);
+        const ExitCode code = window_->prepare();
+        if (code != kExitDone) return code;
+        Activate(*window_);
+        row()->load({});
+        EXPECT_TRUE(Wait([this] { return row()->list()->findText("Site") > 0; }));
+        return code;
+    }
+    PresetChoice* row() const { return window_->findChild<PresetChoice*>(); }
+    QString shown() const { return row()->list()->currentText(); }
+    QComboBox* sides() const { return window_->findChild<QComboBox*>("sides"); }
+    const JobSettings& settings() const { return window_->findChild<SettingsForm*>()->settings(); }
+    QAction* command(int item) const {
+        return row()->findChild<QToolButton*>()->menu()->actions()[item];
+    }
+    /// In the dialog for a name.
+    void typeName(const QString& name) {
+        driver_.expect([this, name](QWidget& dialog) {
+            auto* field = dialog.findChild<QLineEdit*>();
+            field->setText(" ");
+            static_cast<PresetNameDialog&>(dialog).accept();
+            EXPECT_TRUE(field->accessibleDescription().contains("Type a name"));
+            EXPECT_TRUE(field->hasFocus());
+            field->setText(name);
+            static_cast<PresetNameDialog&>(dialog).accept();
+            EXPECT_TRUE(Wait([&] { return !dialog.isVisible(); }));
+        });
+    }
+
+    std::filesystem::path site_ = MakeFolder("site");
+    std::unique_ptr<PrintWindow> window_;
+    ModalDriver driver_;
+};
+
+TEST_F(PresetChoiceTest, SavesAppliesReplacesRenamesAndDeletes) {
+    open();
+    EXPECT_EQ(shown(), "Printer’s defaults");
+    auto* copies = window_->findChild<QSpinBox*>();
+    copies->setValue(7);
+    Pick(*sides(), sides()->itemText(1));
+    typeName("Mine");
+    command(0)->trigger();
+    ASSERT_TRUE(Wait([this] { return shown() == "Mine"; }));
+    row()->findChild<QPushButton*>()->click();
+    EXPECT_EQ(shown(), "Printer’s defaults");
+    EXPECT_EQ(sides()->currentIndex(), 0);
+    EXPECT_EQ(copies->value(), 1);
+    Pick(*row()->list(), "Mine");
+    EXPECT_EQ(sides()->currentIndex(), 1);
+    EXPECT_EQ(settings().copies, 7);
+    copies->setValue(9);
+    for (const auto& [answer, expected] : {std::pair{"Cancel", 7}, {"Replace", 9}}) {
+        driver_.expect([this, answer = answer](QWidget& dialog) {
+            driver_.expectPress(answer);
+            dialog.findChild<QLineEdit*>()->setText("Mine");
+            static_cast<PresetNameDialog&>(dialog).accept();
+            const bool closes = std::string(answer) == "Replace";
+            EXPECT_EQ(QTest::qWaitFor([&] { return !dialog.isVisible(); }, closes ? 5000 : 100),
+                      closes);
+            dialog.close();
+        });
+        command(0)->trigger();
+        EXPECT_TRUE(Contains(ReadFile(ListPresets().front().file),
+                             "<integer>" + std::to_string(expected) + "</integer>"));
+    }
+}
+
+TEST_F(PresetChoiceTest, RenamesAndDeletesTheUsersOwnOnly) {
+    ASSERT_TRUE(SavePreset("Mine", TicketFile("")));
+    open({.preset = "Site"});
+    EXPECT_EQ(shown(), "Site");
+    EXPECT_EQ(sides()->currentIndex(), 2);
+    EXPECT_TRUE(window_->findChild<SendingBar*>()->fault().contains("XFold: Letter"));
+    EXPECT_FALSE(command(1)->isEnabled() || command(2)->isEnabled()) << "it is the site's";
+    Pick(*row()->list(), "Mine");
+    typeName("Yours");
+    command(1)->trigger();
+    ASSERT_TRUE(Wait([this] { return shown() == "Yours"; }));
+    driver_.expectPress("Cancel");
+    command(2)->trigger();
+    EXPECT_EQ(ListPresets().size(), 2u);
+    driver_.expectPress("Delete");
+    command(2)->trigger();
+    EXPECT_TRUE(Wait([this] { return row()->list()->findText("Yours") < 0; }));
+    EXPECT_EQ(shown(), "") << "settings that are stored nowhere";
+}
+
+TEST_F(PresetChoiceTest, TheSizeOfTheWindowIsKeptWhereTheUserHasChangedIt) {
+    open();
+    const QSize size = window_->size();
+    window_->reject();
+    EXPECT_FALSE(RememberedWindowSize().isValid());
+    open();
+    window_->resize(size - QSize(0, 50));
+    const QSize changed = window_->size();
+    ASSERT_NE(changed, size);
+    window_->reject();
+    open();
+    EXPECT_EQ(window_->size(), changed);
+}
+
+TEST_F(PresetChoiceTest, StartsAsTheSiteSaysUnlessTheCommandLineSaysOtherwise) {
+    WriteFile(site_ / "kalmo-print/start.plist",
+              TicketFile("", "<key>Duplex</key><string>DuplexNoTumble</string>"));
+    open();
+    EXPECT_EQ(sides()->currentIndex(), 1);
+    EXPECT_EQ(shown(), "This site’s settings");
+    open({.preset = "Site"});
+    EXPECT_EQ(sides()->currentIndex(), 2);
+    const auto ticket = MakeFolder("in") / "ticket.plist";
+    WriteFile(ticket, TicketFile("<key>com.kalmo.print.DialogSettings</key><dict><key>Copies</key>"
+                                 "<integer>3</integer></dict>"));
+    open({.ticket = ticket.string()});
+    EXPECT_EQ(sides()->currentIndex(), 0);
+    EXPECT_EQ(settings().copies, 3);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(open({.preset = "Unknown"}), kExitUsage);
+    EXPECT_TRUE(Contains(testing::internal::GetCapturedStderr(), "there are: Site\n"));
+}
+
+}  // namespace
+}  // namespace kalmo::test

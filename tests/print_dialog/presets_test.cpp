@@ -1,0 +1,260 @@
+// What is kept of a job's settings, where, and what comes back.
+#include "print_dialog/presets.h"
+
+#include <sys/stat.h>
+
+#include "print_dialog/hosted_pane.h"
+#include "settings/ticket.h"
+#include "settings/ticket_keys.h"
+#include "support/ticket_files.h"
+#include "system/clock.h"
+
+namespace kalmo::test {
+namespace {
+
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
+
+const auto kNumber = [](const std::string& key, int value) {
+    return "<key>com.kalmo.print." + key + "</key><integer>" + std::to_string(value) + "</integer>";
+};
+
+struct PresetsTest : testing::Test {
+    PresetsTest() {
+        setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
+        setenv("XDG_CONFIG_DIRS", site_.c_str(), 1);
+        pane_.beginOnSample();
+    }
+    ~PresetsTest() override { SetNowForTests({}); }
+
+    static fs::path own() { return fs::path(getenv("XDG_CONFIG_HOME")) / "kalmo-print"; }
+    static Words names() {
+        Words names;
+        for (const Preset& preset : ListPresets()) names.push_back(preset.name);
+        return names;
+    }
+    /// As somebody might have put it there.
+    Preset handMade(const std::string& bytes) const {
+        const Preset preset{.file = site_ / "made.plist"};
+        WriteFile(preset.file, bytes);
+        return preset;
+    }
+    Words apply(const Preset& preset) {
+        Words notApplied;
+        const auto outcome = ApplyPreset(pane_.host, preset, &notApplied);
+        EXPECT_TRUE(outcome) << outcome.error;
+        return notApplied;
+    }
+    WrittenTicket written() {
+        pane_.host.sync(kSyncToTicket);
+        return WrittenTicket(pane_.host.ticketFile());
+    }
+    /// All that would print, in a comparable form.
+    static std::string keptOf(HostedPane& pane) {
+        pane.host.sync(kSyncToTicket);
+        return SettingsFingerprint(pane.host);
+    }
+
+    fs::path site_ = MakeFolder("site");
+    HostedPane pane_{{"special-pages", "job-notes"}};
+};
+
+TEST_F(PresetsTest, SavedSettingsComeBackIntoAFreshPane) {
+    ASSERT_TRUE(pane_.host.readTicket(TicketFile(
+        "<key>com.kalmo.print.BookletLayout</key><true/>" + kNumber("Gutter", 31) +
+            kNumber("AdvancedRotateImage180", 3) + kNumber("SeparatorOption", 2),
+        "<key>KLEconomode</key><string>Draft</string><key>PageSize</key><string>A3</string>")));
+    auto settings = pane_.host.settings();
+    settings.copies = 7, settings.collate = false, settings.pagesPerSheet = 4;
+    settings.orientation = Orientation::landscape, settings.orientationChosen = true;
+    pane_.host.setJobName("marker");
+    const auto keep = [&] {
+        pane_.host.apply(settings);
+        pane_.host.sync(kSyncToTicket);
+        return PresetBytes(pane_.host);
+    };
+    ASSERT_TRUE(SavePreset("Mine", keep()));
+    const auto before = keep();
+    HostedPane fresh({"special-pages", "job-notes"});
+    fresh.beginOnSample();
+    fresh.host.apply(fresh.host.settings());
+    PMTicketReleaseItem(fresh.host.printSettings(), kBookletLayoutKey);  // false, as when absent
+    const std::string untouched = keptOf(fresh);
+    Words notApplied;
+    ASSERT_TRUE(ApplyPreset(fresh.host, ListPresets().front(), &notApplied));
+    EXPECT_EQ(notApplied, Words()) << "the printer is the same";
+    EXPECT_EQ(fresh.host.settings().copies, 7);
+    EXPECT_EQ(fresh.host.settings().pagesPerSheet, 4);
+    EXPECT_EQ(fresh.host.settings().orientation, Orientation::landscape);
+    EXPECT_FALSE(fresh.host.settings().collate);
+    fresh.host.sync(kSyncToTicket);
+    EXPECT_TRUE(CFEqual(ReadPlist(PresetBytes(fresh.host)), ReadPlist(before)))
+        << "a booklet and a rotation, too\n"
+        << before << PresetBytes(fresh.host);
+    ApplyPrintersDefaults(fresh.host);
+    EXPECT_EQ(fresh.host.settings().copies, 1);
+    fresh.host.apply(fresh.host.settings());
+    EXPECT_TRUE(CFEqual(ReadPlist(keptOf(fresh)), ReadPlist(untouched)))
+        << untouched << keptOf(fresh);
+    const WrittenTicket last(LastSettingsBytes(pane_.host));
+    EXPECT_EQ(CFDictionaryGetCount(last.dictionary("PageFormat")), 0) << "the next document's own";
+}
+
+TEST_F(PresetsTest, WhatIsSecretOrOfOneJobIsNeitherWrittenNorRead) {
+    const std::string marked = "<string>marker</string>";
+    std::string entries =
+        "<key>com.kalmo.print.JobType</key><dict><key>JobType</key><integer>6</integer>"
+        "<key>SecurePrintPassword</key>" +
+        marked +
+        "</dict>"
+        "<key>com.kalmo.print.FaxOptions</key><dict><key>DialingPrefix</key>" +
+        marked + "<key>CreditCard</key>" + marked + "<key>CustomRecipientText</key>" + marked +
+        "</dict>"
+        "<key>com.kalmo.print.FaxRecipientList</key><array><dict><key>FaxNumber</key>" +
+        marked + "</dict></array>";
+    for (const char* key :
+         {"com.kalmo.print.nonce", "com.kalmo.print.ClientInformation.UserName",
+          "com.kalmo.print.ClientInformation.Later", "com.apple.print.JobInfo.PMJobName",
+          "com.kalmo.print.JobNotesJobName", "com.kalmo.print.JobNotesRecipient",
+          "com.kalmo.print.JobNotesSenderName"})
+        entries += "<key>" + std::string(key) + "</key>" + marked;
+    const Preset preset = handMade(TicketFile(entries));
+    ASSERT_TRUE(pane_.host.readTicket(ReadFile(preset.file)));
+    for (const bool last : {false, true}) {
+        const auto bytes = last ? LastSettingsBytes(pane_.host) : PresetBytes(pane_.host);
+        EXPECT_EQ(Contains(bytes, "JobType"), !last) << "a preset of secure print asks for a code";
+        EXPECT_FALSE(Contains(bytes, "marker") || Contains(bytes, "ClientInf")) << bytes;
+    }
+    pane_.host.setJobName("report.pdf");
+    ASSERT_TRUE(pane_.host.readTicket(TicketFile("")));
+    apply(preset);
+    pane_.host.sync(kSyncToTicket);
+    const std::string ticket = pane_.host.ticketFile();
+    EXPECT_FALSE(Contains(ticket, "marker")) << ticket;
+    EXPECT_TRUE(Contains(ticket, "report.pdf") && Contains(ticket, "ClientInformation"));
+}
+
+TEST_F(PresetsTest, AnyNameIsAFileOfTheUserAlone) {
+    const std::pair<std::string, const char*> rows[] = {
+        {"Two-sided, staple", "Two-sided, staple.plist"},
+        {"two-sided, staple", "two-sided, staple.plist"},
+        {"../../etc/passwd", "%2E.%2F..%2Fetc%2Fpasswd.plist"},
+        {".hidden", "%2Ehidden.plist"},
+        {"100%\n", "100%25%0A.plist"},
+        {std::string("a\0b", 3), "a%00b.plist"},
+        {"Übersicht", "Übersicht.plist"},
+    };
+    for (const auto& [name, file] : rows) {
+        SCOPED_TRACE(name);
+        ASSERT_TRUE(SavePreset(name, TicketFile("")));
+        Preset found;
+        EXPECT_TRUE(FindPreset(name, &found));
+        struct stat status {};
+        ASSERT_EQ(stat(found.file.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, 0600u);
+        EXPECT_EQ(found.file.parent_path(), own() / "presets");
+        ASSERT_EQ(stat(found.file.parent_path().c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, 0700u);
+    }
+    for (const std::string& name : {std::string(" \t"), std::string(250, 'x')})
+        EXPECT_FALSE(SavePreset(name, TicketFile("")));
+    Preset preset;
+    EXPECT_TRUE(FindPreset(".hidden", &preset));
+    EXPECT_FALSE(RenamePreset(preset, "Übersicht")) << "that one stays";
+    EXPECT_TRUE(RenamePreset(preset, "Zuletzt"));
+    EXPECT_EQ(names().back(), "Zuletzt");
+    EXPECT_TRUE(FindPreset("Zuletzt", &preset));
+    EXPECT_TRUE(DeletePreset(preset));
+    EXPECT_EQ(names().size(), std::size(rows) - 1);
+}
+
+TEST_F(PresetsTest, WhatIsNoPresetIsRefusedInOneLineAndChangesNothing) {
+    const std::string before = keptOf(pane_);
+    const auto pipe = site_ / "pipe.plist";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::vector<Preset> presets = {{.file = pipe}, {.file = site_}, {.file = site_ / "missing"}};
+    for (const std::string& bytes :
+         {std::string(), std::string("bplist00\xff"), Plist("<array/>"),
+          Plist("<dict><key>PPDChoices</key><string/></dict>"), TicketFile("").substr(0, 150)}) {
+        presets.push_back({.file = site_ / std::to_string(presets.size())});
+        WriteFile(presets.back().file, bytes);
+    }
+    for (const Preset& preset : presets) {
+        Words ignored;
+        const auto outcome = ApplyPreset(pane_.host, preset, &ignored);
+        EXPECT_TRUE(Contains(outcome.error, preset.file)) << outcome.error;
+        EXPECT_EQ(std::ranges::count(outcome.error, '\n'), 0);
+        EXPECT_EQ(keptOf(pane_), before);
+    }
+    apply(
+        handMade(TicketFile("<key>com.kalmo.print.JobType</key><string>marker</string>"
+                            "<key>com.kalmo.print.DialogSettings</key><dict><key>Copies</key>"
+                            "<integer>-4</integer><key>PagesPerSheet</key><integer>7</integer>"
+                            "<key>Collate</key><string>no</string></dict>")));
+    EXPECT_EQ(pane_.host.settings().copies, 1);
+    EXPECT_EQ(pane_.host.settings().pagesPerSheet, 1);
+    EXPECT_TRUE(pane_.host.settings().collate);
+}
+
+TEST_F(PresetsTest, AnotherModelTellsWhatItDoesNotHave) {
+    ASSERT_TRUE(pane_.host.readTicket(
+        TicketFile("",
+                   "<key>KLMColor</key><string>Color</string><key>KLEconomode</key>"
+                   "<string>Draft</string><key>KLPunch</key><string>None</string>")));
+    ASSERT_TRUE(SavePreset("Color", PresetBytes(pane_.host)));
+    pane_.host.end(noErr);
+    pane_.choose(SamplePPD("kalmo-office-mono"));
+    ASSERT_EQ(pane_.begin(), noErr);
+    EXPECT_EQ(apply(ListPresets().front()), Words{"Output color: Color"});
+    EXPECT_EQ(written().text("PPDChoices", "KLMColor"), "(none)");
+    EXPECT_EQ(written().text("PPDChoices", "KLEconomode"), "Draft");
+    EXPECT_EQ(apply(handMade(
+                  TicketFile("",
+                             "<key>KLEconomode</key><string>Mo\x1B[2Jre</string><key>XStaple</key>"
+                             "<string>Two</string><key>XFold</key><string>None</string>"))),
+              (Words{"Toner saver: Mo [2Jre", "XStaple: Two"}));
+}
+
+TEST_F(PresetsTest, TheSiteComesAfterTheUser) {
+    const auto second = MakeFolder("site");
+    setenv("XDG_CONFIG_DIRS", (site_.string() + ":relative:" + second.string()).c_str(), 1);
+    for (const auto& folder : {site_, second})
+        fs::create_directories(folder / "kalmo-print/presets");
+    EXPECT_FALSE(StartSettings());
+    WriteFile(second / "kalmo-print/start.plist", TicketFile(""));
+    EXPECT_TRUE(StartSettings()->file.string().starts_with(second.string()));
+    WriteFile(site_ / "kalmo-print/start.plist", TicketFile(""));
+    EXPECT_TRUE(StartSettings()->file.string().starts_with(site_.string()));
+    for (const char* file : {"Draft.plist", "draft.plist", "Draft.plist.a1b2c3", ".x.plist"})
+        WriteFile(site_ / "kalmo-print/presets" / file, TicketFile(""));
+    WriteFile(second / "kalmo-print/presets/Draft.plist", "");
+    ASSERT_TRUE(SavePreset("draft", TicketFile("")));
+    EXPECT_EQ(names(), (Words{"draft", "Draft"}));
+    for (const Preset& preset : ListPresets())
+        EXPECT_EQ(preset.readOnly, preset.name == "Draft") << preset.file;
+    Preset missing;
+    EXPECT_TRUE(Contains(FindPreset("x", &missing).error, "raft, "));
+}
+
+TEST_F(PresetsTest, ADelayedJobWaitsForTheNextSuchTime) {
+    const SInt64 noon = LongDateToSeconds({.year = 2030, .month = 5, .day = 17, .hour = 12});
+    SetNowForTests(noon);
+    for (const auto& [hour, day] : {std::pair{22, 17}, {7, 18}}) {
+        const SInt64 stored =
+            LongDateToSeconds({.year = 2026, .month = 2, .day = 3, .hour = hour, .minute = 30});
+        apply(
+            handMade(TicketFile("<key>com.kalmo.print.JobType</key><dict>"
+                                "<key>DelayedPrintTime</key><integer>" +
+                                std::to_string(stored) + "</integer></dict>")));
+        SInt64 moment = 0;
+        CFNumberGetValue(static_cast<CFNumberRef>(CFDictionaryGetValue(
+                             DictionaryInTicket(pane_.host.printSettings(), kJobTypeKey),
+                             CFSTR("DelayedPrintTime"))),
+                         kCFNumberSInt64Type, &moment);
+        EXPECT_EQ(moment, LongDateToSeconds(
+                              {.year = 2030, .month = 5, .day = day, .hour = hour, .minute = 30}));
+    }
+}
+
+}  // namespace
+}  // namespace kalmo::test
