@@ -56,7 +56,7 @@ HelpViewerTexts HelpTexts() {
 
 void SetUpApplication() {
     QApplication::setApplicationName("kalmo-print");
-    QGuiApplication::setDesktopFileName("kalmo-print");
+    QGuiApplication::setDesktopFileName("com.kalmo.print");
     QApplication::setStyle("Fusion");
     InstallPresence(WindowPresence(HelpTexts()));
     InstallWheelGuard();

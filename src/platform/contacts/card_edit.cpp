@@ -30,7 +30,7 @@ std::string KeyOf(const Entry& entry) {
 class Places final {
 public:
     Places(const std::vector<EntryLine>& stored, const std::vector<Entry>& wanted)
-        : stored_(stored), places(wanted.size(), kNoLine) {
+        : places(wanted.size(), kNoLine) {
         for (std::size_t i = 0; i < stored.size(); ++i) {
             positions_[KeyOf(stored[i].entry)].push_back(i);
         }
@@ -56,7 +56,6 @@ private:
         }
     }
 
-    const std::vector<EntryLine>& stored_;
     std::unordered_map<std::string, std::vector<std::size_t>> positions_;
     std::size_t nextWanted_ = 0, nextStored_ = 0;
 

@@ -1,0 +1,54 @@
+// Manuals and completions know every option of the programs, and no other.
+#include <regex>
+#include <set>
+
+#include "support/programs.h"
+#include "support/test.h"
+
+namespace kalmo::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ManualsTest : testing::TestWithParam<const char*> {
+    const std::string program_ = GetParam();
+    const fs::path source_ = KALMO_SOURCE_DIR;
+};
+
+/// What `pattern` captures in the part of a line that `line` captures, with "-" before it.
+std::set<std::string> Options(const std::string& text, const char* line, const char* pattern) {
+    std::set<std::string> found;
+    const std::regex lines(line);
+    const std::regex words(pattern);
+    std::istringstream in(text);
+    for (std::string one; std::getline(in, one);) {
+        std::smatch start;
+        if (!std::regex_search(one, start, lines)) continue;
+        const std::string options = start[1];
+        for (std::sregex_iterator word(options.begin(), options.end(), words), end; word != end;
+             ++word) {
+            found.insert("-" + (*word)[1].str());
+        }
+    }
+    return found;
+}
+
+TEST_P(ManualsTest, ManualAndCompletionNameTheOptions) {
+    const auto help = RunProgram({.program = BuiltProgram(program_), .arguments = {"--help"}});
+    const auto options = Options(help.output, R"(^ +(-[^ ]+))", R"(-(-?[a-z][a-z-]*))");
+    ASSERT_GT(options.size(), 3u) << help.output << help.errors;
+    const auto manual = ReadFile(source_ / "man" / (program_ + ".1"));
+    EXPECT_EQ(Options(manual, R"(^\.It (Fl .*))", R"(Fl (-?[a-z][a-z-]*))"), options);
+    const auto completion = ReadFile(source_ / "completions" / program_);
+    EXPECT_EQ(Options(completion, R"(^(?:.*-W '| {12})(-[^']*))", R"((?:^| )-(-?[a-z][a-z-]*))"),
+              options);
+    for (const auto& choice : Options(help.output, R"(^ +-[^ ]+ ([^ ]+\|[^ ]+))", "([a-z-]+)")) {
+        EXPECT_TRUE(Contains(manual, choice.substr(1))) << choice;
+        EXPECT_TRUE(Contains(completion, choice.substr(1))) << choice;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Programs, ManualsTest, testing::Values("kalmo-print", "kalmo-ticket"));
+
+}  // namespace
+}  // namespace kalmo::test
