@@ -8,7 +8,6 @@
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/sample_documents.h"
 #include "support/ticket_files.h"
-#include "support/window_walk.h"
 
 namespace kalmo::test {
 namespace {
@@ -24,23 +23,20 @@ struct PresetChoiceTest : testing::Test {
                              "<key>XFold</key><string>Letter</string>"));
         InstallPresence(WindowPresence());
     }
-    ExitCode open(const CommandLine& more = {}) {
+    void open(const CommandLine& more = {}) {
         CommandLine commandLine = more;
         commandLine.output = MakeFolder("out").string();
         commandLine.document = WriteDocument({kPortraitPage}).string();
         commandLine.ppd = SamplePPD("kalmo-office-color").string();
         window_ = std::make_unique<PrintWindow>(commandLine);
-        const ExitCode code = window_->prepare();
-        if (code != kExitDone) return code;
+        ASSERT_EQ(window_->prepare(), kExitDone);
         Activate(*window_);
         row()->load({});
         EXPECT_TRUE(Wait([this] { return row()->list()->findText("Site") > 0; }));
-        return code;
     }
     PresetChoice* row() const { return window_->findChild<PresetChoice*>(); }
     QString shown() const { return row()->list()->currentText(); }
     QComboBox* sides() const { return window_->findChild<QComboBox*>("sides"); }
-    const JobSettings& settings() const { return window_->findChild<SettingsForm*>()->settings(); }
     QAction* command(int item) const {
         return row()->findChild<QToolButton*>()->menu()->actions()[item];
     }
@@ -78,7 +74,7 @@ TEST_F(PresetChoiceTest, SavesAppliesReplacesRenamesAndDeletes) {
     EXPECT_EQ(copies->value(), 1);
     Pick(*row()->list(), "Mine");
     EXPECT_EQ(sides()->currentIndex(), 1);
-    EXPECT_EQ(settings().copies, 7);
+    EXPECT_EQ(copies->value(), 7);
     copies->setValue(9);
     for (const auto& [answer, expected] : {std::pair{"Cancel", 7}, {"Replace", 9}}) {
         driver_.expect([this, answer = answer](QWidget& dialog) {
@@ -128,25 +124,6 @@ TEST_F(PresetChoiceTest, TheSizeOfTheWindowIsKeptWhereTheUserHasChangedIt) {
     window_->reject();
     open();
     EXPECT_EQ(window_->size(), changed);
-}
-
-TEST_F(PresetChoiceTest, StartsAsTheSiteSaysUnlessTheCommandLineSaysOtherwise) {
-    WriteFile(site_ / "kalmo-print/start.plist",
-              TicketFile("", "<key>Duplex</key><string>DuplexNoTumble</string>"));
-    open();
-    EXPECT_EQ(sides()->currentIndex(), 1);
-    EXPECT_EQ(shown(), "This site’s settings");
-    open({.preset = "Site"});
-    EXPECT_EQ(sides()->currentIndex(), 2);
-    const auto ticket = MakeFolder("in") / "ticket.plist";
-    WriteFile(ticket, TicketFile("<key>com.kalmo.print.DialogSettings</key><dict><key>Copies</key>"
-                                 "<integer>3</integer></dict>"));
-    open({.ticket = ticket.string()});
-    EXPECT_EQ(sides()->currentIndex(), 0);
-    EXPECT_EQ(settings().copies, 3);
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(open({.preset = "Unknown"}), kExitUsage);
-    EXPECT_TRUE(Contains(testing::internal::GetCapturedStderr(), "there are: Site\n"));
 }
 
 }  // namespace
