@@ -15,6 +15,22 @@ constexpr QSize kUsualPane(540, 491);
 /// Room that the window's other parts and the desktop's bars take from the screen.
 constexpr QSize kAround(420, 200);
 
+/// At least as large as the pane asks for, and larger where its texts are longer: a least size that
+/// is set would hide what the contents need.
+class Embedder final : public QWidget {
+public:
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return QWidget::minimumSizeHint().expandedTo(asked_);
+    }
+    void ask(const QSize& size) {
+        asked_ = size;
+        updateGeometry();
+    }
+
+private:
+    QSize asked_;
+};
+
 /// As large as its contents; scrolls only where the screen has no room for that.
 class ScreenScroll final : public QScrollArea {
 public:
@@ -33,7 +49,7 @@ public:
 protected:
     /// Texts that wrap say how high they are only when they know their width.
     [[nodiscard]] QSize sizeOfContents() const {
-        const QSize size = widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+        const QSize size = widget()->minimumSizeHint();
         return size.expandedTo({0, widget()->heightForWidth(size.width())});
     }
 
@@ -65,14 +81,14 @@ ControlRef PaneView::createEmbedder() {
     // The pane keeps its distances to the edges it meets. Those of the room that the pane before
     // left here would add to what it needs; nothing but the pane itself is to be around it.
     scroll_->setWidgetResizable(false);
-    embedder_ = new QWidget;
+    embedder_ = new Embedder;
     embedder_->resize(0, 0);
     scroll_->setWidget(embedder_);
     return ControlFromWidget(embedder_);
 }
 
 void PaneView::showPane(int width, int height) {
-    embedder_->setMinimumSize(width, height);
+    static_cast<Embedder*>(embedder_)->ask({width, height});
     scroll_->setWidgetResizable(true);
     reason_->hide();
     scroll_->show();

@@ -11,6 +11,12 @@ namespace {
 
 QSize Grown(const QSize& size, const QMargins& distances) { return size.grownBy(distances); }
 
+/// A pane that was drawn with a least size still grows with what it holds.
+QSize LeastSize(QLayoutItem& item) {
+    const QWidget* const pane = item.widget();
+    return pane ? item.minimumSize().expandedTo(pane->minimumSizeHint()) : item.minimumSize();
+}
+
 /// Null unless the row is a grid that begins with a label which explains a control.
 QLabel* FrontLabel(const QGridLayout& grid, int line) {
     QLayoutItem* const item = grid.itemAtPosition(line, 0);
@@ -90,7 +96,7 @@ QSize AnchorLayout::sizeHint() const {
 QSize AnchorLayout::minimumSize() const {
     QSize size(0, 0);
     for (const Anchored& pane : panes_) {
-        size = size.expandedTo(Grown(pane.item->minimumSize(), pane.distances));
+        size = size.expandedTo(Grown(LeastSize(*pane.item), pane.distances));
     }
     for (QWidget* view : Subviews(*parentWidget())) {
         if (indexOf(view) >= 0 || !IsShown(*view)) continue;
