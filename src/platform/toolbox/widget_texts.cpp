@@ -30,9 +30,10 @@ QString TextForKey(CFBundleRef bundle, const QString& key, const QString& table)
 
 void SetTip(QWidget& widget, const QString& text) { widget.setToolTip(AsPlainText(text)); }
 
-/// A label's text may serve as the name of what it stands beside: without the mark of its mnemonic.
+/// A label's text may serve as the name of what it stands beside: without the mark of its mnemonic,
+/// which languages of other scripts add as a letter in parentheses.
 void SetName(QWidget& widget, const QString& text) {
-    static const QRegularExpression mark(QStringLiteral("&(.)"));
+    static const QRegularExpression mark(QStringLiteral("\\(&.\\)|&(.)"));
     widget.setAccessibleName(QString(text).replace(mark, QStringLiteral("\\1")));
 }
 
