@@ -1,6 +1,7 @@
 // The tree's own files, as the tests of this folder read them.
 #pragma once
 
+#include <QXmlStreamReader>
 #include <regex>
 
 #include "support/qt_test.h"
@@ -38,6 +39,23 @@ inline std::vector<std::string> Matches(const std::string& text, const std::rege
         found.push_back((*match)[1]);
     }
     return found;
+}
+
+/// The windows of an interface file: the widgets directly inside its root.
+inline QStringList WindowNames(const std::filesystem::path& file) {
+    QFile xml(QString::fromStdString(file.string()));
+    if (!xml.open(QIODevice::ReadOnly)) return {};
+    QXmlStreamReader reader(&xml);
+    QStringList names;
+    int depth = 0;
+    while (!reader.atEnd()) {
+        const auto token = reader.readNext();
+        if (reader.name() != QLatin1String("widget")) continue;
+        if (token == QXmlStreamReader::EndElement) --depth;
+        if (token == QXmlStreamReader::StartElement && ++depth == 2)
+            names.append(reader.attributes().value("name").toString());
+    }
+    return names;
 }
 
 }  // namespace kalmo::test

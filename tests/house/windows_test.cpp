@@ -1,31 +1,12 @@
 // Every window of the product: names, keyboard, identities, and room for its texts.
-#include <QXmlStreamReader>
-
+#include "toolbox/windows.h"
 #include "foundation/strings_table.h"
 #include "house/resource_files.h"
 #include "support/qt_test.h"
 #include "support/window_walk.h"
-#include "toolbox/windows.h"
 
 namespace kalmo::test {
 namespace {
-
-/// The windows of an interface file: the widgets directly inside its root.
-QStringList WindowNames(const std::filesystem::path& file) {
-    QFile xml(QString::fromStdString(file.string()));
-    if (!xml.open(QIODevice::ReadOnly)) return {};
-    QXmlStreamReader reader(&xml);
-    QStringList names;
-    int depth = 0;
-    while (!reader.atEnd()) {
-        const auto token = reader.readNext();
-        if (reader.name() != QLatin1String("widget")) continue;
-        if (token == QXmlStreamReader::EndElement) --depth;
-        if (token == QXmlStreamReader::StartElement && ++depth == 2)
-            names.append(reader.attributes().value("name").toString());
-    }
-    return names;
-}
 
 /// What stands beside a pane's controls: the print window's own texts, and the pane's frame.
 std::vector<std::string> TextsAroundPane(const std::string& language, bool isFrame) {

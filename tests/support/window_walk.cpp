@@ -89,13 +89,16 @@ std::vector<std::string> CutTexts(QWidget& window) {
     std::vector<std::string> cut;
     for (QWidget* widget : window.findChildren<QWidget*>()) {
         const auto* label = qobject_cast<QLabel*>(widget);
-        const bool hasText =
-            qobject_cast<QAbstractButton*>(widget) || (label && !label->wordWrap());
+        const bool wraps = label && label->wordWrap();
         const auto* tabs = qobject_cast<QTabWidget*>(widget);
         if (tabs && tabs->width() < tabs->tabBar()->sizeHint().width())
             cut.push_back(NameOf(*widget) + " has no room for its tabs");
+        const bool hasText = qobject_cast<QAbstractButton*>(widget) || label;
         if (!hasText || widget->isHidden() || IsInnerPart(*widget)) continue;
-        const QSize wanted = widget->minimumSizeHint();
+        // Lines wrap anew when their page comes to the front.
+        if (wraps && !widget->isVisibleTo(&window)) continue;
+        const QSize wanted =
+            wraps ? QSize(0, label->heightForWidth(label->width())) : widget->minimumSizeHint();
         if (widget->width() < wanted.width() || widget->height() < wanted.height())
             cut.push_back(NameOf(*widget) + " is cut");
     }
