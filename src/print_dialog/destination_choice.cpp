@@ -10,26 +10,14 @@
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
-namespace {
-
-Destination FolderDestination() {
-    return {Destination::Kind::folder, {}, WindowText("Save to folder"), {}};
-}
-
-}  // namespace
-
 DestinationChoice::DestinationChoice(QWidget* parent)
     : QWidget(parent),
-      destinations_{FolderDestination()},
       folder_(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString()),
-      list_(new QComboBox(parent)),
+      list_(new DestinationList(parent)),
       note_(CreateNoteLabel(this)),
       folderRow_(new QWidget(this)),
       folderName_(CreateNoteLabel(folderRow_)),
       chooseFolder_(new QPushButton(WindowText("Choose folder..."), folderRow_)) {
-    list_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list_->setMinimumContentsLength(22);
-    fillList();
     chooseFolder_->setAutoDefault(false);
     auto* row = new QHBoxLayout(folderRow_);
     row->setContentsMargins(0, 0, 0, 0);
@@ -40,6 +28,7 @@ DestinationChoice::DestinationChoice(QWidget* parent)
     column->setSpacing(4);
     column->addWidget(folderRow_);
     column->addWidget(note_);
+    connect(list_, &DestinationList::marked, this, &DestinationChoice::remember);
     connect(list_, &QComboBox::activated, this, [this] {
         status_.clear();
         showCurrent();
@@ -50,32 +39,27 @@ DestinationChoice::DestinationChoice(QWidget* parent)
 }
 
 const Destination& DestinationChoice::current() const {
-    return destinations_[static_cast<std::size_t>(list_->currentData().toInt())];
+    return destinations()[static_cast<std::size_t>(list_->current())];
 }
 
 void DestinationChoice::setQueues(std::vector<Destination> queues, const QString& notice) {
     const Destination before = current();
-    destinations_ = std::move(queues);
-    destinations_.push_back(FolderDestination());
+    list_->setQueues(std::move(queues), RememberedPrinters());
     notice_ = notice;
-    fillList();
     chooseQueue(before.queue);
 }
 
-void DestinationChoice::fillList() {
-    list_->clear();
-    for (const Destination& destination : destinations_) {
-        list_->addItem(destination.text, list_->count());
-    }
-    if (destinations_.size() > 1) list_->insertSeparator(list_->count() - 1);
-}
-
 void DestinationChoice::chooseQueue(const std::string& queue) {
-    const auto found = std::ranges::find(destinations_, queue, &Destination::queue);
-    if (found != destinations_.end()) {
-        list_->setCurrentIndex(list_->findData(static_cast<int>(found - destinations_.begin())));
+    const auto found = std::ranges::find(destinations(), queue, &Destination::queue);
+    if (found != destinations().end()) {
+        list_->setCurrent(static_cast<int>(found - destinations().begin()));
     }
     showCurrent();
+}
+
+void DestinationChoice::remember(const std::string& queue, bool isFavorite) {
+    const auto outcome = RememberFavorite(queue, isFavorite);
+    if (!outcome) setStatus(QString::fromStdString(outcome.error));
 }
 
 void DestinationChoice::setFolder(const std::filesystem::path& folder) {

@@ -1,7 +1,6 @@
 // Where the job goes: a queue of the print server, or a folder.
 #pragma once
 
-#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QWidget>
@@ -9,16 +8,9 @@
 #include <string>
 #include <vector>
 
-namespace kalmo {
+#include "print_dialog/destination_list.h"
 
-struct Destination {
-    enum class Kind { queue, folder };
-    Kind kind = Kind::folder;
-    std::string queue;
-    QString text;    // as the list shows it
-    QString status;  // the line below
-    bool operator==(const Destination&) const = default;
-};
+namespace kalmo {
 
 /// The list of printers, and below it what belongs to the choice. The list ends with "Save to
 /// folder", which is always there.
@@ -27,8 +19,9 @@ class DestinationChoice final : public QWidget {
 public:
     explicit DestinationChoice(QWidget* parent = nullptr);
 
-    /// The choice stays when the list still has it. `notice` (why there are no queues) shows below
-    /// when it does not say anything about the choice itself.
+    /// As ArrangedDestinations has them. The choice stays when it is still among them, else it is
+    /// the folder. `notice` (why there are no queues) shows below when it does not say anything
+    /// about the choice itself.
     void setQueues(std::vector<Destination> queues, const QString& notice);
     /// No effect when there is no such queue; empty: "Save to folder".
     void chooseQueue(const std::string& queue);
@@ -39,7 +32,9 @@ public:
     void setStatus(const QString& status);
 
     [[nodiscard]] const Destination& current() const;
-    [[nodiscard]] const std::vector<Destination>& destinations() const { return destinations_; }
+    [[nodiscard]] const std::vector<Destination>& destinations() const {
+        return list_->destinations();
+    }
     [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
     /// Stands beside this widget, in its parent, where a label can name it.
     [[nodiscard]] QComboBox* list() const { return list_; }
@@ -49,14 +44,13 @@ Q_SIGNALS:
     void chosen();
 
 private:
-    void fillList();
+    void remember(const std::string& queue, bool isFavorite);
     void showCurrent();
     void askForFolder();
 
-    std::vector<Destination> destinations_;
     QString notice_, status_, folderNote_;
     std::filesystem::path folder_;
-    QComboBox* list_;
+    DestinationList* list_;
     QLabel* note_;
     QWidget* folderRow_;
     QLabel* folderName_;

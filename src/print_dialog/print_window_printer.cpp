@@ -13,18 +13,15 @@ namespace {
 
 constexpr int kAskAgainMs = 100;
 
-QString ShownName(const PrinterEntry& printer) {
-    return QString::fromStdString(printer.info.empty() ? printer.name : printer.info);
-}
-
-QString ShownStatus(const PrinterEntry& printer) {
-    const QString message = QString::fromStdString(printer.stateMessage);
-    if (!printer.accepting) return WindowText("Printer refuses jobs");
-    if (printer.stopped && message.isEmpty()) return WindowText("Printer stopped");
-    if (printer.stopped) return WindowText("Printer stopped because", {message});
-    if (!message.isEmpty()) return message;
-    return QString::fromStdString(printer.location.empty() ? printer.makeAndModel
-                                                           : printer.location);
+/// The one that was printed on last, else the server's default; empty without either.
+std::string UsualPrinter(const std::vector<PrinterEntry>& printers) {
+    const std::vector<std::string> recent = RememberedPrinters().recent;
+    const bool lastIsThere =
+        !recent.empty() &&
+        std::ranges::find(printers, recent.front(), &PrinterEntry::name) != printers.end();
+    if (lastIsThere) return recent.front();
+    const auto byDefault = std::ranges::find(printers, true, &PrinterEntry::isDefault);
+    return byDefault == printers.end() ? std::string() : byDefault->name;
 }
 
 }  // namespace
@@ -37,20 +34,11 @@ void PrintWindow::findPrinters() {
 }
 
 void PrintWindow::showPrinters(const PrinterList& list) {
-    std::vector<Destination> queues;
     std::string preferred = commandLine_.printer;
-    const std::string last = preferred.empty() ? RememberedPrinter() : std::string();
-    const bool isThere =
-        std::ranges::find(list.printers, last, &PrinterEntry::name) != list.printers.end();
-    if (isThere) preferred = last;
-    for (const PrinterEntry& printer : list.printers) {
-        queues.push_back(
-            {Destination::Kind::queue, printer.name, ShownName(printer), ShownStatus(printer)});
-        if (preferred.empty() && printer.isDefault) preferred = printer.name;
-    }
+    if (preferred.empty()) preferred = UsualPrinter(list.printers);
     DestinationChoice* destination = form_->destination();
     destination->setStatus({});
-    destination->setQueues(std::move(queues), QString::fromStdString(list.error));
+    destination->setQueues(list.destinations, QString::fromStdString(list.error));
     // A PPD file or a folder on the command line is a choice of its own.
     if (!commandLine_.output.empty() || !commandLine_.ppd.empty() || job_) return;
     destination->chooseQueue(preferred);

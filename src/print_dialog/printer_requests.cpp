@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "print_dialog/destination_order.h"
 #include "print_dialog/print_server.h"
 #include "print_dialog/window_texts.h"
 
@@ -124,6 +125,7 @@ PrinterList FetchPrinterList() {
     list.printers = TakePrinters(answer.get());
     const char* byDefault = cupsGetDefault2(http.get());
     for (auto& entry : list.printers) entry.isDefault = byDefault && entry.name == byDefault;
+    list.destinations = ArrangedDestinations(list.printers);
     return list;
 }
 

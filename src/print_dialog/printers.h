@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "print_dialog/background.h"
+#include "print_dialog/destination.h"
 
 namespace kalmo {
 
@@ -26,6 +27,8 @@ struct PrinterEntry {
 
 struct PrinterList {
     std::vector<PrinterEntry> printers;  // by name
+    /// The same as the user sees them.
+    std::vector<Destination> destinations;
     /// One line for the user when the server did not answer; the list is then empty.
     std::string error;
 };

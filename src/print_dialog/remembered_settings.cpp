@@ -12,10 +12,11 @@ namespace kalmo {
 namespace {
 
 constexpr const char* kPanelsKey = "panels";
-constexpr const char* kPrinterKey = "printer";
 constexpr const char* kWindowSizeKey = "windowSize";
 constexpr const char* kSourceKey = "addressBook/source";
 constexpr const char* kFolderKey = "addressBook/folder";
+constexpr const char* kFavoritesKey = "printers/favorites";
+constexpr const char* kRecentKey = "printers/recent";
 
 constexpr std::pair<contacts::Source, const char*> kSources[] = {
     {contacts::Source::automatic, "automatic"},
@@ -35,30 +36,30 @@ bool Store(const std::vector<std::pair<const char*, QVariant>>& values) {
     return file.status() == QSettings::NoError;
 }
 
+std::vector<std::string> StoredNames(const char* key) {
+    const QSettings file(File(), QSettings::IniFormat);
+    std::vector<std::string> names;
+    for (const QString& name : file.value(key).toStringList()) names.push_back(name.toStdString());
+    return names;
+}
+
+QStringList ToList(const std::vector<std::string>& names) {
+    QStringList list;
+    for (const std::string& name : names) list.append(QString::fromStdString(name));
+    return list;
+}
+
 }  // namespace
 
 std::vector<std::string> RememberedPanels() {
-    const QSettings file(File(), QSettings::IniFormat);
-    std::vector<std::string> panels;
-    for (const QString& name : file.value(kPanelsKey).toStringList()) {
-        if (PanelInterfaceName(name.toStdString())) panels.push_back(name.toStdString());
-    }
+    std::vector<std::string> panels = StoredNames(kPanelsKey);
+    std::erase_if(panels, [](const std::string& name) { return !PanelInterfaceName(name); });
     return panels;
 }
 
 Outcome RememberPanels(const std::vector<std::string>& panels) {
-    QStringList names;
-    for (const std::string& panel : panels) names.append(QString::fromStdString(panel));
-    if (Store({{kPanelsKey, names}})) return {};
+    if (Store({{kPanelsKey, ToList(panels)}})) return {};
     return {HostText("Panels not remembered", {File().toStdString()})};
-}
-
-std::string RememberedPrinter() {
-    return QSettings(File(), QSettings::IniFormat).value(kPrinterKey).toString().toStdString();
-}
-
-void RememberPrinter(const std::string& queue) {
-    Store({{kPrinterKey, QString::fromStdString(queue)}});
 }
 
 QSize RememberedWindowSize() {
@@ -87,6 +88,29 @@ Outcome RememberAddressBook(const contacts::Settings& settings) {
                                {kFolderKey, QString::fromStdString(settings.folder.string())}});
     if (stored) return {};
     return {HostText("Address book not remembered", {File().toStdString()})};
+}
+
+PrinterMarks RememberedPrinters() {
+    PrinterMarks marks{StoredNames(kFavoritesKey), StoredNames(kRecentKey)};
+    if (marks.recent.size() > kRecentPrinters) marks.recent.resize(kRecentPrinters);
+    return marks;
+}
+
+Outcome RememberFavorite(const std::string& queue, bool isFavorite) {
+    // Read anew: another window may have added one.
+    std::vector<std::string> favorites = StoredNames(kFavoritesKey);
+    std::erase(favorites, queue);
+    if (isFavorite) favorites.push_back(queue);
+    if (Store({{kFavoritesKey, ToList(favorites)}})) return {};
+    return {HostText("Printers not remembered", {File().toStdString()})};
+}
+
+void RememberPrinter(const std::string& queue) {
+    std::vector<std::string> recent = StoredNames(kRecentKey);
+    std::erase(recent, queue);
+    recent.insert(recent.begin(), queue);
+    if (recent.size() > kRecentPrinters) recent.resize(kRecentPrinters);
+    Store({{kRecentKey, ToList(recent)}});
 }
 
 }  // namespace kalmo
