@@ -54,7 +54,8 @@ void AddOptions(CLI::App& app, CommandLine& into) {
         "--dry-run", into.dryRun,
         "Print nothing; tell what would come out, with which options, and what conflicts");
     app.add_flag("--json", into.json, "With --dry-run: for programs")->needs(dryRun);
-    app.add_flag("--list-printers", into.listPrinters, "List the queues and exit");
+    app.add_flag("--list-printers", into.listPrinters,
+                 "List the queues, and whether each has a pane or why not, and exit");
     app.set_version_flag("--version", "kalmo-print " KALMO_VERSION);
     app.footer("Exit code: 0 done, 1 failed or refused, 2 usage or unreadable input, 3 cancelled.");
     printer->excludes(ppd);

@@ -8,6 +8,7 @@
 #include "print_dialog/background.h"
 #include "print_dialog/command_line.h"
 #include "print_dialog/job.h"
+#include "print_dialog/list_printers.h"
 #include "print_dialog/print_window.h"
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/unattended.h"

@@ -4,13 +4,13 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cstdio>
 
 #include "print_dialog/job.h"
 #include "print_dialog/job_input.h"
 #include "print_dialog/presets.h"
 #include "print_dialog/printers.h"
 #include "print_dialog/stop_signals.h"
+#include "print_dialog/wait_for_answer.h"
 #include "print_dialog/window_texts.h"
 #include "system/presence.h"
 #include "toolbox/host.h"
@@ -39,23 +39,6 @@ private:
     QPushButton* print_ = new QPushButton;
     QPushButton* cancel_ = new QPushButton;
 };
-
-/// Asks for something, and waits for the answer that comes through the event loop.
-template <typename Result, typename Ask>
-Result WaitFor(Ask&& ask) {
-    QEventLoop loop;
-    Result result;
-    ask([&](const Result& answer) {
-        result = answer;
-        loop.quit();
-    });
-    loop.exec();
-    return result;
-}
-
-PrinterList WaitForPrinters(Printers& printers) {
-    return WaitFor<PrinterList>([&](auto answer) { printers.list(answer); });
-}
 
 /// A run that ends early: its line is written here, its exit code goes back.
 class Stop final {
@@ -119,7 +102,8 @@ private:
     ExitCode chooseQueue() {
         auto queue = commandLine_.printer;
         if (queue.empty()) {
-            const auto list = WaitForPrinters(printers_);
+            const auto list =
+                WaitForAnswer<PrinterList>([&](auto answer) { printers_.list(answer); });
             if (!list.error.empty()) return Stop(kExitFailed, list.error);
             const auto chosen = std::ranges::find(list.printers, true, &PrinterEntry::isDefault);
             if (chosen == list.printers.end()) {
@@ -128,8 +112,8 @@ private:
             }
             queue = chosen->name;
         }
-        const auto found =
-            WaitFor<PrinterDescription>([&](auto answer) { printers_.describe(queue, answer); });
+        const auto found = WaitForAnswer<PrinterDescription>(
+            [&](auto answer) { printers_.describe(queue, answer); });
         if (!found.error.empty()) return Stop(kExitFailed, queue + ": " + found.error);
         const auto outcome = host_.setPrinter({queue, found.ppdPath});
         return outcome ? kExitDone : Stop(kExitFailed, queue + ": " + outcome.error);
@@ -218,26 +202,7 @@ private:
     std::vector<PageSize> pages_;
 };
 
-/// A server's words must not steer a terminal.
-std::string Printable(std::string text) {
-    std::ranges::replace_if(
-        text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-    return text;
-}
-
 }  // namespace
-
-ExitCode ListPrinters() {
-    Printers printers;
-    const auto list = WaitForPrinters(printers);
-    if (!list.error.empty()) return Stop(kExitFailed, list.error);
-    if (list.printers.empty()) PrintMessage("The print server has no printers; add one first");
-    for (const auto& entry : list.printers) {
-        std::printf("%c %s\t%s\t%s\n", entry.isDefault ? '*' : ' ', Printable(entry.name).c_str(),
-                    Printable(entry.makeAndModel).c_str(), Printable(entry.info).c_str());
-    }
-    return kExitDone;
-}
 
 ExitCode RunUnattended(const CommandLine& commandLine) {
     InstallPresence(UnattendedPresence());

@@ -6,6 +6,7 @@
 #include "controls/pictures.h"
 #include "settings/feature_database.h"
 #include "settings/installable_options.h"
+#include "settings/manufacturer.h"
 #include "settings/ppd_access.h"
 #include "shell/base/current_session.h"
 #include "shell/base/panel_interface.h"
@@ -27,7 +28,6 @@ namespace PDEShell {
 namespace {
 
 constexpr UInt32 kPaneWidth = 540, kPaneHeight = 491;
-constexpr char kManufacturer[] = "Kalmo";
 
 PDEShellContext& Shell(PDEContext context) { return *static_cast<PDEShellContext*>(context); }
 

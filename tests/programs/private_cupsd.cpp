@@ -81,13 +81,14 @@ std::vector<int> JobsOnTheServer() {
     return numbers;
 }
 
-PrivateCupsd::PrivateCupsd() {
+PrivateCupsd::PrivateCupsd(const std::string& printers) {
     // Not in the private home: the filters' account must reach it.
     std::string pattern = std::filesystem::temp_directory_path() / "kalmo-cupsd-XXXXXX";
     root_ = mkdtemp(pattern.data());
     makeFolders();
     installTicketFilter();
     writeConfiguration();
+    if (!printers.empty()) WriteFile(root_ / "etc/printers.conf", printers);
     handOverTo(ServerAccounts().at("%GROUP%"));
     server_ = std::make_unique<Program>(ProgramCall{
         .program = "/usr/sbin/cupsd",
@@ -163,8 +164,13 @@ std::string PrivateCupsd::log() const {
 
 ProgramEnd PrivateCupsd::addQueue(const std::string& queue, const path& ppd) {
     const std::string device = "file:" + (outFolder() / (queue + ".prn")).string();
-    return RunProgram({.program = "/usr/sbin/lpadmin",
-                       .arguments = {"-p", queue, "-v", device, "-P", ppd, "-E"}});
+    std::vector<std::string> arguments = {"-p", queue, "-v", device, "-E"};
+    if (!ppd.empty()) arguments.insert(arguments.end(), {"-P", ppd});
+    return RunProgram({.program = "/usr/sbin/lpadmin", .arguments = arguments});
+}
+
+void PrivateCupsd::damagePPD(const std::string& queue, const std::string& bytes) {
+    WriteFile(root_ / "etc/ppd" / (queue + ".ppd"), bytes);
 }
 
 int PrivateCupsd::submit(const std::string& queue, const path& document, const JobOptions& options,

@@ -27,7 +27,9 @@ public:
     /// Starts the server and points CUPS_SERVER, for this program and those it starts, there. What
     /// the ticket filter is given lies in outFolder() afterwards: "ticket" as it recovered it,
     /// "options", and "commands", the command lines of all processes that ran beside it.
-    PrivateCupsd();
+    /// `printers`: a printers.conf for queues that are there from the start; lpadmin takes long to
+    /// add a thousand.
+    explicit PrivateCupsd(const std::string& printers = {});
     ~PrivateCupsd();
     PrivateCupsd(const PrivateCupsd&) = delete;
     PrivateCupsd& operator=(const PrivateCupsd&) = delete;
@@ -39,8 +41,10 @@ public:
     /// Everything cupsd and the filters log, at level debug.
     [[nodiscard]] std::string log() const;
 
-    /// A queue that prints into a file. The answer is lpadmin's.
+    /// A queue that prints into a file; without a PPD file a raw one. The answer is lpadmin's.
     ProgramEnd addQueue(const std::string& queue, const std::filesystem::path& ppd);
+    /// Puts other bytes in the place of the queue's PPD file.
+    void damagePPD(const std::string& queue, const std::string& bytes);
 
     /// Sends a PDF as `user`; the job's number, 0 on failure.
     int submit(const std::string& queue, const std::filesystem::path& document,
