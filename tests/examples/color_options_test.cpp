@@ -1,4 +1,5 @@
 // The example of a colour panel, in the product's pane.
+#include "house/resource_files.h"
 #include "shell/product.h"
 #include "support/dictionaries.h"
 #include "support/window_walk.h"
@@ -62,12 +63,12 @@ TEST(ColorOptions, ARecordGoesRoundWithAllThatThePanelDoesNotShow) {
 }
 
 TEST(ColorOptions, ItServesEverybodyInEveryLanguage) {
-    for (const char* language : {"en", "de"}) {
-        setenv("LANGUAGE", language, 1);
+    for (const std::string& language : Languages()) {
+        setenv("LANGUAGE", language.c_str(), 1);
         ColorPane pane;
         pane.window.show();
         EXPECT_TRUE(WindowFaults(*pane.slider->parentWidget(), Identities::needed).empty());
-        EXPECT_TRUE(CutTexts(pane.window).empty()) << language;
+        EXPECT_EQ(CutTexts(*pane.slider->parentWidget()), std::vector<std::string>()) << language;
     }
 }
 

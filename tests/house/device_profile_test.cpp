@@ -128,10 +128,12 @@ TEST(SamplePrinters, StartWithoutConflictsAndSpeakEveryLanguage) {
         }
         // libcups itself keeps the texts of one language only.
         const std::string text = ReadFile(file.path());
-        std::istringstream languages(ppdFindAttr(ppd.get(), "cupsLanguages", nullptr)->value);
-        std::string language;
-        ASSERT_TRUE(languages >> language && language == "en");
-        while (languages >> language) {
+        std::istringstream named(ppdFindAttr(ppd.get(), "cupsLanguages", nullptr)->value);
+        std::vector<std::string> languages(std::istream_iterator<std::string>(named), {});
+        std::ranges::sort(languages);
+        EXPECT_EQ(languages, Languages());
+        std::erase(languages, "en");
+        for (const std::string& language : languages) {
             ForEachOption(ppd.get(), [&](const ppd_option_t& option) {
                 for (int i = 0; i < option.num_choices; ++i) {
                     const std::string choice = option.choices[i].choice;
