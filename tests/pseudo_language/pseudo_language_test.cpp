@@ -131,11 +131,18 @@ TEST_F(PseudoLanguage, EveryWindowThatPrintingLeadsTo) {
         ASSERT_EQ(window.prepare(), kExitDone);
         Activate(window);
         ASSERT_TRUE(Wait([&] { return window.windowTitle().contains("report"); }));
+        window.findChild<DestinationChoice*>()->list()->showPopup();
+        QWidget* const printers = QApplication::activePopupWidget();
+        ASSERT_NE(printers, nullptr);
+        check(*printers);
+        printers->close();
         auto* const selector = window.findChild<QComboBox*>("panelSelector");
         panels = selector->count();
         Pick(*selector, selector->itemText(panel));
         explorer.explore(window);
     }
+    for (const char* title : {"Save preset title", "Choose folder title"})
+        EXPECT_TRUE(explorer.found().contains(WindowText(title).toStdString())) << title;
     EXPECT_GT(explorer.found().size(), 15u) << "the buttons no longer lead anywhere";
     // From the menu of extras, which also takes panels away.
     AddressBookDialog addressBook;
