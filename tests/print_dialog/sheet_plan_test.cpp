@@ -1,0 +1,212 @@
+// Which pages lie on which sheets: by examples, and by what holds for every combination.
+#include "print_dialog/sheet_plan.h"
+
+#include "support/test.h"
+
+namespace kalmo::test {
+namespace {
+
+constexpr auto kTwo = PrintedSides::longEdge, kShort = PrintedSides::shortEdge;
+
+std::string Told(const std::vector<int>& pages) {
+    std::string text;
+    for (const int page : pages) text += (text.empty() ? "" : "+") + std::to_string(page);
+    return text;
+}
+/// "1" a one-sided sheet, "1/2" a two-sided one, "1+2" beside each other; F, B: covers; I3: three
+/// inserts; "@1:" on paper 1.
+std::string Told(const SheetPlan& plan) {
+    std::string text;
+    for (const PlannedSheet& sheet : plan.sheets) {
+        text += text.empty() ? "" : " ";
+        if (sheet.kind == SheetKind::insert) text += "I" + std::to_string(sheet.count);
+        if (sheet.kind == SheetKind::frontCover) text += "F";
+        if (sheet.kind == SheetKind::backCover) text += "B";
+        if (sheet.paper > 0) text += "@" + std::to_string(sheet.paper) + ":";
+        text += Told(sheet.front);
+        if (sheet.sides != PrintedSides::one) text += "/" + Told(sheet.back);
+    }
+    return text;
+}
+
+TEST(SheetPlans, SheetsComeOutInThisOrder) {
+    using Cover = PlanCover;
+    const std::tuple<const char*, PlanInput, const char*> rows[] = {
+        {"no page in the range", {.pageCount = 3, .pages = {{7, 9}}, .frontCover = Cover{}}, ""},
+        {"one-sided", {.pageCount = 3}, "1 2 3"},
+        {"an odd page has a blank back", {.pageCount = 3, .sides = kTwo}, "1/2 3/"},
+        {"chosen pages", {.pageCount = 9, .pages = {{2, 4}, {8, 12}}, .sides = kTwo}, "2/3 4/8 9/"},
+        {"four on a side",
+         {.pageCount = 9, .pagesPerSide = 4, .sides = kTwo},
+         "1+2+3+4/5+6+7+8 9/"},
+        {"an insert takes a sheet of its own and ends the one before",
+         {.pageCount = 4, .sides = kTwo, .inserts = {{1, 2, 3}}},
+         "1/ I2@3: 2/3 4/"},
+        {"inserts first and last, those of one place in their order",
+         {.pageCount = 2, .inserts = {{2, 1}, {0, 3}, {2, 5, 1}}},
+         "I3 1 2 I1 I5@1:"},
+        {"inserts of pages that are not printed",
+         {.pageCount = 4, .pages = {{2, 3}}, .inserts = {{1}, {4}, {5}, {-1}, {2}}},
+         "2 I1 3"},
+        {"an insert amid four on a side",
+         {.pageCount = 6, .pagesPerSide = 4, .sides = kTwo, .inserts = {{2}}},
+         "1+2/ I1 3+4+5+6/"},
+        {"a one-sided exception begins and ends sheets",
+         {.pageCount = 6, .sides = kTwo, .exceptions = {{{2, 3}, 0, PrintedSides::one}}},
+         "1/ 2 3 4/5 6/"},
+        {"so does another paper, and a flip on the other edge",
+         {.pageCount = 5, .sides = kTwo, .exceptions = {{{2, 2}, 1}, {{5, 5}, 0, kShort}}},
+         "1/ @1:2/ 3/4 5/"},
+        {"an exception that changes neither does not",
+         {.pageCount = 3, .sides = kTwo, .exceptions = {{{2, 2}, 0, kTwo}}},
+         "1/2 3/"},
+        {"of exceptions for one page the last counts",
+         {.pageCount = 4, .exceptions = {{{1, 3}, 1}, {{2, 9}, 2}, {{3, 1}, 4}}},
+         "@1:1 @2:2 @2:3 @2:4"},
+        {"blank covers are additions",
+         {.pageCount = 3, .sides = kTwo, .frontCover = Cover{1, 0}, .backCover = Cover{2, 0}},
+         "F@1: 1/2 3/ B@2:"},
+        {"printed covers take pages",
+         {.pageCount = 6, .sides = kTwo, .frontCover = Cover{1, 2}, .backCover = Cover{2, 1}},
+         "F@1:1/2 3/4 5/ B@2:6"},
+        {"covers on both sides of a one-sided job",
+         {.pageCount = 5, .frontCover = Cover{1, 2}, .backCover = Cover{1, 2}},
+         "F@1:1/2 3 B@1:4/5"},
+        {"the front cover comes first when pages run out",
+         {.pageCount = 3, .frontCover = Cover{1, 2}, .backCover = Cover{1, 2}},
+         "F@1:1/2 B@1:3/"},
+        {"covers with four on a side",
+         {.pageCount = 13, .pagesPerSide = 4, .frontCover = Cover{1, 1}, .backCover = Cover{1, 1}},
+         "F@1:1+2+3+4 5+6+7+8 9+10+11+12 B@1:13"},
+        {"an insert comes between pages of a cover",
+         {.pageCount = 4,
+          .frontCover = Cover{1, 2},
+          .backCover = Cover{1, 2},
+          .inserts = {{1}, {3}}},
+         "F@1:1/ I1 2 3 I1 B@1:4/"},
+        {"covers stay outermost",
+         {.pageCount = 2,
+          .frontCover = Cover{1, 1},
+          .backCover = Cover{1, 1},
+          .inserts = {{0}, {2}}},
+         "F@1:1 I1 I1 B@1:2"},
+        {"a cover's paper wins over an exception's",
+         {.pageCount = 2, .frontCover = Cover{1, 1}, .exceptions = {{{1, 2}, 2}}},
+         "F@1:1 @2:2"},
+        {"a booklet", {.pageCount = 8, .booklet = true}, "8+1/2+7 6+3/4+5"},
+        {"its blank pages come last", {.pageCount = 5, .booklet = true}, "1/2 3/4+5"},
+        {"its cover is its outermost sheet",
+         {.pageCount = 8, .booklet = true, .frontCover = Cover{1, 2}, .backCover = Cover{2, 0}},
+         "F@1:8+1/2+7 6+3/4+5"},
+        {"printed outside only",
+         {.pageCount = 6, .booklet = true, .frontCover = Cover{1, 1}},
+         "F@1:6+1 5+2/3+4"},
+        {"or blank", {.pageCount = 4, .booklet = true, .frontCover = Cover{1, 0}}, "F@1: 4+1/2+3"},
+        {"inserts and exceptions have no place in it",
+         {.pageCount = 4, .booklet = true, .inserts = {{1}}, .exceptions = {{{1, 2}, 1}}},
+         "4+1/2+3"},
+        {"numbers of nobody's",
+         {.pageCount = 2,
+          .pages = {{-5, 2147483647}},
+          .pagesPerSide = -1,
+          .frontCover = Cover{1, 99},
+          .inserts = {{1, -7}, {2147483647, 1}}},
+         "F@1:1/ I1 2"},
+    };
+    for (const auto& [why, input, expected] : rows) {
+        SCOPED_TRACE(why);
+        EXPECT_EQ(Told(PlanSheets(input)), expected);
+    }
+}
+
+TEST(SheetPlans, CountsAndRunsOfAllCopies) {
+    const auto plan = PlanSheets({.pageCount = 7,
+                                  .sides = kTwo,
+                                  .copies = 3,
+                                  .inserts = {{4, 10, 1}},
+                                  .exceptions = {{{5, 6}, 1, PrintedSides::one}}});
+    EXPECT_EQ(plan.sheetsPerCopy(), 2 + 10 + 2 + 1);
+    EXPECT_EQ(plan.sheetsInAll(), 45);
+    EXPECT_EQ(plan.printedSidesPerCopy(), 7);
+    std::string runs;
+    for (const SheetRun& run : plan.runs())
+        runs += PageRangesText(run.pages) + "x" + std::to_string(run.sheets) + " ";
+    EXPECT_EQ(runs, "1-4x2 x10 5-6x2 7x1 ");
+}
+
+/// What must hold of any plan.
+void Check(const PlanInput& input, const std::vector<int>& chosen) {
+    const SheetPlan plan = PlanSheets(input);
+    std::vector<int> seen;
+    std::int64_t sheets = 0, inserts = 0, inRuns = 0;
+    const auto most = static_cast<std::size_t>(input.pagesPerSide * (input.booklet ? 2 : 1));
+    for (const PlannedSheet& sheet : plan.sheets) {
+        AppendPages(sheet, seen);
+        sheets += sheet.count;
+        if (sheet.kind == SheetKind::insert) inserts += sheet.count;
+        EXPECT_TRUE(sheet.sides != PrintedSides::one || sheet.back.empty());
+        EXPECT_LE(std::max(sheet.front.size(), sheet.back.size()), most);
+        if (sheet.kind != SheetKind::page || input.booklet) continue;
+        std::vector<int> own;
+        AppendPages(sheet, own);
+        ASSERT_FALSE(sheet.front.empty());
+        for (const int page : own) {
+            const auto rule = std::ranges::find_if(input.exceptions, [page](const auto& each) {
+                return each.pages.first <= page && page <= each.pages.last;
+            });
+            const bool isException = rule != input.exceptions.end();
+            EXPECT_EQ(sheet.paper, isException ? rule->paper : 0) << "page " << page;
+            EXPECT_EQ(sheet.sides, isException ? rule->sides.value_or(input.sides) : input.sides);
+        }
+    }
+    EXPECT_TRUE(input.booklet || seen == chosen) << "in the document's order";
+    std::ranges::sort(seen);
+    EXPECT_EQ(seen, chosen) << "each page once";
+    for (const SheetRun& run : plan.runs()) inRuns += run.sheets;
+    EXPECT_EQ(plan.sheetsPerCopy(), sheets);
+    EXPECT_EQ(inRuns, sheets);
+    std::int64_t wanted = 0;
+    for (const PlanInsert& insert : StandingInserts(input)) wanted += insert.sheets;
+    EXPECT_EQ(inserts, input.booklet ? 0 : wanted);
+}
+
+TEST(SheetPlans, EveryCombinationKeepsItsPromises) {
+    using Covers = std::pair<std::optional<PlanCover>, std::optional<PlanCover>>;
+    const std::vector<PlanInsert> inserts[] = {{}, {{0, 2, 1}, {3, 1, 2}, {9, 4, 1}}};
+    const std::vector<PlanException> exceptions[] = {
+        {}, {{{2, 3}, 0, PrintedSides::one}, {{5, 5}, 2, {}}, {{7, 8}, 3, kShort}}};
+    const Covers covers[] = {{},
+                             {PlanCover{1, 0}, {}},
+                             {PlanCover{1, 2}, PlanCover{2, 1}},
+                             {PlanCover{1, 1}, PlanCover{1, 2}}};
+    for (int number = 0; number < 4 * 3 * 2 * 4 * 4 * 2 * 2; ++number) {
+        int rest = number;
+        const auto next = [&rest](int count) { return std::exchange(rest, rest / count) % count; };
+        const int perSide = std::array{1, 2, 4, 6}[next(4)];
+        const auto sides = static_cast<PrintedSides>(1 + next(3));
+        const bool booklet = next(2) == 1;
+        const int pageCount = std::array{1, 2, 5, 9}[next(4)];
+        const auto& [front, back] = covers[next(4)];
+        PlanInput input{.pageCount = pageCount,
+                        .pagesPerSide = perSide,
+                        .sides = sides,
+                        .booklet = booklet,
+                        .frontCover = front,
+                        .backCover = back,
+                        .inserts = inserts[next(2)],
+                        .exceptions = exceptions[next(2)]};
+        for (const bool some : {false, true}) {
+            if (some) input.pages = {{2, 3}, {6, 7}};
+            std::vector<int> chosen;
+            for (int page = 1; page <= pageCount; ++page)
+                if (!some || page == 2 || page == 3 || page == 6 || page == 7)
+                    chosen.push_back(page);
+            SCOPED_TRACE("combination " + std::to_string(number) + (some ? " of some pages" : ""));
+            Check(input, chosen);
+            if (testing::Test::HasFailure()) return;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kalmo::test
