@@ -53,6 +53,9 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     auto* dryRun = app.add_flag(
         "--dry-run", into.dryRun,
         "Print nothing; tell what would come out, with which options, and what conflicts");
+    for (const char* contrary : {"--write-ticket", "--print-first-frame"}) {
+        dryRun->excludes(app.get_option(contrary));
+    }
     app.add_flag("--json", into.json, "With --dry-run: for programs")->needs(dryRun);
     app.add_flag("--list-printers", into.listPrinters,
                  "List the queues, and whether each has a pane or why not, and exit");

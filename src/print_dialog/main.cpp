@@ -76,7 +76,8 @@ ExitCode Main(int argc, char** argv) {
     if (const auto* code = std::get_if<ExitCode>(&parsed)) return *code;
     const auto& commandLine = std::get<CommandLine>(parsed);
     contacts::SetSettings(RememberedAddressBook());
-    const bool withWindow = !commandLine.noDialog && !commandLine.listPrinters;
+    const bool withWindow =
+        !commandLine.noDialog && !commandLine.dryRun && !commandLine.listPrinters;
     return (withWindow ? RunWithWindow : RunWithoutWindow)(commandLine, argc, argv);
 }
 

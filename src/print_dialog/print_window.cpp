@@ -80,13 +80,20 @@ QLayout* PrintWindow::createButtons() {
     cancel_ = new QPushButton(WindowText("Cancel"), this);
     print_ = new QPushButton(WindowText("Print"), this);
     panels_ = new ExtrasButton(this);
+    summary_ = new QPushButton(WindowText("Summary..."), this);
+    // Window and panes have taken all letters.
+    const QKeySequence shortcut(Qt::CTRL | Qt::Key_I);
+    summary_->setShortcut(shortcut);
+    summary_->setToolTip(WindowText("Summary tip", {shortcut.toString(QKeySequence::NativeText)}));
     help_->setAutoDefault(false);
+    summary_->setAutoDefault(false);
     cancel_->setAutoDefault(false);
     print_->setDefault(true);
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(help_);
     row->addWidget(panels_);
+    row->addWidget(summary_);
     row->addStretch();
     row->addWidget(cancel_);
     row->addWidget(print_);
@@ -115,6 +122,7 @@ void PrintWindow::connectWidgets() {
     connect(help_, &QPushButton::clicked, this, &PrintWindow::showHelp);
     connect(panels_, &ExtrasButton::chosen, this,
             [this] { whenPaneIsFree([this] { changePanels(); }); });
+    connect(summary_, &QPushButton::clicked, this, &PrintWindow::showSummary);
     connect(cancel_, &QPushButton::clicked, this, &PrintWindow::reject);
     connect(print_, &QPushButton::clicked, this, &PrintWindow::print);
 }

@@ -91,6 +91,7 @@ private:
     void setSending(bool sending);
     void finishJob(const JobResult& result);
     void showHelp();
+    void showSummary();
 
     const CommandLine commandLine_;
     ExitCode exitCode_ = kExitCancelled;
@@ -108,6 +109,7 @@ private:
     std::unique_ptr<PresetCommands> presets_;
     QPushButton* help_ = nullptr;
     ExtrasButton* panels_ = nullptr;
+    QPushButton* summary_ = nullptr;
     QPushButton* cancel_ = nullptr;
     QPushButton* print_ = nullptr;
 

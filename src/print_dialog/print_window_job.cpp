@@ -1,6 +1,7 @@
 // From the window's Print button to the end of the job.
 #include "print_dialog/print_window.h"
 #include "print_dialog/remembered_settings.h"
+#include "print_dialog/summary_dialog.h"
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
@@ -42,11 +43,20 @@ void PrintWindow::print() {
     bar_->showProgress(JobStage::preparing, 0, destination);
 }
 
+void PrintWindow::showSummary() {
+    if (form_->isValid()) host_.apply(form_->settings());
+    // Without a Sync back: what the pane shows stays as it is.
+    host_.sync(kSyncToTicket);
+    const QString note = host_.hasPane() ? QString() : WindowText("Summary without extension");
+    SummaryDialog(SummarizeJob(host_, document_.pages()), note, this).exec();
+}
+
 void PrintWindow::setSending(bool sending) {
     if (sending) focusBefore_ = focusWidget();
     body_->setEnabled(!sending);
     help_->setEnabled(!sending);
     panels_->setEnabled(!sending);
+    summary_->setEnabled(!sending);
     updatePrint();
     if (sending) {
         cancel_->setFocus();

@@ -5,10 +5,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "print_dialog/dry_run.h"
 #include "print_dialog/job.h"
 #include "print_dialog/job_input.h"
 #include "print_dialog/presets.h"
 #include "print_dialog/printers.h"
+#include "print_dialog/private_folder.h"
 #include "print_dialog/stop_signals.h"
 #include "print_dialog/wait_for_answer.h"
 #include "print_dialog/window_texts.h"
@@ -78,7 +80,7 @@ private:
     }
 
     ExitCode readDocument() {
-        const bool nowhere = !commandLine_.document.empty() && !prints();
+        const bool nowhere = !commandLine_.document.empty() && !prints() && !commandLine_.dryRun;
         if (nowhere && commandLine_.writeTicket.empty()) {
             return Stop(kExitUsage,
                         "A PPD file is no printer to print on; name a folder with --output");
@@ -159,11 +161,23 @@ private:
     }
 
     ExitCode work() {
-        if (prints()) return print();
+        if (prints() && !commandLine_.dryRun) return print();
         if (host_.sync(kSyncToTicket) != noErr) {
             return Stop(kExitFailed, HostText("Ticket not filled"));
         }
-        return writeTicket();
+        return commandLine_.dryRun ? rehearse() : writeTicket();
+    }
+
+    /// The print check is left out: it may open dialogs. What it would refuse is told.
+    ExitCode rehearse() {
+        DryRun told;
+        const auto form = commandLine_.json ? DryRunForm::json : DryRunForm::text;
+        const auto outcome = RehearseJob(host_, jobRequest(), pages_, form, &told);
+        if (!outcome) return Stop(kExitFailed, outcome.error);
+        std::fwrite(told.output.data(), 1, told.output.size(), stdout);
+        if (std::fflush(stdout) != 0)
+            return Stop(kExitFailed, SystemReason(HostText("Standard output"), errno));
+        return told.printable ? kExitDone : kExitFailed;
     }
 
     ExitCode writeTicket() {

@@ -13,9 +13,10 @@ std::vector<std::string> TextsAroundPane(const std::string& language, bool isFra
     std::vector<std::string> around;
     const auto add = [&](const std::filesystem::path& table, const std::string& prefix) {
         for (const auto& [key, text] : ReadStringsTable(ReadFile(table)).texts) {
-            // The help window and the address book are windows of their own.
+            // The help window, the address book and the summary are windows of their own.
             if (text.find('&') != std::string::npos && key.starts_with(prefix) &&
-                !key.starts_with("Help window") && !key.starts_with("Address book"))
+                !key.starts_with("Help window") && !key.starts_with("Address book") &&
+                !key.starts_with("Summary window"))
                 around.push_back(text);
         }
     };

@@ -34,6 +34,8 @@ TEST(CommandLines, RefusesWhatItDoesNotUnderstandInOneLine) {
              {"two documents", {"a.pdf", "b.pdf"}},
              {"a first frame without a window", {"--no-dialog", "--print-first-frame"}},
              {"an empty queue name", {"-d", ""}},
+             {"what is told for programs is a dry run", {"--json"}},
+             {"a dry run writes no file", {"--dry-run", "--write-ticket", "-"}},
          }) {
         SCOPED_TRACE(why);
         testing::internal::CaptureStderr();

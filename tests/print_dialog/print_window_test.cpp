@@ -3,6 +3,7 @@
 
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/sample_documents.h"
+#include "print_dialog/summary_dialog.h"
 #include "support/dead_servers.h"
 #include "support/window_walk.h"
 
@@ -84,6 +85,24 @@ TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
     const auto document = std::filesystem::path(commandLine_.output) / "report.pdf";
     EXPECT_TRUE(InspectDocument(document, &printed));
     EXPECT_EQ(printed.size(), 3u) << "pages 2 to 4";
+}
+
+TEST_F(PrintWindowTest, TheSummaryTellsWhatTheWindowShows) {
+    open();
+    auto* sides = window_->findChild<QComboBox*>("sides");
+    Pick(*sides, sides->itemText(1));
+    window_->findChild<QSpinBox*>()->setValue(2);
+    QString told;
+    ModalDriver driver;
+    driver.expect([&](QWidget& dialog) {
+        told = dynamic_cast<SummaryDialog&>(dialog).text();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    QTest::keyClick(window_.get(), Qt::Key_I, Qt::ControlModifier);
+    ASSERT_TRUE(Wait([&] { return driver.done(); })) << "a shortcut presses after a moment";
+    EXPECT_TRUE(told.contains("report.pdf, 5 pages") && told.contains(": 3 a copy, 6 in all"))
+        << told.toStdString();
+    EXPECT_EQ(sides->currentIndex(), 1) << "the pane keeps what it shows";
 }
 
 TEST_F(PrintWindowTest, ReturnDoesNotPrintWhatCannotBe) {

