@@ -1,7 +1,9 @@
 #include "programs/private_cupsd.h"
 
+#include <arpa/inet.h>
 #include <grp.h>
 #include <pwd.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace kalmo::test {
@@ -29,6 +31,18 @@ std::string Filled(const char* name, const Words& words) {
         for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())
             text.replace(at, what.size(), with);
     return text;
+}
+
+/// Nobody else's a moment ago.
+int FreePort() {
+    const int probe = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    socklen_t size = sizeof address;
+    bind(probe, reinterpret_cast<const sockaddr*>(&address), size);
+    getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
+    close(probe);
+    return ntohs(address.sin_port);
 }
 
 void LinkFolder(const path& from, const path& to) {
@@ -81,18 +95,22 @@ std::vector<int> JobsOnTheServer() {
     return numbers;
 }
 
-PrivateCupsd::PrivateCupsd(const std::string& printers) {
+PrivateCupsd::PrivateCupsd(Reach reach, const std::string& printers) {
     // Not in the private home: the filters' account must reach it.
     std::string pattern = std::filesystem::temp_directory_path() / "kalmo-cupsd-XXXXXX";
     root_ = mkdtemp(pattern.data());
     makeFolders();
     installTicketFilter();
-    writeConfiguration();
+    writeConfiguration(reach);
     if (!printers.empty()) WriteFile(root_ / "etc/printers.conf", printers);
     handOverTo(ServerAccounts().at("%GROUP%"));
     server_ = std::make_unique<Program>(ProgramCall{
         .program = "/usr/sbin/cupsd",
         .arguments = {"-f", "-c", root_ / "etc/cupsd.conf", "-s", root_ / "etc/cups-files.conf"}});
+    use();
+}
+
+void PrivateCupsd::use() const {
     const std::string socket = root_ / "run/cups.sock";
     setenv("CUPS_SERVER", socket.c_str(), 1);
     cupsSetServer(socket.c_str());
@@ -124,11 +142,15 @@ void PrivateCupsd::installTicketFilter() {
         std::filesystem::permissions(filters / name, perms(0755));
 }
 
-void PrivateCupsd::writeConfiguration() {
+void PrivateCupsd::writeConfiguration(Reach reach) {
     Words words = ServerAccounts();
     words["@"] = root_;
     for (const char* name : {"cups-files.conf", "cupsd.conf"})
         WriteFile(root_ / "etc" / name, Filled(name, words));
+    if (reach == Reach::socket) return;
+    port_ = std::to_string(FreePort());
+    const path file = root_ / "etc/cupsd.conf";
+    WriteFile(file, "Listen 127.0.0.1:" + port_ + "\n" + ReadFile(file));
 }
 
 void PrivateCupsd::handOverTo(const std::string& group) {
@@ -163,14 +185,18 @@ std::string PrivateCupsd::log() const {
 }
 
 ProgramEnd PrivateCupsd::addQueue(const std::string& queue, const path& ppd) {
-    const std::string device = "file:" + (outFolder() / (queue + ".prn")).string();
-    std::vector<std::string> arguments = {"-p", queue, "-v", device, "-E"};
-    if (!ppd.empty()) arguments.insert(arguments.end(), {"-P", ppd});
-    return RunProgram({.program = "/usr/sbin/lpadmin", .arguments = arguments});
+    return addQueueOn("file:" + (outFolder() / (queue + ".prn")).string(), queue, ppd);
 }
 
 void PrivateCupsd::damagePPD(const std::string& queue, const std::string& bytes) {
     WriteFile(root_ / "etc/ppd" / (queue + ".ppd"), bytes);
+}
+
+ProgramEnd PrivateCupsd::addQueueOn(const std::string& device, const std::string& queue,
+                                    const path& ppd) {
+    std::vector<std::string> arguments = {"-p", queue, "-v", device, "-E"};
+    if (!ppd.empty()) arguments.insert(arguments.end(), {"-P", ppd});
+    return RunProgram({.program = "/usr/sbin/lpadmin", .arguments = arguments});
 }
 
 int PrivateCupsd::submit(const std::string& queue, const path& document, const JobOptions& options,

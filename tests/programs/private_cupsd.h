@@ -22,6 +22,11 @@ struct FinishedJob {
 /// The numbers of all jobs that the server ever took.
 std::vector<int> JobsOnTheServer();
 
+enum class Reach {
+    socket,   // its domain socket
+    network,  // also a port of the loopback
+};
+
 class PrivateCupsd {
 public:
     /// Starts the server and points CUPS_SERVER, for this program and those it starts, there. What
@@ -29,10 +34,15 @@ public:
     /// "options", and "commands", the command lines of all processes that ran beside it.
     /// `printers`: a printers.conf for queues that are there from the start; lpadmin takes long to
     /// add a thousand.
-    explicit PrivateCupsd(const std::string& printers = {});
+    explicit PrivateCupsd(Reach reach = Reach::socket, const std::string& printers = {});
     ~PrivateCupsd();
     PrivateCupsd(const PrivateCupsd&) = delete;
     PrivateCupsd& operator=(const PrivateCupsd&) = delete;
+
+    /// Points CUPS_SERVER here again, by its socket.
+    void use() const;
+    /// Of Reach::network, in decimal.
+    [[nodiscard]] const std::string& port() const { return port_; }
 
     /// Empty when the server answers; else why not.
     [[nodiscard]] std::string problem();
@@ -45,6 +55,9 @@ public:
     ProgramEnd addQueue(const std::string& queue, const std::filesystem::path& ppd);
     /// Puts other bytes in the place of the queue's PPD file.
     void damagePPD(const std::string& queue, const std::string& bytes);
+    /// A queue on that device; without a PPD file, `ppd` is empty.
+    static ProgramEnd addQueueOn(const std::string& device, const std::string& queue,
+                                 const std::filesystem::path& ppd);
 
     /// Sends a PDF as `user`; the job's number, 0 on failure.
     int submit(const std::string& queue, const std::filesystem::path& document,
@@ -61,10 +74,11 @@ public:
 private:
     void makeFolders();
     void installTicketFilter();
-    void writeConfiguration();
+    void writeConfiguration(Reach reach);
     void handOverTo(const std::string& group);
 
     std::filesystem::path root_;
+    std::string port_;
     std::unique_ptr<Program> server_;
 };
 
