@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "print_dialog/job_settings.h"
+#include "printing/ppd_papers.h"
 
 namespace kalmo {
 
@@ -23,6 +24,8 @@ struct JobOrder {
     std::vector<std::pair<std::string, std::string>> options;
     /// The ticket holds what must not cross a network in clear.
     bool secret = false;
+    /// What the printer's options and choices are called, in the user's language.
+    std::vector<PPDOptionTexts> texts;
 };
 
 enum class JobStage { preparing, sending };

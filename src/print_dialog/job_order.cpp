@@ -30,6 +30,18 @@ void AddPrinterChoices(const PrintJobHost& host, Options& options) {
     }
 }
 
+/// Of the options and the papers.
+void AddTexts(const PrintJobHost& host, std::vector<PPDOptionTexts>& texts) {
+    const auto* description = host.description();
+    if (!description) return;
+    texts = description->options;
+    PPDOptionTexts papers{.keyword = "PageSize", .text = HostText("Sent paper")};
+    for (const auto& paper : description->papers) {
+        papers.choices.push_back({paper.keyword, paper.text});
+    }
+    texts.push_back(std::move(papers));
+}
+
 void AddCopies(const JobSettings& settings, Options& options) {
     if (settings.copies > 1) {
         options.emplace_back("copies", std::to_string(settings.copies));
@@ -84,6 +96,7 @@ Outcome MakeJobOrder(const PrintJobHost& host, const JobRequest& request, JobOrd
     AddCopies(host.settings(), order->options);
     AddPages(host.settings(), request, *order);
     AddPrinterChoices(host, order->options);
+    AddTexts(host, order->texts);
     AddPaperWithoutPPD(host, order->options);
     if (TotalBytes(order->options) > kMostOptionBytes) {
         return {HostText("Too many settings")};

@@ -1,37 +1,63 @@
 #include "print_dialog/print_server.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <mutex>
-#include <string_view>
+#include <utility>
 
+#include "print_dialog/text_limits.h"
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
 
 constexpr int kConnectMilliseconds = 1000;
+constexpr std::size_t kLongestWords = 200;
 
 int GiveUp(http_t*, void*) { return 0; }
 
 /// A worker has nobody to type a password: such a request is refused instead.
 const char* NoPassword(const char*, http_t*, const char*, const char*, void*) { return nullptr; }
 
-bool IsLocal(std::string_view server) {
-    return server.starts_with('/') || server == "localhost" || server == "::1" ||
-           server.starts_with("127.");
-}
-
 http_encryption_t Encryption(Confidentiality confidentiality) {
-    const bool required =
-        confidentiality == Confidentiality::encryptedWhenRemote && !IsLocal(cupsServer());
-    return required ? HTTP_ENCRYPTION_REQUIRED : cupsEncryption();
+    const auto configured = cupsEncryption();
+    const bool free = configured == HTTP_ENCRYPTION_IF_REQUESTED;
+    return free && confidentiality != Confidentiality::asConfigured ? HTTP_ENCRYPTION_REQUIRED
+                                                                    : configured;
 }
 
-std::string UnreachableLine(http_encryption_t encryption) {
-    const std::string server = cupsServer();
-    if (encryption == HTTP_ENCRYPTION_REQUIRED) {
-        return HostText("Server unencrypted", {server});
+struct Host {
+    std::string name;
+    int port;
+};
+
+HttpConnection Connect(const Host& host, http_encryption_t encryption) {
+    return HttpConnection(httpConnect2(host.name.c_str(), host.port, nullptr, AF_UNSPEC, encryption,
+                                       1, kConnectMilliseconds, nullptr));
+}
+
+/// In clear first: only a connection that is there can be given a limit for the rest. Null with
+/// `*inClear` when the server is there, but does not encrypt.
+HttpConnection ConnectEncrypted(const Host& host, http_encryption_t encryption, bool* inClear) {
+    *inClear = false;
+    auto http = Connect(host, HTTP_ENCRYPTION_IF_REQUESTED);
+    if (!http) return nullptr;
+    httpSetTimeout(http.get(), kTlsSilence, GiveUp, nullptr);
+    if (httpEncryption(http.get(), encryption) == 0) return http;
+    *inClear = httpError(http.get()) != ETIMEDOUT;
+    return nullptr;
+}
+
+HttpConnection ConnectAsNeeded(const Host& server, Confidentiality confidentiality, bool* inClear) {
+    *inClear = false;
+    const auto encryption = Encryption(confidentiality);
+    if (encryption >= HTTP_ENCRYPTION_REQUIRED) {
+        auto http = ConnectEncrypted(server, encryption, inClear);
+        const bool mayBeClear = confidentiality == Confidentiality::encryptedWherePossible &&
+                                encryption != cupsEncryption();
+        if (http || !mayBeClear) return http;
     }
-    return HostText("Server silent", {server});
+    return Connect(server, cupsEncryption());
 }
 
 struct RefusalRow {
@@ -46,28 +72,46 @@ constexpr RefusalRow kRefusals[] = {
     {IPP_STATUS_ERROR_FORBIDDEN, "Printing forbidden"},
     {IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED, "Printing forbidden"},
     {IPP_STATUS_ERROR_DOCUMENT_FORMAT_NOT_SUPPORTED, "Printer without PDF"},
+    {IPP_STATUS_ERROR_BUSY, "Server busy"},
+    {IPP_STATUS_ERROR_TOO_MANY_JOBS, "Server busy"},
 };
 
-/// cupsInitialize-like work of libcups must not run in two threads at once the first time.
+}  // namespace
+
 void PrepareThread() {
+    // cupsInitialize-like work must not run in two threads at once the first time.
     static std::once_flag once;
     std::call_once(once, [] { httpInitialize(); });
     cupsSetPasswordCB2(NoPassword, nullptr);
 }
 
-}  // namespace
-
 HttpConnection ConnectToServer(Confidentiality confidentiality, double silence,
                                std::string* error) {
     PrepareThread();
-    const auto encryption = Encryption(confidentiality);
-    HttpConnection http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, encryption, 1,
-                                     kConnectMilliseconds, nullptr));
-    if (http) {
-        httpSetTimeout(http.get(), silence, GiveUp, nullptr);
-    } else {
-        *error = UnreachableLine(encryption);
+    const Host server{cupsServer(), ippPort()};
+    const bool strict = confidentiality == Confidentiality::encrypted;
+    bool inClear = false;
+    auto http = ConnectAsNeeded(server, confidentiality, &inClear);
+    if (!http) {
+        *error = !inClear ? SilentServerLine()
+                 : strict ? HostText("Secrets unencrypted", {server.name})
+                          : HostText("Server unencrypted", {server.name});
+        return nullptr;
     }
+    httpSetTimeout(http.get(), silence, GiveUp, nullptr);
+    if (!strict) return http;
+    *error = WhyNotConfidential(http.get(), server.name);
+    return error->empty() ? std::move(http) : nullptr;
+}
+
+HttpConnection ConnectToHost(const std::string& host, int port, http_encryption_t encryption,
+                             double silence) {
+    PrepareThread();
+    bool ignored = false;
+    auto http = encryption >= HTTP_ENCRYPTION_REQUIRED
+                    ? ConnectEncrypted({host, port}, encryption, &ignored)
+                    : Connect({host, port}, encryption);
+    if (http) httpSetTimeout(http.get(), silence, GiveUp, nullptr);
     return http;
 }
 
@@ -90,9 +134,9 @@ IppMessage NewRequest(ipp_op_t operation, const std::string& queue) {
 
 IppMessage Ask(http_t* http, IppMessage request, const std::string& resource, std::string* error) {
     IppMessage answer(cupsDoRequest(http, request.release(), resource.c_str()));
-    const auto status = cupsLastError();
-    if (answer && status <= IPP_STATUS_OK_EVENTS_COMPLETE) return answer;
-    *error = RefusalLine(status, answer ? TextAttribute(answer.get(), "status-message") : "");
+    auto line = RefusalLine(http, answer.get());
+    if (line.empty()) return answer;
+    *error = std::move(line);
     return nullptr;
 }
 
@@ -101,14 +145,25 @@ std::string TextAttribute(ipp_t* answer, const char* name) {
     return text ? text : "";
 }
 
-std::string SilentServerLine() { return UnreachableLine(HTTP_ENCRYPTION_IF_REQUESTED); }
+std::string OneLine(std::string words) {
+    words = Shortened(std::move(words), kLongestWords);
+    std::ranges::replace_if(
+        words, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+    return words;
+}
 
-std::string RefusalLine(ipp_status_t status, const std::string& serverWords) {
+std::string SilentServerLine() { return HostText("Server silent", {cupsServer()}); }
+
+std::string RefusalLine(http_t* http, ipp_t* answer) {
+    const auto status = cupsLastError();
+    if (answer && status <= IPP_STATUS_OK_EVENTS_COMPLETE) return {};
+    if (httpGetStatus(http) == HTTP_STATUS_SERVICE_UNAVAILABLE) return HostText("Server busy");
     for (const auto& row : kRefusals) {
         if (row.status == status) return HostText(row.text);
     }
     // Without words of the server's own, it did not come to an answer.
-    return serverWords.empty() ? SilentServerLine() : HostText("Server says", {serverWords});
+    const auto words = answer ? TextAttribute(answer, "status-message") : "";
+    return words.empty() ? SilentServerLine() : HostText("Server says", {OneLine(words)});
 }
 
 }  // namespace kalmo

@@ -90,6 +90,7 @@ private:
     [[nodiscard]] JobRequest jobRequest() const;
     void setSending(bool sending);
     void finishJob(const JobResult& result);
+    void showDifferences(const std::vector<std::string>& lines);
     void showHelp();
     void showSummary();
 

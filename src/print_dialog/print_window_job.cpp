@@ -82,7 +82,20 @@ void PrintWindow::finishJob(const JobResult& result) {
             exitCode_ = kExitFailed;
         }
     }
-    accept();
+    if (result.differences.empty() || stopping_) return accept();
+    showDifferences(result.differences);
+}
+
+/// The job is printed; the window stays to say how, and for another try.
+void PrintWindow::showDifferences(const std::vector<std::string>& lines) {
+    QStringList shown;
+    for (const auto& line : lines) shown += QString::fromStdString(line);
+    bar_->showDifferences(shown);
+    cancel_->setText(WindowText("Close"));
+    cancel_->setAccessibleDescription(bar_->differences());
+    // Return closes the window; it does not print the same again.
+    cancel_->setAutoDefault(true);
+    cancel_->setFocus();
 }
 
 }  // namespace kalmo

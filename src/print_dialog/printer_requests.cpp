@@ -1,23 +1,18 @@
 #include "print_dialog/printer_requests.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 
 #include "print_dialog/destination_order.h"
+#include "print_dialog/ppd_cache.h"
 #include "print_dialog/print_server.h"
-#include "print_dialog/window_texts.h"
+#include "print_dialog/remote_queue.h"
 
 namespace kalmo {
 namespace {
 
 constexpr const char* kListAttributes[] = {
-    "printer-name",  "printer-info",          "printer-location",         "printer-make-and-model",
-    "printer-state", "printer-state-message", "printer-is-accepting-jobs"};
+    "printer-name",  "printer-info",          "printer-location",          "printer-make-and-model",
+    "printer-state", "printer-state-message", "printer-is-accepting-jobs", "device-uri"};
 
 void AddRequestedAttributes(ipp_t* request) {
     ippAddStrings(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
@@ -62,50 +57,25 @@ std::vector<PrinterEntry> TakePrinters(ipp_t* answer) {
     return printers;
 }
 
-std::filesystem::path CacheFolder() {
-    const char* cache = std::getenv("XDG_CACHE_HOME");
-    if (cache && cache[0] == '/') return std::filesystem::path(cache) / "kalmo-print";
-    const char* home = std::getenv("HOME");
-    return std::filesystem::path(home ? home : "/nonexistent") / ".cache" / "kalmo-print";
-}
-
-/// Makes the folder, for nobody but the user.
-bool MakePrivateFolder(const std::filesystem::path& folder) {
-    std::error_code error;
-    std::filesystem::create_directories(folder.parent_path(), error);
-    mkdir(folder.c_str(), 0700);
-    return chmod(folder.c_str(), 0700) == 0;
-}
-
-std::filesystem::path CachedPPD(const std::string& queue) {
-    std::string name = queue + "@" + cupsServer() + ":" + std::to_string(ippPort()) + ".ppd";
-    std::ranges::replace(name, '/', '_');
-    return CacheFolder() / name;
-}
-
-struct FetchedPPD {
-    std::string path;  // empty: the queue has none
-    std::string error;
-};
-
-/// Fetched under a name of its own, so that whoever reads the older copy keeps it whole. Asking for
-/// a newer file only would save a tenth of a millisecond.
+/// Asking for a newer file only would save a tenth of a millisecond.
 FetchedPPD FetchPPD(http_t* http, const std::string& queue) {
-    const auto copy = CachedPPD(queue);
-    auto fetched = copy.string() + ".XXXXXX";
-    const int file = MakePrivateFolder(copy.parent_path()) ? mkstemp(fetched.data()) : -1;
-    if (file < 0) {
-        return {{}, HostText("Folder unusable", {copy.parent_path().string()})};
-    }
-    const auto status = cupsGetFd(http, (QueueResource(queue) + ".ppd").c_str(), file);
-    const bool written = close(file) == 0;
-    if (status == HTTP_STATUS_OK && written && rename(fetched.c_str(), copy.c_str()) == 0) {
-        return {copy.string(), {}};
-    }
-    unlink(fetched.c_str());
-    if (status == HTTP_STATUS_NOT_FOUND) return {};
-    if (status == HTTP_STATUS_OK) return {{}, HostText("No room for PPD")};
-    return {{}, SilentServerLine()};
+    const auto fetch = [&](int file) {
+        const auto status = cupsGetFd(http, (QueueResource(queue) + ".ppd").c_str(), file);
+        if (status == HTTP_STATUS_OK) return FetchEnd::whole;
+        return status == HTTP_STATUS_NOT_FOUND ? FetchEnd::none : FetchEnd::failed;
+    };
+    return KeepPPD({queue, cupsServer(), ippPort()}, fetch, SilentServerLine());
+}
+
+/// That of the server that the queue stands for comes first: the settings are its printer's.
+FetchedPPD FetchPPD(http_t* http, const std::string& queue, const std::string& device) {
+    const auto remote = RemoteQueueOf(device);
+    if (!remote) return FetchPPD(http, queue);
+    auto theirs = FetchRemotePPD(*remote);
+    if (!theirs.path.empty()) return theirs;
+    auto ours = FetchPPD(http, queue);
+    if (ours.path.empty() && ours.error.empty()) ours.error = std::move(theirs.error);
+    return ours;
 }
 
 }  // namespace
@@ -139,7 +109,7 @@ PrinterDescription FetchPrinterDescription(const std::string& queue) {
     const auto answer =
         Ask(http.get(), std::move(request), QueueResource(queue), &description.error);
     if (!answer) return description;
-    auto ppd = FetchPPD(http.get(), queue);
+    auto ppd = FetchPPD(http.get(), queue, TextAttribute(answer.get(), "device-uri"));
     description.error = std::move(ppd.error);
     if (!description.error.empty()) return description;
     description.name = queue;

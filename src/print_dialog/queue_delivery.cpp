@@ -9,6 +9,7 @@
 
 #include "job_ticket/attachment.h"
 #include "print_dialog/job_delivery.h"
+#include "print_dialog/job_readback.h"
 #include "print_dialog/outcome.h"
 #include "print_dialog/page_selection.h"
 #include "print_dialog/print_server.h"
@@ -67,7 +68,7 @@ private:
     /// On a connection of its own: the job's may be in the middle of the document.
     void cancel() const {
         std::string ignored;
-        const auto http = ConnectToServer(Confidentiality::asConfigured, kSendSilence, &ignored);
+        const auto http = ConnectToServer(Confidentiality::asConfigured, kCancelSilence, &ignored);
         if (!http) return;
         auto request = NewRequest(IPP_OP_CANCEL_JOB, order_.queue);
         ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", id_);
@@ -80,23 +81,12 @@ private:
     bool kept_ = false;
 };
 
-void AddJobOptions(ipp_t* request, const JobOrder& order) {
-    cups_option_t* options = nullptr;
-    int count = 0;
-    for (const auto& [name, value] : order.options) {
-        count = cupsAddOption(name.c_str(), value.c_str(), count, &options);
-    }
-    cupsEncodeOptions2(request, count, options, IPP_TAG_OPERATION);
-    cupsEncodeOptions2(request, count, options, IPP_TAG_JOB);
-    cupsFreeOptions(count, options);
-}
-
 /// The new job's number; 0 with a line for the user in `*error`.
 int CreateJob(http_t* http, const JobOrder& order, std::string* error) {
     auto request = NewRequest(IPP_OP_CREATE_JOB, order.queue);
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
                  Shortened(order.title, kLongestJobName).c_str());
-    AddJobOptions(request.get(), order);
+    EncodeJobOptions(order, request.get());
     const auto answer = Ask(http, std::move(request), QueueResource(order.queue), error);
     if (!answer) return 0;
     return ippGetInteger(ippFindAttribute(answer.get(), "job-id", IPP_TAG_INTEGER), 0);
@@ -137,16 +127,17 @@ JobResult SendDocument(http_t* http, const JobOrder& order, int job, const OpenD
     const auto request = SendDocumentRequest(order, job);
     if (cupsSendRequest(http, request.get(), resource.c_str(), CUPS_LENGTH_VARIABLE) !=
         HTTP_STATUS_CONTINUE) {
-        return Failed(RefusalLine(cupsLastError(), {}));
+        return Failed(RefusalLine(http, nullptr));
+    }
+    // libcups may have connected anew meanwhile, to whoever is there now.
+    if (JobConfidentiality(cupsServer(), order.secret) == Confidentiality::encrypted) {
+        if (auto why = WhyNotConfidential(http, cupsServer()); !why.empty()) return Failed(why);
     }
     const auto sent = SendBytes(http, document, control);
     if (sent == Sent::cancelled) return Cancelled();
     if (sent == Sent::broken) return Failed(SilentServerLine());
     const IppMessage answer(cupsGetResponse(http, resource.c_str()));
-    if (!answer || cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
-        return Failed(RefusalLine(cupsLastError(),
-                                  answer ? TextAttribute(answer.get(), "status-message") : ""));
-    }
+    if (auto refusal = RefusalLine(http, answer.get()); !refusal.empty()) return Failed(refusal);
     if (!control.state.commit()) return Cancelled();
     return {.end = JobResult::End::printed, .jobID = job};
 }
@@ -170,15 +161,16 @@ Outcome PrepareDocument(const JobOrder& order, const PrivateFolder& temporary,
 JobResult Submit(const JobOrder& order, const OpenDocument& document,
                  const DeliveryControl& control) {
     std::string error;
-    const auto need =
-        order.secret ? Confidentiality::encryptedWhenRemote : Confidentiality::asConfigured;
-    const auto http = ConnectToServer(need, kSendSilence, &error);
+    auto http =
+        ConnectToServer(JobConfidentiality(cupsServer(), order.secret), kSendSilence, &error);
     if (!http) return Failed(error);
     const int id = CreateJob(http.get(), order, &error);
     if (id == 0) return Failed(error);
     ServerJob job(order, id);
     auto result = SendDocument(http.get(), order, id, document, control);
-    if (result.end == JobResult::End::printed) job.keep();
+    if (result.end != JobResult::End::printed) return result;
+    job.keep();
+    result.differences = JobDifferences(order, id, std::move(http));
     return result;
 }
 

@@ -1,7 +1,8 @@
-// The line above the buttons: what went wrong, or how far the sending is.
+// Above the buttons: how far the sending is, what went wrong, or what the server made of the job.
 #pragma once
 
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QWidget>
 
@@ -18,12 +19,20 @@ public:
     /// Also spoken by assistive technology. Empty: nothing to say any more.
     void showFault(const QString& fault);
     void clear() { showFault({}); }
+    /// Below a heading, a line each; to be read in peace, selected and copied. Also spoken.
+    void showDifferences(const QStringList& lines);
     [[nodiscard]] QString fault() const { return fault_->text(); }
+    /// Empty while none are shown.
+    [[nodiscard]] QString differences() const;
 
 private:
+    void createDifferences();
+    void speak(QWidget* about);
+
     QLabel* text_;
     QProgressBar* progress_;
     QLabel* fault_;
+    QPlainTextEdit* differences_ = nullptr;  // made when there are any
 };
 
 }  // namespace kalmo

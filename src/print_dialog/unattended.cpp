@@ -198,6 +198,7 @@ private:
         loop.exec();
         if (result.end == JobResult::End::cancelled) return Stop(kExitCancelled, "Cancelled");
         if (result.end == JobResult::End::failed) return Stop(kExitFailed, result.message);
+        for (const auto& line : result.differences) PrintMessage(line);
         return writeTicket();
     }
 

@@ -120,7 +120,7 @@ TEST(Texts, EveryUsedKeyHasATextInEveryLanguage) {
 TEST(Texts, ThePrintWindowShowsEachOfItsTexts) {
     std::set<std::string> used, given;
     const std::regex calls(
-        R"re((?:(?:Window|Host)Text\(|addPopup\(|addRow\(|IPP_STATUS_ERROR_\w+,)\s*"((?:[^"\\]|\\.)*)")re");
+        R"re((?:(?:Window|Host)Text\(|addPopup\(|addRow\(|IPP_STATUS_ERROR_\w+,|\{"[\w-]+", (?:nullptr|"[\w-]+"),(?= "Sent ))\s*"((?:[^"\\]|\\.)*)")re");
     ForEachFile(kSources / "print_dialog", {".cpp", ".h"}, [&](const auto& file) {
         for (const std::string& key : Matches(ReadFile(file), calls)) used.insert(key);
     });
