@@ -1,11 +1,14 @@
 // A PPD file of any bytes behind the calls that read it: open, texts, choices, menus' conversions,
-// installable options.
+// installable options, constraints.
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 
+#include "printing/ppd_conflicts.h"
+#include "printing/ppd_papers.h"
 #include "printing/session.h"
 #include "settings/installable_options.h"
 #include "settings/ppd_access.h"
@@ -58,6 +61,21 @@ void ReadOption(PPDRef ppd, PMTicketRef ticket, CFStringRef keyword) {
     PPDGetTicketValueForChoiceOrDefault(ppd, ticket, keyword, &value);
 }
 
+/// The last choice of each option: what the defaults rarely are.
+void EndConflicts(const std::string& path) {
+    const auto rules = PPDConstraints::Open(path, nullptr);
+    const auto description = ReadPPDDescription(path, nullptr);
+    if (!rules || !description) return;
+    std::vector<PPDSelection> chosen = {{"PageSize", "Custom.100x200"}, {"", "{}"}};
+    for (const PPDOptionTexts& option : description->options)
+        if (!option.choices.empty())
+            chosen.push_back({option.keyword, option.choices.back().keyword});
+    const auto changes = rules->resolution(chosen);
+    if (!changes) return;
+    chosen.insert(chosen.end(), changes->begin(), changes->end());
+    if (!rules->conflicts(chosen).empty()) std::abort();
+}
+
 }  // namespace
 
 // libcups itself loses a few bytes of files that name a thing twice; looking for them after each
@@ -77,6 +95,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (const MainKeywordRow* row = MainKeywordMap; row->keyword; ++row)
             ReadOption(ppd, PMSessionGetTicket(session, kPMPrintSettingsTicket), row->keyword);
     }
+    EndConflicts(file.path());
     UnloadInstallableOptions();
     PPDCloseCurrent();
     KalmoPDETerminate(nullptr, noErr);

@@ -35,6 +35,9 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     auto* noDialog = app.add_flag(
         "--no-dialog", into.noDialog,
         "Show no window; print, unless there is no document or only a ticket is asked for");
+    app.add_flag("--print-anyway", into.printAnyway,
+                 "With --no-dialog: print choices that the printer cannot do together, too")
+        ->needs(noDialog);
     app.add_option("--phase", into.phase, "With --no-dialog: stop before or after Open")
         ->transform(CLI::Transformer(phases))
         ->needs(noDialog)
@@ -60,7 +63,10 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     app.add_flag("--list-printers", into.listPrinters,
                  "List the queues, and whether each has a pane or why not, and exit");
     app.set_version_flag("--version", "kalmo-print " KALMO_VERSION);
-    app.footer("Exit code: 0 done, 1 failed or refused, 2 usage or unreadable input, 3 cancelled.");
+    app.footer(
+        "Without a window, a job with choices that the printer cannot do together is refused, and\n"
+        "standard error says what does not go together and what to change; see --print-anyway.\n\n"
+        "Exit code: 0 done, 1 failed or refused, 2 usage or unreadable input, 3 cancelled.");
     printer->excludes(ppd);
     for (auto* option : {printer, ppd, app.get_option("--ticket"), app.get_option("--preset"),
                          app.get_option("--write-ticket"), app.get_option("--output")}) {

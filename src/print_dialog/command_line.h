@@ -28,8 +28,9 @@ struct CommandLine {
     bool noDialog = false;
     bool printFirstFrame = false;
     bool listPrinters = false;
-    bool dryRun = false;  // tell what would be printed
-    bool json = false;    // with dryRun: for programs
+    bool printAnyway = false;  // without a window: also what conflicts
+    bool dryRun = false;       // tell what would be printed
+    bool json = false;         // with dryRun: for programs
 
     /// The job's name: the title, else the document's file name; empty without either.
     [[nodiscard]] std::string jobName() const;

@@ -15,6 +15,7 @@ namespace kalmo {
 struct NamedSelection {
     PPDSelection keywords;
     std::string option, choice;
+    bool operator==(const NamedSelection&) const = default;
 };
 
 struct ConflictReport {
@@ -22,6 +23,7 @@ struct ConflictReport {
     std::vector<std::vector<NamedSelection>> conflicts;
     /// The fewest changes that end all of them; empty when none do.
     std::vector<NamedSelection> changes;
+    bool operator==(const ConflictReport&) const = default;
 };
 
 /// Without a PPD file there are none.

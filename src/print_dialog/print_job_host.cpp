@@ -213,6 +213,47 @@ void PrintJobHost::write(const JobSettings& settings) {
     if (hasPane()) paperIsNews_ = !StockTakesPaper(session_);
 }
 
+bool PrintJobHost::takeChoice(const PPDSelection& choice, JobSettings* settings) const {
+    if (choice.option == "PageSize") {
+        settings->paper = choice.choice;
+    } else if (choice.option == "InputSlot") {
+        settings->inputSlot = choice.choice;
+    } else if (choice.option == settings->colorOption) {
+        settings->colorChoice = choice.choice;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+std::vector<PPDSelection> PrintJobHost::choicesBefore(
+    const std::vector<PPDSelection>& choices) const {
+    std::vector<PPDSelection> before;
+    for (const auto& [option, ignored] : choices) before.push_back({option, ppdChoice(option)});
+    // The color mode goes along with the color.
+    const auto isColor = [&](const auto& each) { return each.option == settings_.colorOption; };
+    if (std::ranges::any_of(choices, isColor)) {
+        before.push_back({kColorModeOption, ppdChoice(kColorModeOption)});
+    }
+    return before;
+}
+
+std::vector<PPDSelection> PrintJobHost::writeChoices(const std::vector<PPDSelection>& choices) {
+    auto before = choicesBefore(choices);
+    JobSettings settings = settings_;
+    std::vector<PPDSelection> others;
+    for (const PPDSelection& choice : choices) {
+        if (!takeChoice(choice, &settings)) others.push_back(choice);
+    }
+    write(settings);
+    for (const auto& [option, choice] : others) ReplacePPDChoice(session_, option, choice);
+    if (hasPane()) {
+        KeepRotation(session_);
+        sync(kSyncToUI);
+    }
+    return before;
+}
+
 bool PrintJobHost::printCheck() {
     if (!hasPane()) return true;
     const WindowRef window = GetControlOwner(parent_);

@@ -16,6 +16,7 @@
 #include "print_dialog/extension.h"
 #include "print_dialog/job_settings.h"
 #include "print_dialog/outcome.h"
+#include "printing/ppd_conflicts.h"
 #include "printing/ppd_papers.h"
 #include "printing/session.h"
 
@@ -78,6 +79,11 @@ public:
     /// only when it changes.
     void apply(const JobSettings& settings);
 
+    /// Replaces choices of the printer, after a Sync towards the ticket, and shows them by one
+    /// towards the pane; an empty choice removes one. The settings take over what is theirs of it.
+    /// Returns what was there before, for the way back.
+    std::vector<PPDSelection> writeChoices(const std::vector<PPDSelection>& choices);
+
     /// The title of the panel that the open pane shows; empty without an open pane.
     [[nodiscard]] std::string shownPanel() const;
     /// Shows the panel of that title, where the open pane has one.
@@ -119,6 +125,10 @@ private:
     void fillSession();
     void takeSettingsFromTickets();
     void write(const JobSettings& settings);
+    /// Whether the choice is one of the dialog's own; then it is in `settings`.
+    bool takeChoice(const PPDSelection& choice, JobSettings* settings) const;
+    [[nodiscard]] std::vector<PPDSelection> choicesBefore(
+        const std::vector<PPDSelection>& choices) const;
     /// A fax turns the colour off in the ticket, and nobody turns it on again for the next job.
     void restoreColor();
     /// The popup of the open pane's panels; null without one.

@@ -52,6 +52,8 @@ void PrintWindow::createWidgets() {
     form_ = new SettingsForm(body_);
     preview_ = new Preview(document_, body_);
     pane_ = new PaneView(body_);
+    conflicts_ = new ConflictNotice(
+        host_, [this](const auto& act) { whenPaneIsFree(act); }, this);
     bar_ = new SendingBar(this);
 
     left_ = new QBoxLayout(QBoxLayout::LeftToRight);
@@ -71,6 +73,7 @@ void PrintWindow::createWidgets() {
     window->setContentsMargins(kColumnGap, kColumnGap, kColumnGap, kRowGap);
     window->setSpacing(kRowGap);
     window->addWidget(body_, 1);
+    window->addWidget(conflicts_);
     window->addWidget(bar_);
     window->addLayout(createButtons());
 }
@@ -125,6 +128,9 @@ void PrintWindow::connectWidgets() {
     connect(summary_, &QPushButton::clicked, this, &PrintWindow::showSummary);
     connect(cancel_, &QPushButton::clicked, this, &PrintWindow::reject);
     connect(print_, &QPushButton::clicked, this, &PrintWindow::print);
+    connect(conflicts_, &ConflictNotice::ticketsChanged, this, &PrintWindow::showHostSettings);
+    connect(conflicts_, &ConflictNotice::solved, print_, [this] { print_->setFocus(); });
+    connect(conflicts_, &ConflictNotice::printAnyway, this, [this] { sendJob({}); });
 }
 
 ExitCode PrintWindow::prepare() {
@@ -184,6 +190,7 @@ void PrintWindow::documentChanged() {
 }
 
 void PrintWindow::settingsChanged() {
+    conflicts_->clear();  // it told of other settings
     if (form_->isValid()) {
         preview_->setSheets(form_->paper(), form_->settings(), form_->isGrey());
     }

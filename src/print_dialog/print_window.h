@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "print_dialog/command_line.h"
+#include "print_dialog/conflict_notice.h"
 #include "print_dialog/document.h"
 #include "print_dialog/extras_button.h"
 #include "print_dialog/job.h"
@@ -72,8 +73,9 @@ private:
     void chooseDestination();
     void openQueue(const std::string& queue);
     void usePrinter(const PrinterDescription& found);
-    void openPane();
+    /// The form's rows follow the tickets.
     void showHostSettings();
+    void openPane();
     void presetApplied();
     void closePane();
     void changePane(const std::function<void()>& change);
@@ -87,6 +89,8 @@ private:
     void updatePrint();
 
     void print();
+    /// As Print does, of what `approve` lets through (empty: of anything).
+    void sendJob(std::function<bool()> approve);
     [[nodiscard]] JobRequest jobRequest() const;
     void setSending(bool sending);
     void finishJob(const JobResult& result);
@@ -106,6 +110,7 @@ private:
     SettingsForm* form_ = nullptr;
     Preview* preview_ = nullptr;
     PaneView* pane_ = nullptr;
+    ConflictNotice* conflicts_ = nullptr;
     SendingBar* bar_ = nullptr;
     std::unique_ptr<PresetCommands> presets_;
     QPushButton* help_ = nullptr;

@@ -27,18 +27,24 @@ JobRequest PrintWindow::jobRequest() const {
 }
 
 void PrintWindow::print() {
+    sendJob([this] { return conflicts_->approve(); });
+}
+
+void PrintWindow::sendJob(std::function<bool()> approve) {
     if (!print_->isEnabled()) return;
     bar_->clear();
+    conflicts_->clear();
     host_.apply(form_->settings());
     printed_ = document_.copy();
     const QString destination = form_->destination()->current().text;
     job_ = StartJob(host_, jobRequest(),
-                    {.progress =
+                    {.approve = std::move(approve),
+                     .progress =
                          [this, destination](JobStage stage, int percent) {
                              bar_->showProgress(stage, percent, destination);
                          },
                      .finished = [this](const JobResult& result) { finishJob(result); }});
-    if (!job_) return;  // the pane has said why
+    if (!job_) return;  // the pane or the notice of conflicts has said why
     setSending(true);
     bar_->showProgress(JobStage::preparing, 0, destination);
 }

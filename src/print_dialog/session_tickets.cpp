@@ -13,9 +13,14 @@
 #define kLayoutNUpKey CFSTR("com.apple.print.PrintSettings.PMLayoutNUp")
 #define kCollateKey CFSTR("Collate")
 #define kPagesPerSheetKey CFSTR("PagesPerSheet")
+#define kRotationKey CFSTR("com.kalmo.print.AdvancedRotateImage180")
 
 namespace kalmo {
 namespace {
+
+/// Two-sided printing in numbers, which count before the printer's choice.
+const CFStringRef kDuplexKeys[] = {CFSTR("com.kalmo.print.FinishingDuplex"),
+                                   CFSTR("com.apple.print.PrintSettings.PMDuplexing")};
 
 Owned<CFStringRef> Text(const std::string& utf8) {
     return Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(utf8));
@@ -151,6 +156,21 @@ bool HasChoice(const PPDDescription& printer, const std::string& keyword,
     return option != printer.options.end() &&
            std::ranges::find(option->choices, choice, &PPDChoiceText::keyword) !=
                option->choices.end();
+}
+
+void ReplacePPDChoice(PMPrintSession session, const std::string& keyword,
+                      const std::string& choice) {
+    WritePPDChoice(session, keyword, choice);
+    if (keyword != "Duplex") return;
+    for (const CFStringRef key : kDuplexKeys) PMTicketReleaseItem(PrintSettings(session), key);
+}
+
+void KeepRotation(PMPrintSession session) {
+    const auto ticket = PrintSettings(session);
+    SInt32 rotation = 0;
+    if (PMTicketGetSInt32(ticket, kRotationKey, &rotation) != noErr) return;
+    PMTicketSetSInt32(ticket, PMTicketGetItemCreator(ticket, kRotationKey), kRotationKey,
+                      rotation + 1, false);
 }
 
 void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer) {

@@ -35,6 +35,13 @@ void ReadDialogSettings(PMPrintSession session, JobSettings* settings);
 [[nodiscard]] std::string ReadPPDChoice(PMPrintSession session, const std::string& keyword);
 /// An empty choice removes the entry.
 void WritePPDChoice(PMPrintSession session, const std::string& keyword, const std::string& choice);
+/// The same for a choice that a panel may hold in a form of its own: that goes, so that the choice
+/// counts when the panel reads it.
+void ReplacePPDChoice(PMPrintSession session, const std::string& keyword,
+                      const std::string& choice);
+/// Between a Sync towards the ticket and one towards the pane: the pane, which writes the rotation
+/// less one, reads what it had.
+void KeepRotation(PMPrintSession session);
 [[nodiscard]] bool HasChoice(const PPDDescription& printer, const std::string& keyword,
                              const std::string& choice);
 /// Removes choices that the printer does not have.

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "print_dialog/conflicts.h"
 #include "print_dialog/dry_run.h"
 #include "print_dialog/job.h"
 #include "print_dialog/job_input.h"
@@ -189,17 +190,30 @@ private:
     ExitCode print() {
         QEventLoop loop;
         JobResult result;
-        const auto job = StartJob(host_, jobRequest(), {.finished = [&](const JobResult& end) {
-                                      result = end;
-                                      loop.quit();
-                                  }});
-        if (!job) return kExitFailed;  // the pane has said why
+        const auto job = StartJob(host_, jobRequest(),
+                                  {.approve = [this] { return approve(); },
+                                   .finished =
+                                       [&](const JobResult& end) {
+                                           result = end;
+                                           loop.quit();
+                                       }});
+        if (!job) return kExitFailed;  // the pane or approve() has said why
         const StopSignals stop([&job] { job->cancel(); });
         loop.exec();
         if (result.end == JobResult::End::cancelled) return Stop(kExitCancelled, "Cancelled");
         if (result.end == JobResult::End::failed) return Stop(kExitFailed, result.message);
         for (const auto& line : result.differences) PrintMessage(line);
         return writeTicket();
+    }
+
+    /// Scripts hear of each conflict; nothing that conflicts goes out unasked.
+    [[nodiscard]] bool approve() {
+        const auto report = CheckConflicts(host_);
+        for (const auto& line : ConflictLines(report)) PrintMessage(line);
+        if (report.conflicts.empty() || commandLine_.printAnyway) return true;
+        for (const auto& line : ChangeLines(report)) PrintMessage(line);
+        PrintMessage(HostText("Conflict refused"));
+        return false;
     }
 
     [[nodiscard]] JobRequest jobRequest() const {

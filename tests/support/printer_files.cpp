@@ -1,11 +1,32 @@
 #include "support/printer_files.h"
 
+#include <algorithm>
+#include <regex>
+
 #include "support/private_home.h"
 
 namespace kalmo::test {
 
 std::filesystem::path SamplePPD(const std::string& printer) {
     return std::filesystem::path(KALMO_SOURCE_DIR) / "printers" / (printer + ".ppd");
+}
+
+std::set<std::vector<std::pair<std::string, std::string>>> ConstraintsIn(
+    const std::filesystem::path& ppd) {
+    static const std::regex line(
+        R"re(\n\*(?:(?:Non)?UIConstraints|cupsUIConstraints(?:\s+\w+)?):\s*([^\r\n]*))re");
+    static const std::regex word(R"re(\*(\w+)(?:\s+([^\s*"]+))?)re");
+    const std::string text = ReadFile(ppd);
+    std::set<std::vector<std::pair<std::string, std::string>>> found;
+    for (std::sregex_iterator at(text.begin(), text.end(), line), end; at != end; ++at) {
+        const std::string words = (*at)[1];
+        std::vector<std::pair<std::string, std::string>> together;
+        for (std::sregex_iterator term(words.begin(), words.end(), word); term != end; ++term)
+            together.emplace_back((*term)[1], (*term)[2]);
+        std::ranges::sort(together);
+        found.insert(together);
+    }
+    return found;
 }
 
 std::string PPDOption(const std::string& keyword, const std::string& defaultChoice,

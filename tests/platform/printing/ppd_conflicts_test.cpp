@@ -4,7 +4,6 @@
 #include <cups/ppd.h>
 
 #include <random>
-#include <regex>
 
 #include "support/printer_files.h"
 #include "support/programs.h"
@@ -66,25 +65,6 @@ private:
     std::unique_ptr<ppd_file_t, void (*)(ppd_file_t*)> ppd_;
 };
 
-/// What each constraint of the file forbids together, read from its text.
-std::set<Selections> ForbiddenTogether(const std::filesystem::path& file,
-                                       const BothReaders& readers) {
-    static const std::regex line(
-        R"re(\n\*(?:UIConstraints|NonUIConstraints|cupsUIConstraints\s+\w+|cupsUIConstraints):\s*([^\r\n]*))re");
-    static const std::regex word(R"re(\*(\w+)(?:\s+([^\s*"]+))?)re");
-    const std::string text = ReadFile(file);
-    std::set<Selections> found;
-    for (std::sregex_iterator at(text.begin(), text.end(), line), end; at != end; ++at) {
-        Selections together;
-        const std::string words = (*at)[1];
-        for (std::sregex_iterator term(words.begin(), words.end(), word); term != end; ++term)
-            together.push_back({(*term)[1], readers.choice((*term)[1], (*term)[2])});
-        std::ranges::sort(together);
-        found.insert(together);
-    }
-    return found;
-}
-
 Selections Changed(Selections chosen, const Selections& changes) {
     for (const PPDSelection& change : changes) {
         std::erase_if(chosen, [&](const auto& old) { return old.option == change.option; });
@@ -139,7 +119,10 @@ TEST(PPDConstraints, EveryConstraintEndsByChangesOfItsOptionsAlone) {
     for (const std::string& file : files) {
         const BothReaders readers(file);
         ASSERT_TRUE(readers.opened()) << file;
-        for (const Selections& chosen : ForbiddenTogether(file, readers)) {
+        for (const auto& words : ConstraintsIn(file)) {
+            Selections chosen;
+            for (const auto& [option, choice] : words)
+                chosen.push_back({option, readers.choice(option, choice)});
             if (!readers.canBeChosen(chosen)) continue;
             ++met;
             EXPECT_FALSE(readers.rules->conflicts(chosen).empty()) << Text(chosen);
