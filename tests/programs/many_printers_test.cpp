@@ -47,7 +47,7 @@ TEST(ManyPrintersTest, AThousandQueuesAreReadySoonAndReadOnce) {
         printers += "<Printer q" + number + ">\nInfo Room " + number +
                     "\nDeviceURI file:/dev/null\nState Idle\nAccepting Yes\n</Printer>\n";
     }
-    PrivateCupsd server(printers);
+    PrivateCupsd server(Reach::socket, printers);
     ASSERT_EQ(server.problem(), "");
     const PrinterList list = FetchPrinterList();
     ASSERT_EQ(list.destinations.size(), 1000u) << list.error;
