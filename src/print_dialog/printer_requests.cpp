@@ -1,6 +1,7 @@
 #include "print_dialog/printer_requests.h"
 
 #include <algorithm>
+#include <span>
 
 #include "print_dialog/destination_order.h"
 #include "print_dialog/ppd_cache.h"
@@ -11,12 +12,13 @@ namespace kalmo {
 namespace {
 
 constexpr const char* kListAttributes[] = {
-    "printer-name",  "printer-info",          "printer-location",          "printer-make-and-model",
-    "printer-state", "printer-state-message", "printer-is-accepting-jobs", "device-uri"};
+    "printer-name",  "printer-info",          "printer-location",         "printer-make-and-model",
+    "printer-state", "printer-state-message", "printer-is-accepting-jobs"};
+constexpr const char* kDescriptionAttributes[] = {"printer-make-and-model", "device-uri"};
 
-void AddRequestedAttributes(ipp_t* request) {
+void AddRequestedAttributes(ipp_t* request, std::span<const char* const> names) {
     ippAddStrings(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
-                  static_cast<int>(std::size(kListAttributes)), nullptr, kListAttributes);
+                  static_cast<int>(names.size()), nullptr, names.data());
 }
 
 /// One attribute of an answer that describes a printer.
@@ -85,7 +87,7 @@ PrinterList FetchPrinterList() {
     const auto http = ConnectToServer(Confidentiality::asConfigured, kListSilence, &list.error);
     if (!http) return list;
     auto request = NewRequest(IPP_OP_CUPS_GET_PRINTERS, {});
-    AddRequestedAttributes(request.get());
+    AddRequestedAttributes(request.get(), kListAttributes);
     const auto answer = Ask(http.get(), std::move(request), "/", &list.error);
     if (!answer) {
         // A server without a single queue says "not found".
@@ -105,7 +107,7 @@ PrinterDescription FetchPrinterDescription(const std::string& queue) {
         ConnectToServer(Confidentiality::asConfigured, kListSilence, &description.error);
     if (!http) return description;
     auto request = NewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, queue);
-    AddRequestedAttributes(request.get());
+    AddRequestedAttributes(request.get(), kDescriptionAttributes);
     const auto answer =
         Ask(http.get(), std::move(request), QueueResource(queue), &description.error);
     if (!answer) return description;
