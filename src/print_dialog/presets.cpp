@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/window_texts.h"
@@ -14,7 +13,6 @@
 
 /// In a preset: PPD main keyword to "OPTION: CHOICE", in words for people with another printer.
 #define kChoiceTextsKey CFSTR("com.kalmo.print.ChoiceTexts")
-#define kRotateKey CFSTR("com.kalmo.print.AdvancedRotateImage180")
 
 namespace kalmo {
 namespace {
@@ -145,13 +143,7 @@ public:
                               CFNumberCreate(kCFAllocatorDefault, kCFNumberSInt64Type, &moment)));
         }
     }
-    /// The pane writes one less than it has read.
-    void raiseRotation() const {
-        SInt32 rotation = 0;
-        if (PMTicketGetSInt32(settings(), kRotateKey, &rotation) != noErr) return;
-        if (rotation == std::numeric_limits<SInt32>::max()) return;
-        PMTicketSetSInt32(settings(), kTicketCreator, kRotateKey, rotation + 1, false);
-    }
+    void raiseRotation() const { RaiseRotation(session_); }
     /// So that what is not in it is that of a new dialog.
     void completeDialogSettings() const {
         JobSettings settingsThere;

@@ -248,7 +248,7 @@ std::vector<PPDSelection> PrintJobHost::writeChoices(const std::vector<PPDSelect
     write(settings);
     for (const auto& [option, choice] : others) ReplacePPDChoice(session_, option, choice);
     if (hasPane()) {
-        KeepRotation(session_);
+        RaiseRotation(session_);
         sync(kSyncToUI);
     }
     return before;

@@ -1,6 +1,7 @@
 #include "print_dialog/session_tickets.h"
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "print_dialog/sheet_layout.h"
@@ -13,7 +14,6 @@
 #define kLayoutNUpKey CFSTR("com.apple.print.PrintSettings.PMLayoutNUp")
 #define kCollateKey CFSTR("Collate")
 #define kPagesPerSheetKey CFSTR("PagesPerSheet")
-#define kRotationKey CFSTR("com.kalmo.print.AdvancedRotateImage180")
 
 namespace kalmo {
 namespace {
@@ -165,12 +165,12 @@ void ReplacePPDChoice(PMPrintSession session, const std::string& keyword,
     for (const CFStringRef key : kDuplexKeys) PMTicketReleaseItem(PrintSettings(session), key);
 }
 
-void KeepRotation(PMPrintSession session) {
+void RaiseRotation(PMPrintSession session) {
     const auto ticket = PrintSettings(session);
     SInt32 rotation = 0;
-    if (PMTicketGetSInt32(ticket, kRotationKey, &rotation) != noErr) return;
-    PMTicketSetSInt32(ticket, PMTicketGetItemCreator(ticket, kRotationKey), kRotationKey,
-                      rotation + 1, false);
+    if (PMTicketGetSInt32(ticket, kRotateKey, &rotation) != noErr) return;
+    if (rotation == std::numeric_limits<SInt32>::max()) return;
+    PMTicketSetSInt32(ticket, kTicketCreator, kRotateKey, rotation + 1, false);
 }
 
 void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer) {

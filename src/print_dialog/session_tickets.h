@@ -12,6 +12,7 @@
 /// In the print settings: the dialog's own (dictionary).
 #define kDialogSettingsKey CFSTR("com.kalmo.print.DialogSettings")
 #define kCopiesKey CFSTR("Copies")
+#define kRotateKey CFSTR("com.kalmo.print.AdvancedRotateImage180")
 
 namespace kalmo {
 
@@ -39,9 +40,9 @@ void WritePPDChoice(PMPrintSession session, const std::string& keyword, const st
 /// counts when the panel reads it.
 void ReplacePPDChoice(PMPrintSession session, const std::string& keyword,
                       const std::string& choice);
-/// Between a Sync towards the ticket and one towards the pane: the pane, which writes the rotation
-/// less one, reads what it had.
-void KeepRotation(PMPrintSession session);
+/// Before a Sync towards the pane that follows one towards the ticket: the pane, which writes its
+/// rotation less one, then reads what it had.
+void RaiseRotation(PMPrintSession session);
 [[nodiscard]] bool HasChoice(const PPDDescription& printer, const std::string& keyword,
                              const std::string& choice);
 /// Removes choices that the printer does not have.
