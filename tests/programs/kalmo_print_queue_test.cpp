@@ -67,10 +67,17 @@ TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePa
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(Contains(refused.errors, "passcode of 4 to 10 digits")) << refused.errors;
     EXPECT_EQ(refused.errors.find('\n'), refused.errors.size() - 1) << "one line";
+    const auto conflicting = print(securePrint(kPasscode));
+    EXPECT_EQ(conflicting.exitCode, 1);
+    EXPECT_EQ(conflicting.errors,
+              "kalmo-print: Fold: Z fold, half sheet does not go with Paper size: A4\n"
+              "kalmo-print: Set Fold to No fold\n"
+              "kalmo-print: Nothing was printed; change the settings, or print with "
+              "--print-anyway\n");
     EXPECT_TRUE(JobsOnTheServer().empty());
     const auto written = document.parent_path() / "out.plist";
-    const auto end =
-        print(securePrint(kPasscode), {"--write-ticket", written, "--title", "Secret report"});
+    const auto end = print(securePrint(kPasscode), {"--print-anyway", "--write-ticket", written,
+                                                    "--title", "Secret report"});
     ASSERT_EQ(end.exitCode, 0) << end.errors;
     ASSERT_EQ(JobsOnTheServer(), std::vector{1});
     ASSERT_EQ(server.finished(1).state, IPP_JSTATE_COMPLETED) << server.log();
