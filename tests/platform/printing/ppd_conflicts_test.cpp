@@ -4,6 +4,7 @@
 #include <cups/ppd.h>
 
 #include <random>
+#include <span>
 
 #include "support/printer_files.h"
 #include "support/programs.h"
@@ -15,6 +16,9 @@ namespace kalmo::test {
 namespace {
 
 using Selections = std::vector<PPDSelection>;
+using Words = std::vector<std::string>;
+
+const std::string kInstalled = "InstallableOptions";
 
 /// One PPD file as we read it and as libcups does.
 class BothReaders {
@@ -29,12 +33,9 @@ public:
             ppdMarkOption(ppd_.get(), option.c_str(), choice.c_str());
         return ppdConflicts(ppd_.get()) > 0;
     }
-    [[nodiscard]] const ppd_option_t* option(const std::string& keyword) const {
-        return ppdFindOption(ppd_.get(), keyword.c_str());
-    }
     /// The choice, or for none the first that turns the option on.
     [[nodiscard]] std::string choice(const std::string& keyword, const std::string& named) const {
-        const ppd_option_t* found = option(keyword);
+        const ppd_option_t* found = ppdFindOption(ppd_.get(), keyword.c_str());
         for (int i = 0; found && i < found->num_choices; ++i) {
             const std::string each = found->choices[i].choice;
             if (named.empty() ? each != "None" && each != "Off" && each != "False" : each == named)
@@ -44,18 +45,14 @@ public:
     }
     /// There are such choices, and the rest of the printer does not forbid its parts.
     [[nodiscard]] bool canBeChosen(Selections chosen) const {
-        if (std::ranges::any_of(chosen, [](const auto& each) { return each.choice.empty(); }))
-            return false;
+        if (std::ranges::find(chosen, "", &PPDSelection::choice) != chosen.end()) return false;
         std::erase_if(chosen, [&](const auto& each) { return !isInstalled(each.option); });
         return !conflictsForCups(chosen);
     }
     [[nodiscard]] bool isInstalled(const std::string& keyword) const {
-        for (int i = 0; i < ppd_->num_groups; ++i) {
-            const ppd_group_t& group = ppd_->groups[i];
-            for (int j = 0; j < group.num_options; ++j)
-                if (keyword == group.options[j].keyword)
-                    return std::string("InstallableOptions") == group.name;
-        }
+        for (const ppd_group_t& group : std::span(ppd_->groups, ppd_->num_groups))
+            for (const ppd_option_t& option : std::span(group.options, group.num_options))
+                if (keyword == option.keyword) return group.name == kInstalled;
         return false;
     }
 
@@ -65,32 +62,26 @@ private:
     std::unique_ptr<ppd_file_t, void (*)(ppd_file_t*)> ppd_;
 };
 
-Selections Changed(Selections chosen, const Selections& changes) {
-    for (const PPDSelection& change : changes) {
-        std::erase_if(chosen, [&](const auto& old) { return old.option == change.option; });
-        chosen.push_back(change);
-    }
-    return chosen;
+std::set<std::string> OptionsIn(const std::vector<PPDConflict>& conflicts) {
+    std::set<std::string> options;
+    for (const PPDConflict& conflict : conflicts)
+        for (const PPDSelection& each : conflict) options.insert(each.option);
+    return options;
 }
 
 /// Nothing wrong: the changes end all conflicts and touch nothing else.
-std::string FaultOf(const BothReaders& readers, const Selections& chosen) {
+std::string FaultOf(const BothReaders& readers, Selections chosen) {
     const auto conflicts = readers.rules->conflicts(chosen);
     if (conflicts.empty() == readers.conflictsForCups(chosen)) return "libcups sees it otherwise";
     const auto changes = readers.rules->resolution(chosen);
     if (!changes) return "no way out";
-    if (changes->empty() != conflicts.empty()) return "changed for nothing";
     for (const PPDSelection& change : *changes) {
-        const bool isInConflict = std::ranges::any_of(conflicts, [&](const PPDConflict& conflict) {
-            return std::ranges::find(conflict, change.option, &PPDSelection::option) !=
-                   conflict.end();
-        });
-        if (!isInConflict) return "changes " + change.option + ", which is in no conflict";
+        if (!OptionsIn(conflicts).contains(change.option)) return "no need for " + change.option;
         if (readers.isInstalled(change.option)) return "installs " + change.option;
+        chosen.push_back(change);
     }
-    const Selections after = Changed(chosen, *changes);
-    if (!readers.rules->conflicts(after).empty()) return "a conflict stays";
-    return readers.conflictsForCups(after) ? "a conflict stays for libcups" : "";
+    if (!readers.rules->conflicts(chosen).empty()) return "a conflict stays";
+    return readers.conflictsForCups(chosen) ? "a conflict stays for libcups" : "";
 }
 
 std::string Text(const Selections& chosen) {
@@ -133,106 +124,84 @@ TEST(PPDConstraints, EveryConstraintEndsByChangesOfItsOptionsAlone) {
     EXPECT_GE(files.size(), 4u);
 }
 
-/// Options A to D with None, 1 and 2, and rules over them at random.
-struct RandomPrinter {
-    explicit RandomPrinter(unsigned seed) : random_(seed) {
-        for (const char* option : kOptions) {
-            text_ += PPDOption(option, any(kChoices), {"None", "1", "2"});
-        }
-        for (int rule = 0; rule < 9; ++rule) {
-            std::string words;
-            for (const char* option : kOptions)
-                if (any({"yes", "no"}) == "yes")
-                    words += std::string("*") + option + " " + any({"", "None", "1", "2"}) + " ";
-            // A choice that is forbidden by itself is no conflict, though libcups counts it.
-            if (std::ranges::count(words, '*') > 1)
-                text_ += "*cupsUIConstraints: \"" + words + "\"\n";
-        }
-    }
-    [[nodiscard]] std::string any(const std::vector<std::string>& of) {
-        return of[random_() % of.size()];
-    }
-    [[nodiscard]] Selections anyChoices() {
-        Selections chosen;
-        for (const char* option : kOptions) chosen.push_back({option, any(kChoices)});
-        return chosen;
-    }
-    [[nodiscard]] std::filesystem::path file() const {
-        const auto file = MakeFolder("ppd") / "random.ppd";
-        WriteFile(file, PPDText(text_));
-        return file;
-    }
+const Words kOptions = {"A", "B", "C", "D"}, kChoices = {"None", "1", "2"};
 
-    static inline const std::vector<const char*> kOptions = {"A", "B", "C", "D"};
-    static inline const std::vector<std::string> kChoices = {"None", "1", "2"};
+std::string AnyOf(const Words& words, std::mt19937& random) {
+    return words[random() % words.size()];
+}
 
-private:
-    std::mt19937 random_;
-    std::string text_;
-};
-
-/// By trying everything; nothing when nothing helps.
-std::optional<std::size_t> FewestChanges(const PPDConstraints& rules, const Selections& chosen) {
-    std::optional<std::size_t> fewest;
-    std::set<std::string> inConflict;
-    for (const PPDConflict& conflict : rules.conflicts(chosen))
-        for (const PPDSelection& each : conflict) inConflict.insert(each.option);
-    for (int number = 0; number < 81; ++number) {
-        Selections tried;
-        std::size_t changes = 0;
-        bool isAllowed = true;
-        for (int at = 0, rest = number; at < 4; ++at, rest /= 3) {
-            const auto& before = chosen[static_cast<std::size_t>(at)];
-            tried.push_back({before.option, RandomPrinter::kChoices[rest % 3]});
-            changes += tried.back() != before;
-            isAllowed = isAllowed && (tried.back() == before || inConflict.contains(before.option));
-        }
-        if (isAllowed && rules.conflicts(tried).empty())
-            fewest = std::min(fewest.value_or(changes), changes);
+/// A PPD file with rules at random.
+std::filesystem::path RandomPrinter(std::mt19937& random) {
+    std::string text;
+    for (const auto& option : kOptions)
+        text += PPDOption(option, AnyOf(kChoices, random), kChoices);
+    for (int rule = 0; rule < 14; ++rule) {
+        std::string words;
+        for (const auto& option : kOptions)
+            if (random() % 2)
+                words += "*" + option + " " + AnyOf({"", "None", "1", "2"}, random) + " ";
+        // A choice that is forbidden by itself is no conflict, though libcups counts it.
+        if (std::ranges::count(words, '*') > 1) text += "*cupsUIConstraints: \"" + words + "\"\n";
     }
-    return fewest;
+    const auto file = MakeFolder("ppd") / "random.ppd";
+    WriteFile(file, PPDText(text));
+    return file;
+}
+
+constexpr std::size_t kHopeless = 100;
+
+/// By trying everything, from option `at` on.
+std::size_t FewestChanges(const PPDConstraints& rules, Selections chosen,
+                          const std::set<std::string>& allowed, std::size_t at = 0) {
+    if (at == chosen.size()) return rules.conflicts(chosen).empty() ? 0 : kHopeless;
+    std::size_t fewest = FewestChanges(rules, chosen, allowed, at + 1);
+    for (const auto& choice : kChoices) {
+        if (choice == chosen[at].choice || !allowed.contains(chosen[at].option)) continue;
+        auto tried = chosen;
+        tried[at].choice = choice;
+        fewest = std::min(fewest, 1 + FewestChanges(rules, tried, allowed, at + 1));
+    }
+    return std::min(fewest, kHopeless);
 }
 
 TEST(PPDConstraints, ChangesAsFewAsCanBe) {
-    int manyChanges = 0, hopeless = 0;
-    for (unsigned seed = 0; seed < 100; ++seed) {
-        RandomPrinter printer(seed);
-        const BothReaders readers(printer.file());
+    std::mt19937 random(1);
+    std::set<std::size_t> counts;
+    for (int time = 0; time < 400; ++time) {
+        const BothReaders readers(RandomPrinter(random));
         ASSERT_TRUE(readers.opened());
-        for (int time = 0; time < 10; ++time) {
-            const auto chosen = printer.anyChoices();
-            SCOPED_TRACE(std::to_string(seed) + ": " + Text(chosen));
-            EXPECT_EQ(!readers.rules->conflicts(chosen).empty(), readers.conflictsForCups(chosen));
-            const auto changes = readers.rules->resolution(chosen);
-            const auto fewest = FewestChanges(*readers.rules, chosen);
-            ASSERT_EQ(changes.has_value(), fewest.has_value());
-            EXPECT_EQ(changes ? changes->size() : 0, fewest.value_or(0));
-            manyChanges += changes && changes->size() > 1;
-            hopeless += !changes;
-        }
+        Selections chosen;
+        for (const auto& option : kOptions) chosen.push_back({option, AnyOf(kChoices, random)});
+        SCOPED_TRACE(Text(chosen));
+        const auto conflicts = readers.rules->conflicts(chosen);
+        EXPECT_EQ(!conflicts.empty(), readers.conflictsForCups(chosen));
+        const auto fewest = FewestChanges(*readers.rules, chosen, OptionsIn(conflicts));
+        const auto changes = readers.rules->resolution(chosen);
+        EXPECT_EQ(changes ? changes->size() : kHopeless, fewest);
+        counts.insert(fewest);
     }
-    EXPECT_GT(manyChanges, 20);
-    EXPECT_GT(hopeless, 0);
+    EXPECT_EQ(counts, (std::set<std::size_t>{0, 1, 2, 3, kHopeless}));
 }
 
 TEST(PPDConstraints, PrefersWhatThePrinterNamesThenLessThenTheDefault) {
     const auto file = MakeFolder("ppd") / "printer.ppd";
-    WriteFile(file, PPDText(PPDOption("PageSize", "A4", {"A4", "A3", "A5"}) +
-                            PPDOption("InputSlot", "Tray1", {"Tray1", "Tray2"}) +
-                            PPDOption("Duplex", "Long", {"Long", "None", "Short"}) +
-                            PPDOption("MediaType", "Plain", {"Plain", "Labels", "Glossy"}) +
-                            "*OpenGroup: InstallableOptions/Installed\n" +
-                            PPDOption("Bin", "False", {"True", "False"}) +
-                            "*CloseGroup: InstallableOptions\n"
-                            "*UIConstraints: *PageSize A3 *InputSlot Tray1\n"
-                            "*UIConstraints: *MediaType Labels *Duplex\n"
-                            "*UIConstraints: *Duplex *MediaType Labels\n"
-                            "*cupsUIConstraints gloss: \"*MediaType Glossy *Duplex *PageSize A5\"\n"
-                            "*cupsUIResolver gloss: \"*PageSize A3\"\n"
-                            "*CustomPageSize True: \"pop\"\n"
-                            "*ParamCustomPageSize Width: 1 points 72 1000\n"
-                            "*UIConstraints: *CustomPageSize True *MediaType Labels\n"
-                            "*UIConstraints: *Bin False *Duplex Short\n"));
+    WriteFile(file,
+              PPDText(PPDOption("PageSize", "A4", {"A4", "A3", "A5"}) +
+                      PPDOption("InputSlot", "Tray1", {"Tray1", "Tray2"}) +
+                      PPDOption("Duplex", "Long", {"Long", "None", "Short"}) +
+                      PPDOption("MediaType", "Plain", {"Plain", "Labels", "Glossy"}) +
+                      "*OpenGroup: " + kInstalled + "/Installed\n" +
+                      PPDOption("Bin", "False", {"True", "False"}) + "*CloseGroup: " + kInstalled +
+                      "\n"
+                      "*UIConstraints: *PageSize A3 *InputSlot Tray1\n"
+                      "*UIConstraints: *MediaType Labels *Duplex\n"
+                      "*UIConstraints: *Duplex *MediaType Labels\n"
+                      "*cupsUIConstraints gloss: \"*MediaType Glossy *Duplex *PageSize A5\"\n"
+                      "*cupsUIResolver gloss: \"*PageSize A3\"\n"
+                      "*CustomPageSize True: \"pop\"\n"
+                      "*ParamCustomPageSize Width: 1 points 72 1000\n"
+                      "*UIConstraints: *CustomPageSize True *MediaType Labels\n"
+                      "*UIConstraints: *Bin False *Duplex Short\n"));
     const auto rules = PPDConstraints::Open(file, nullptr);
     ASSERT_TRUE(rules);
     const std::tuple<const char*, Selections, Selections> rows[] = {
