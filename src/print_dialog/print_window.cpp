@@ -40,6 +40,8 @@ PrintWindow::PrintWindow(const CommandLine& commandLine) : commandLine_(commandL
     setAcceptDrops(true);
     createWidgets();
     connectWidgets();
+    // A PPD file or a folder on the command line is a choice of its own.
+    destinationOpen_ = commandLine.output.empty() && commandLine.ppd.empty();
     panels_->setPanels(commandLine.panels.empty() ? RememberedPanels() : commandLine.panels);
     host_.setPanels(panels_->panels());
     documentChanged();
@@ -114,8 +116,10 @@ void PrintWindow::connectWidgets() {
     connect(presets_.get(), &PresetCommands::settingsWanted, this,
             [this] { host_.apply(form_->settings()); });
     connect(form_, &SettingsForm::changed, this, &PrintWindow::settingsChanged);
-    connect(form_->destination(), &DestinationChoice::chosen, this,
-            &PrintWindow::chooseDestination);
+    connect(form_->destination(), &DestinationChoice::chosen, this, [this] {
+        destinationOpen_ = false;
+        chooseDestination();
+    });
     connect(preview_, &Preview::openRequested, this, &PrintWindow::askForDocument);
     connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this,
             &PrintWindow::askForDocument);

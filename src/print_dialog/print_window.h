@@ -121,6 +121,9 @@ private:
 
     QSize firstSize_;  // before the user could change it
     bool extensionLoaded_ = false;
+    /// It is not settled yet where the job goes: the server's printers are not known, and nobody
+    /// has named a folder.
+    bool destinationOpen_ = true;
     bool painted_ = false;
     bool stopping_ = false;
     std::string openingQueue_;  // asked for, not yet answered

@@ -10,7 +10,7 @@ void PrintWindow::updatePrint() {
     const Destination& destination = form_->destination()->current();
     const bool ready = destination.kind == Destination::Kind::folder ||
                        (openingQueue_.empty() && host_.printer().name == destination.queue);
-    print_->setEnabled(ready && !job_ && form_->isValid() &&
+    print_->setEnabled(ready && !destinationOpen_ && !job_ && form_->isValid() &&
                        document_.state() == Document::State::ready);
 }
 

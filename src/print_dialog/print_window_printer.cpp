@@ -39,8 +39,8 @@ void PrintWindow::showPrinters(const PrinterList& list) {
     DestinationChoice* destination = form_->destination();
     destination->setStatus({});
     destination->setQueues(list.destinations, QString::fromStdString(list.error));
-    // A PPD file or a folder on the command line is a choice of its own.
-    if (!commandLine_.output.empty() || !commandLine_.ppd.empty() || job_) return;
+    if (!destinationOpen_ || job_) return;
+    destinationOpen_ = false;
     destination->chooseQueue(preferred);
     chooseDestination();
 }
