@@ -94,9 +94,8 @@ std::vector<std::string> CutTexts(QWidget& window) {
         if (tabs && tabs->width() < tabs->tabBar()->sizeHint().width())
             cut.push_back(NameOf(*widget) + " has no room for its tabs");
         const bool hasText = qobject_cast<QAbstractButton*>(widget) || label;
-        if (!hasText || widget->isHidden() || IsInnerPart(*widget)) continue;
-        // Lines wrap anew when their page comes to the front.
-        if (wraps && !widget->isVisibleTo(&window)) continue;
+        // What is not there yet, or behind, is laid out when it comes.
+        if (!hasText || !widget->isVisibleTo(&window) || IsInnerPart(*widget)) continue;
         const QSize wanted =
             wraps ? QSize(0, label->heightForWidth(label->width())) : widget->minimumSizeHint();
         if (widget->width() < wanted.width() || widget->height() < wanted.height())
