@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QStyleOptionToolButton>
 #include <algorithm>
 
 #include "print_dialog/widgets.h"
@@ -11,32 +12,35 @@ namespace kalmo {
 namespace {
 
 constexpr int kShownLetters = 8;
-constexpr int kGap = 6;
 /// In the place of a file: settings that are stored nowhere.
 constexpr const char* kNowhere = "-";
 
 QString FileOf(const Preset& preset) { return QString::fromStdString(preset.file.string()); }
 
+/// Its dots say that there is a menu; the style would draw an arrow over them.
+class CommandsButton final : public QToolButton {
+public:
+    using QToolButton::QToolButton;
+
+protected:
+    void initStyleOption(QStyleOptionToolButton* option) const override {
+        QToolButton::initStyleOption(option);
+        option->features &= ~QStyleOptionToolButton::HasMenu;
+    }
+};
+
 }  // namespace
 
 PresetChoice::PresetChoice(QWidget* parent)
-    : QWidget(parent),
-      list_(new QComboBox(parent)),
-      defaults_(new QPushButton(WindowText("Defaults"), this)),
-      commands_(new QToolButton(this)) {
+    : QWidget(parent), list_(new QComboBox(parent)), commands_(new CommandsButton(this)) {
     list_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list_->setMinimumContentsLength(kShownLetters);
     list_->setPlaceholderText(WindowText("Own settings"));
-    defaults_->setAutoDefault(false);
-    defaults_->setToolTip(WindowText("Defaults tip"));
     createMenu();
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(kGap);
-    row->addWidget(defaults_);
     row->addWidget(commands_);
     fill({});
-    connect(defaults_, &QPushButton::clicked, this, &PresetChoice::printersDefaultsChosen);
     connect(list_, &QComboBox::activated, this, [this] {
         const QString file = list_->currentData().toString();
         const auto chosen = std::ranges::find(rows_, file, FileOf);
@@ -59,6 +63,9 @@ void PresetChoice::createMenu() {
     delete_ = menu->addAction(WindowText("Delete preset..."));
     connect(rename_, &QAction::triggered, this, [this] { Q_EMIT renameWanted(*ownPreset()); });
     connect(delete_, &QAction::triggered, this, [this] { Q_EMIT deleteWanted(*ownPreset()); });
+    menu->addSeparator();
+    connect(menu->addAction(WindowText("Back to defaults")), &QAction::triggered, this,
+            &PresetChoice::printersDefaultsChosen);
 }
 
 void PresetChoice::load(const std::string& queue) {

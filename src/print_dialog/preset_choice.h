@@ -4,7 +4,6 @@
 
 #include <QAction>
 #include <QComboBox>
-#include <QPushButton>
 #include <QToolButton>
 #include <QWidget>
 #include <optional>
@@ -15,7 +14,7 @@
 
 namespace kalmo {
 
-/// The buttons beside the list of presets, and the list.
+/// The button beside the list of presets, and the list.
 class PresetChoice final : public QWidget {
     Q_OBJECT
 public:
@@ -53,7 +52,6 @@ private:
     [[nodiscard]] std::optional<Preset> ownPreset() const;
 
     QComboBox* list_;
-    QPushButton* defaults_;
     QToolButton* commands_;
     QAction* rename_ = nullptr;
     QAction* delete_ = nullptr;

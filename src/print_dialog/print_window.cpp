@@ -255,7 +255,7 @@ void PrintWindow::chooseDirection() {
 
 void PrintWindow::rememberSize() const {
     const bool whole = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) != 0;
-    if (!whole && firstSize_.isValid() && size() != firstSize_) RememberWindowSize(size());
+    if (!whole && chosenSize_.isValid()) RememberWindowSize(chosenSize_);
 }
 
 void PrintWindow::setVisible(bool visible) {
@@ -270,10 +270,16 @@ bool PrintWindow::event(QEvent* event) {
     const bool handled = QDialog::event(event);
     if (event->type() == QEvent::UpdateRequest && !painted_) {
         painted_ = true;
-        firstSize_ = size();
         Q_EMIT firstPainted();
     }
     return handled;
+}
+
+void PrintWindow::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    // A note or a panel that needs more room is nobody's wish for a larger window.
+    const bool grown = event->size() == event->oldSize().expandedTo(minimumSize());
+    if (painted_ && !grown) chosenSize_ = event->size();
 }
 
 void PrintWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -59,6 +59,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -119,7 +120,7 @@ private:
     QPushButton* cancel_ = nullptr;
     QPushButton* print_ = nullptr;
 
-    QSize firstSize_;  // before the user could change it
+    QSize chosenSize_;  // by the user; none until then
     bool extensionLoaded_ = false;
     /// It is not settled yet where the job goes: the server's printers are not known, and nobody
     /// has named a folder.
