@@ -7,6 +7,7 @@
 
 #include "foundation/locale.h"
 #include "print_dialog/color_options.h"
+#include "print_dialog/summary_phrases.h"
 #include "print_dialog/window_texts.h"
 #include "settings/dictionary.h"
 #include "settings/ppd_choices.h"
@@ -158,15 +159,7 @@ std::string EffectiveChoice(const PrintJobHost& host, const std::string& option)
     return chosen.empty() ? known->defaultChoice : chosen;
 }
 
-std::string JobPaper::text() const {
-    std::string joined;
-    for (const auto* part : {&name, &size, &type, &color, &source}) {
-        if (part->empty()) continue;
-        if (!joined.empty()) joined += ", ";
-        joined += *part;
-    }
-    return joined;
-}
+std::string JobPaper::text() const { return JoinedPhrases({name, size, type, color, source}); }
 
 JobPapers::JobPapers(const PrintJobHost& host) : host_(host), papers_{PaperOfJob(host)} {
     numbers_[papers_.front()] = 0;

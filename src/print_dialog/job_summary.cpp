@@ -118,7 +118,7 @@ private:
         std::ranges::sort(inOrder, {}, [](const auto& each) { return each.first.front().first; });
         std::vector<std::string> texts;
         for (const auto& [pages, paper] : inOrder)
-            texts.push_back(PhraseOfPages(pages) + ": " + paperText(paper));
+            texts.push_back(NamedPhrase(PhraseOfPages(pages), paperText(paper)));
         addSome("paper", name, texts);
     }
 
@@ -156,7 +156,7 @@ private:
         }
         std::vector<std::string> inserts, exceptions;
         for (const PlanInsert& insert : StandingInserts(plan))
-            inserts.push_back(InsertPhrase(insert) + ": " + paperText(insert.paper));
+            inserts.push_back(NamedPhrase(InsertPhrase(insert), paperText(insert.paper)));
         for (const PageChange& change : contents_.changes) {
             const int paper = change.where.paper;
             const auto phrase = ChangePhrase(change, paper > 0 ? paperText(paper) : "");
@@ -189,7 +189,7 @@ private:
 
 std::string JobSummary::text() const {
     std::string lines;
-    for (const SummaryRow& row : rows) lines += row.name + ": " + row.text + "\n";
+    for (const SummaryRow& row : rows) lines += NamedPhrase(row.name, row.text) + "\n";
     return lines;
 }
 

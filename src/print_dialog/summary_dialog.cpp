@@ -31,7 +31,7 @@ QTextBlockFormat LineFormat() {
 
 QTextCharFormat NameFormat() {
     QTextCharFormat format;
-    format.setFontWeight(QFont::DemiBold);
+    format.setFontWeight(QFont::Bold);
     return format;
 }
 
@@ -74,7 +74,8 @@ void SummaryDialog::fill(const JobSummary& summary, const QString& note) {
     const auto addLine = [&](const QString& name, const QString& text) {
         if (!isFirst) cursor.insertBlock(LineFormat());
         isFirst = false;
-        if (!name.isEmpty()) cursor.insertText(name + ": ", NameFormat());
+        if (!name.isEmpty())
+            cursor.insertText(WindowText("Summary name", {name}) + ' ', NameFormat());
         cursor.insertText(text, QTextCharFormat());
     };
     if (!note.isEmpty()) addLine({}, note);

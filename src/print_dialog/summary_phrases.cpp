@@ -65,10 +65,14 @@ std::string Lightness(int lightness) {
 std::string JoinedPhrases(const std::vector<std::string>& phrases) {
     std::string joined;
     for (const std::string& phrase : phrases) {
-        if (!joined.empty() && !phrase.empty()) joined += ", ";
-        joined += phrase;
+        if (phrase.empty()) continue;
+        joined = joined.empty() ? phrase : HostText("Summary phrases", {joined, phrase});
     }
     return joined;
+}
+
+std::string NamedPhrase(const std::string& name, const std::string& phrase) {
+    return HostText("Summary name", {name}) + " " + phrase;
 }
 
 std::string DocumentPages(const std::vector<PageRange>& chosen, int pageCount) {
@@ -140,7 +144,7 @@ std::string ChangePhrase(const PageChange& change, const std::string& paper) {
     const auto text = JoinedPhrases({change.where.sides ? SidesPhrase(*change.where.sides) : "",
                                      paper, Lightness(change.lightness),
                                      change.shifted ? HostText("Summary image shift") : ""});
-    return text.empty() ? text : PhraseOfPages({change.where.pages}) + ": " + text;
+    return text.empty() ? text : NamedPhrase(PhraseOfPages({change.where.pages}), text);
 }
 
 std::string JobTypePhrase(const JobContents& contents) {

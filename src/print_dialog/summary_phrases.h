@@ -10,8 +10,10 @@
 
 namespace kalmo {
 
-/// With ", " between; empty ones are left out.
+/// With a comma between; empty ones are left out.
 [[nodiscard]] std::string JoinedPhrases(const std::vector<std::string>& phrases);
+/// "Paper: A4".
+[[nodiscard]] std::string NamedPhrase(const std::string& name, const std::string& phrase);
 
 /// "8 pages", "pages 1-3 of 8".
 [[nodiscard]] std::string DocumentPages(const std::vector<PageRange>& chosen, int pageCount);
