@@ -238,6 +238,18 @@ class Reader:
         return None  # nothing more in it
 
     def explore(self, where, window, depth=0):
+        """The window, each page of it that stands behind a tab, and what they open."""
+        self.explore_page(where, window, depth)
+        tabs = next((n for n in descendants(window) if n.get_role_name() == "page tab list"), None)
+        children = [tabs.get_child_at_index(i) for i in range(tabs.get_child_count())] if tabs else []
+        for page in range(1, sum(child.get_role_name() == "page tab" for child in children)):
+            if not self.focus(lambda n: n.get_role_name() in ("page tab", "page tab list")):
+                self.fault(where, "the Tab key does not come to the tabs")
+                return
+            self.program.press("Right", settle=0.3)
+            self.explore_page(f"{where}, page {page + 1}", window, depth)
+
+    def explore_page(self, where, window, depth):
         self.read_window(where, window)
         if depth == 3:
             return
@@ -326,6 +338,32 @@ def faulty_fields(reader, program):
     reader.leave("secure print", 1)
 
 
+def printer_list(reader, program):
+    """It opens by the key for lists; what has the focus then has a name, and Escape leaves it."""
+    program.press("alt+r", settle=0.3)
+    closed = program.focused
+    program.press("F4", settle=0.6)
+    node = program.focused
+    if Reader.key(node) == Reader.key(closed) or not spoken(node):
+        reader.fault("list of printers", f"it does not open: {node.get_role_name()} “{spoken(node)}”")
+    else:
+        print(f"list of printers: {node.get_role_name()} “{spoken(node)}”")
+    program.press("Escape", settle=0.3)
+
+
+def conflict(reader, program):
+    """What does not go together is said, and the first way out has the focus."""
+    choose_panel(program, 0)
+    program.press("alt+j", "Home", "Return", settle=0.4)
+    program.press("alt+p", settle=1.5)
+    node = program.focused
+    if not node or node.get_role_name() != "push button" or not node.get_description():
+        reader.fault("conflict", "the focus is not on a button that says what does not go together")
+    else:
+        print(f"conflict: “{node.get_name()}”, “{node.get_description()}”")
+    reader.read_window("conflict", program.front())
+
+
 def expect_fault(reader, program, where, said_before):
     node = program.focused
     if not node or node.get_role_name() not in ("text", "password text"):
@@ -345,6 +383,8 @@ def main():
             reader.explore(f"panel {number + 1}", program.front())
         job_types(reader, program)
         faulty_fields(reader, program)
+        printer_list(reader, program)
+        conflict(reader, program)
     finally:
         program.process.terminate()
     for path, controls in reader.read.items():
