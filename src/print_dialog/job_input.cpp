@@ -74,7 +74,7 @@ Outcome InputDocument::open(const std::string& name) {
 
 Outcome InputDocument::spoolStandardInput() {
     if (isatty(STDIN_FILENO)) return {HostText("Standard input typed")};
-    spool_ = std::make_unique<PrivateFolder>(std::filesystem::temp_directory_path());
+    spool_ = std::make_unique<PrivateFolder>(TemporaryFolder());
     if (spool_->path().empty()) return {SystemReason(HostText("Temporary folder"), errno)};
     path_ = spool_->path() / "document.pdf";
     std::ofstream out(path_, std::ios::binary);  // in a folder that nobody else can enter

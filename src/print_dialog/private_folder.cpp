@@ -20,6 +20,12 @@ PrivateFolder::~PrivateFolder() {
     if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
 }
 
+std::filesystem::path TemporaryFolder() {
+    std::error_code missing;
+    const auto folder = std::filesystem::temp_directory_path(missing);
+    return missing ? "/tmp" : folder;
+}
+
 std::string SystemReason(const std::filesystem::path& file, int number) {
     return file.string() + ": " + std::strerror(number);
 }

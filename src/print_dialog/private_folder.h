@@ -20,6 +20,9 @@ private:
     std::filesystem::path path_;
 };
 
+/// The one that TMPDIR names; the system's own where it names none.
+[[nodiscard]] std::filesystem::path TemporaryFolder();
+
 /// Gives the file its place unless something is there already; false then, and on failure with the
 /// reason in errno.
 [[nodiscard]] bool MoveWithoutReplacing(const std::filesystem::path& from,

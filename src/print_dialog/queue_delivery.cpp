@@ -178,7 +178,7 @@ JobResult Submit(const JobOrder& order, const OpenDocument& document,
 
 JobResult DeliverToQueue(const JobOrder& order, const DeliveryControl& control) {
     control.progress(JobStage::preparing, 0);
-    const PrivateFolder temporary(std::filesystem::temp_directory_path());
+    const PrivateFolder temporary(TemporaryFolder());
     std::filesystem::path prepared;
     if (const auto outcome = PrepareDocument(order, temporary, &prepared); !outcome) {
         return Failed(outcome.error);

@@ -164,6 +164,10 @@ TEST_F(KalmoPrintTest, ReadsTheDocumentFromStandardInput) {
     const auto empty = runOnSample({"--output", output_, "-"});
     EXPECT_EQ(empty.exitCode, 2);
     EXPECT_TRUE(IsOneLine(empty.errors)) << empty.errors;
+    const auto sample = SamplePPD("kalmo-office-color");
+    const auto adrift = run({"--no-dialog", "--ppd", sample, "--output", output_, "-"},
+                            {{"TMPDIR", folder_ / "gone"}}, document_);
+    EXPECT_EQ(adrift.exitCode, 0) << adrift.errors;
 }
 
 TEST_F(KalmoPrintTest, WritesTheTicketForTheUserAlone) {
