@@ -47,8 +47,10 @@ void PrintWindow::showPrinters(const PrinterList& list) {
 
 void PrintWindow::chooseDestination() {
     const Destination& chosen = form_->destination()->current();
-    if (chosen.kind == Destination::Kind::queue && chosen.queue != host_.printer().name) {
-        openQueue(chosen.queue);
+    if (chosen.kind == Destination::Kind::queue) {
+        // Back at the one that is open: another one's answer is no longer waited for.
+        openingQueue_.clear();
+        if (chosen.queue != host_.printer().name) openQueue(chosen.queue);
     }
     updatePrint();
 }

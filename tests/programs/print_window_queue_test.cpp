@@ -136,6 +136,13 @@ TEST_F(PrintWindowQueueTest, ThePaneStaysWhileItsDialogIsOpen) {
     EXPECT_FALSE(hasPane());
 }
 
+TEST_F(PrintWindowQueueTest, GoingBackToThePrinterBeforeTheOtherIsThereKeepsIt) {
+    choose("other");
+    choose("kalmo");
+    QTest::qWait(1000);
+    EXPECT_TRUE(print()->isEnabled() && hasPane());
+}
+
 TEST_F(PrintWindowQueueTest, ThePaneComesAndGoesWithThePrinter) {
     choose("other");
     EXPECT_FALSE(print()->isEnabled()) << "until the printer is known";
