@@ -54,19 +54,18 @@ void PaneSurvey::take(const PrinterEntry& queue, const PrinterDescription& descr
     const std::string pane = PaneOf(description);
     byName_[queue.name] = pane;
     // The server names no model where it cannot read the PPD file.
-    if (IsDecided(pane) && !queue.makeAndModel.empty()) byModel_[queue.makeAndModel] = pane;
+    const bool speaksForModel = !queue.makeAndModel.empty() && !queue.isElsewhere;
+    if (IsDecided(pane) && speaksForModel) byModel_[queue.makeAndModel] = pane;
 }
 
 bool PaneSurvey::isKnown(const PrinterEntry& queue) const {
-    return byModel_.contains(queue.makeAndModel);
+    return !queue.isElsewhere && byModel_.contains(queue.makeAndModel);
 }
 
 std::string PaneSurvey::answerFor(const PrinterEntry& queue) const {
     const auto own = byName_.find(queue.name);
-    const auto model = byModel_.find(queue.makeAndModel);
-    if (model != byModel_.end() && (own == byName_.end() || !IsDecided(own->second))) {
-        return model->second;
-    }
+    const bool decided = own != byName_.end() && IsDecided(own->second);
+    if (!decided && isKnown(queue)) return byModel_.at(queue.makeAndModel);
     return own != byName_.end() ? own->second : kUnknown + SilentServerLine();
 }
 

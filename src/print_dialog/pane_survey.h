@@ -1,6 +1,7 @@
 // Which of many queues have a pane, asked of the server without its thousand PPD files.
 //
 // Queues of one make and model have the same PPD file: the first that is read decides for all.
+// Those that stand for another server's queue have its PPD file, and are asked one by one.
 #pragma once
 
 #include <QEventLoop>

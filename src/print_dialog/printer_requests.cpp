@@ -12,8 +12,8 @@ namespace kalmo {
 namespace {
 
 constexpr const char* kListAttributes[] = {
-    "printer-name",  "printer-info",          "printer-location",         "printer-make-and-model",
-    "printer-state", "printer-state-message", "printer-is-accepting-jobs"};
+    "printer-name",  "printer-info",          "printer-location",          "printer-make-and-model",
+    "printer-state", "printer-state-message", "printer-is-accepting-jobs", "device-uri"};
 constexpr const char* kDescriptionAttributes[] = {"printer-make-and-model", "device-uri"};
 
 void AddRequestedAttributes(ipp_t* request, std::span<const char* const> names) {
@@ -37,6 +37,9 @@ void TakeAttribute(ipp_attribute_t* attribute, PrinterEntry& entry) {
     }
     if (name == "printer-state") {
         entry.stopped = ippGetInteger(attribute, 0) == IPP_PSTATE_STOPPED;
+    } else if (name == "device-uri") {
+        const char* device = ippGetString(attribute, 0, nullptr);
+        entry.isElsewhere = device && RemoteQueueOf(device);
     } else if (name == "printer-is-accepting-jobs") {
         entry.accepting = ippGetBoolean(attribute, 0) != 0;
     }

@@ -23,6 +23,7 @@ struct PrinterEntry {
     bool isDefault = false;
     bool accepting = true;
     bool stopped = false;
+    bool isElsewhere = false;  // stands for a queue of another print server
 };
 
 struct PrinterList {

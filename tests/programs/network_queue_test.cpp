@@ -59,6 +59,7 @@ TEST_F(NetworkQueueTest, SecretsReachAnotherMachineEncryptedOrNotAtAll) {
 }
 
 TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) {
+    far_.addQueue("strange", WritePPD("Strange"));
     PrivateCupsd near;
     ASSERT_EQ(near.problem(), "");
     const DeadServer dead(Silence::silent);
@@ -68,6 +69,7 @@ TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) 
     near.addQueueOn(far + "kalmo", "away", {});
     near.addQueueOn(far + "kalmo", "both", WritePPD("Near"));
     near.addQueueOn(far + "gone", "gone", WritePPD("Near"));
+    near.addQueueOn(far + "strange", "wild", {});
     near.addQueueOn("ipp://" + silent + "/printers/kalmo", "silent", {});
     near.addQueueOn("ipp://" + silent + "/printers/kalmo", "known", WritePPD("Near"));
     const std::pair<const char*, const char*> rows[] = {
@@ -80,6 +82,13 @@ TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) 
     }
     const auto lost = FetchPrinterDescription("silent");
     EXPECT_TRUE(Contains(lost.error, "is at the print server 127.0.0.1")) << lost.error;
+
+    const auto listed =
+        RunProgram({.program = BuiltProgram("kalmo-print"), .arguments = {"--list-printers"}});
+    for (const auto& [queue, pane] : {std::pair("away", "yes"), {"both", "yes"}, {"wild", "no"}}) {
+        const auto at = listed.output.find("\tpane: ", listed.output.find(queue));
+        EXPECT_EQ(listed.output.find(pane, at), at + 7) << queue << '\n' << listed.output;
+    }
 
     const auto sent = print(getenv("CUPS_SERVER"), "away");
     EXPECT_EQ(sent.exitCode, 0) << sent.errors;
