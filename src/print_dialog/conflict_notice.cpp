@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <algorithm>
 
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
@@ -64,7 +65,8 @@ ConflictNotice::ConflictNotice(PrintJobHost& host,
 
     connect(change_, &QPushButton::clicked, this, [=, this] { whenFree([this] { change(); }); });
     connect(undo_, &QPushButton::clicked, this, [=, this] { whenFree([this] { undo(); }); });
-    connect(anyway_, &QPushButton::clicked, this, &ConflictNotice::printAnyway);
+    connect(anyway_, &QPushButton::clicked, this,
+            [this] { Q_EMIT printAnyway(ConflictReport(report_)); });
     clear();
 }
 
@@ -74,9 +76,13 @@ void ConflictNotice::clear() {
     hide();
 }
 
-bool ConflictNotice::approve() {
-    report_ = CheckConflicts(host_);
-    if (report_.conflicts.empty()) return true;
+bool ConflictNotice::approve(const ConflictReport& accepted) {
+    ConflictReport report = CheckConflicts(host_);
+    const auto isAccepted = [&](const auto& conflict) {
+        return std::ranges::find(accepted.conflicts, conflict) != accepted.conflicts.end();
+    };
+    if (std::ranges::all_of(report.conflicts, isAccepted)) return true;
+    report_ = std::move(report);
     showReport();
     return false;
 }

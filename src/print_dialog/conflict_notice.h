@@ -22,7 +22,9 @@ public:
 
     /// Looks at the tickets, after a Sync towards them. False: the band is shown, with the focus on
     /// its first button.
-    [[nodiscard]] bool approve();
+    [[nodiscard]] bool approve() { return approve(ConflictReport()); }
+    /// The same, but for what `accepted` told of.
+    [[nodiscard]] bool approve(const ConflictReport& accepted);
     void clear();
 
 Q_SIGNALS:
@@ -30,7 +32,8 @@ Q_SIGNALS:
     void ticketsChanged();
     /// The conflict has ended.
     void solved();
-    void printAnyway();
+    /// In spite of what `told` says.
+    void printAnyway(const kalmo::ConflictReport& told);
 
 private:
     void change();

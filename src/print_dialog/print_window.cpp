@@ -134,7 +134,10 @@ void PrintWindow::connectWidgets() {
     connect(print_, &QPushButton::clicked, this, &PrintWindow::print);
     connect(conflicts_, &ConflictNotice::ticketsChanged, this, &PrintWindow::showHostSettings);
     connect(conflicts_, &ConflictNotice::solved, print_, [this] { print_->setFocus(); });
-    connect(conflicts_, &ConflictNotice::printAnyway, this, [this] { sendJob({}); });
+    connect(conflicts_, &ConflictNotice::printAnyway, this, [this](const ConflictReport& told) {
+        // What the pane has made of it since then is told first.
+        sendJob([this, told] { return conflicts_->approve(told); });
+    });
 }
 
 ExitCode PrintWindow::prepare() {

@@ -90,10 +90,11 @@ private:
     void updatePrint();
 
     void print();
-    /// As Print does, of what `approve` lets through (empty: of anything).
+    /// As Print does, of what `approve` lets through.
     void sendJob(std::function<bool()> approve);
     [[nodiscard]] JobRequest jobRequest() const;
     void setSending(bool sending);
+    void nameCancel(const char* key, const QString& description);
     void finishJob(const JobResult& result);
     void showDifferences(const std::vector<std::string>& lines);
     void showHelp();

@@ -115,9 +115,9 @@ struct ConflictsInWindow : testing::Test {
             return button(text)->isVisible() == expected;
         });
     }
-    /// The popup of the form that has this item.
+    /// The popup of form or pane that has this item.
     [[nodiscard]] QComboBox* popup(const char* item) const {
-        for (auto* popup : window_->findChild<SettingsForm*>()->findChildren<QComboBox*>())
+        for (auto* popup : window_->findChildren<QComboBox*>())
             if (popup->findText(item) >= 0) return popup;
         return nullptr;
     }
@@ -159,6 +159,10 @@ TEST_F(ConflictsInWindow, EndByOneButtonAndComeBackByOne) {
 TEST_F(ConflictsInWindow, ArePrintedAnywayOnRequest) {
     open();
     button("&Print")->click();
+    Pick(*popup("3 holes"), "3 holes");
+    button("Print anyway")->click();
+    EXPECT_TRUE(band()->accessibleDescription().contains("3 holes")) << "not told of before";
+    EXPECT_TRUE(FilesIn(out_).empty());
     button("Print anyway")->click();
     EXPECT_FALSE(band()->isVisible());
     expectPrinted("SinglePortrait");
