@@ -58,7 +58,10 @@ void PrintWindow::showSummary() {
 }
 
 void PrintWindow::setSending(bool sending) {
-    if (sending) focusBefore_ = focusWidget();
+    if (sending) {
+        focusBefore_ = focusWidget();
+        nameCancel("Cancel", {});
+    }
     body_->setEnabled(!sending);
     help_->setEnabled(!sending);
     panels_->setEnabled(!sending);
@@ -97,11 +100,16 @@ void PrintWindow::showDifferences(const std::vector<std::string>& lines) {
     QStringList shown;
     for (const auto& line : lines) shown += QString::fromStdString(line);
     bar_->showDifferences(shown);
-    cancel_->setText(WindowText("Close"));
-    cancel_->setAccessibleDescription(bar_->differences());
+    nameCancel("Close", bar_->differences());
     // Return closes the window; it does not print the same again.
     cancel_->setAutoDefault(true);
     cancel_->setFocus();
+}
+
+void PrintWindow::nameCancel(const char* key, const QString& description) {
+    cancel_->setText(WindowText(key));
+    cancel_->setAccessibleDescription(description);
+    cancel_->setAutoDefault(false);
 }
 
 }  // namespace kalmo
