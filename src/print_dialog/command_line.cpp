@@ -76,8 +76,10 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     }
 }
 
+/// Names of files and a server's words must not steer a terminal.
 std::string OneLine(std::string text) {
-    std::replace(text.begin(), text.end(), '\n', ' ');
+    std::ranges::replace_if(
+        text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
     return text;
 }
 
