@@ -6,6 +6,8 @@ Usage: read_windows.py PROGRAM ARGUMENT...     (within an X server and a session
 Starting with the print window it opens, panel by panel, whatever a button with an ellipsis opens, reads it, walks
 through it with the Tab key, and leaves it with Escape. One line per fault; exit code 1 with any.
 """
+import os
+import re
 import subprocess
 import sys
 import time
@@ -24,6 +26,7 @@ CONTROLS = {"push button", "toggle button", "check box", "radio button", "combo 
 BY_ARROWS = {"radio button", "page tab list", "page tab"}
 # Buttons whose names end without an ellipsis although they open a dialog; known in English.
 OPENERS = {"Add covers", "Add inserts", "Add exceptions"}
+LETTERS = {}
 SETTLE = 0.15
 LAST_PANEL = 6
 MOST_TABS = 90
@@ -65,6 +68,24 @@ def actions(node):
 
 def spoken(node):
     return label(node) or node.get_name() or node.get_description()
+
+
+def without_letter(name):
+    """Languages without an alphabet write the letter to press behind the name."""
+    return re.sub(r"\([A-Z0-9]\)", "", name)
+
+
+def letters(language):
+    """The letters to press with Alt, by the keys of the texts they stand in."""
+    found = {}
+    for table in ("resources/KalmoFeatures.plugin/Contents/Resources/%s.lproj/Localizable.strings",
+                  "resources/kalmo-print/%s.lproj/Window.strings"):
+        for name in (language, "en"):
+            if os.path.exists(table % name):
+                text = open(table % name, encoding="utf-8").read()
+                found |= {key: letter.lower() for key, letter in re.findall(r'^"(.*?)" = ".*?&(\w)', text, re.M)}
+                break
+    return found
 
 
 class Program:
@@ -119,7 +140,10 @@ class Program:
         return self.windows()[-1]
 
     def press(self, *keys, settle=SETTLE):
+        """Keys as xdotool names them; "@KEY" is Alt with the letter of the text under KEY."""
         for key in keys:
+            if key.startswith("@"):
+                key = "alt+" + LETTERS[key[1:]]
             subprocess.run(["xdotool", "key", "--clearmodifiers", key], check=True)
             self.settle(settle)
 
@@ -157,8 +181,9 @@ class Reader:
             if usable and role not in BY_ARROWS:
                 wanted[self.key(node)] = f"{role} “{spoken(node)}”"
         # Arrows beside a field are the field's: its own arrow keys do what they do.
-        fields = {spoken(n) for n in descendants(window) if n.get_role_name() == "text"}
-        wanted = {k: w for k, w in wanted.items() if w not in {f"spin button “{f}”" for f in fields}}
+        fields = {f"spin button “{without_letter(spoken(n))}”" for n in descendants(window)
+                  if n.get_role_name() == "text"}
+        wanted = {k: w for k, w in wanted.items() if without_letter(w) not in fields}
         self.read[where] = max(self.read.get(where, 0), len(wanted))
         for missed in set(wanted) - self.walk(wanted):
             self.fault(where, f"the Tab key does not come to {wanted[missed]}")
@@ -300,7 +325,7 @@ class Reader:
 
 
 def choose_panel(program, number):
-    program.press("alt+w", "Home", *["Down"] * number, "Return", settle=0.25)
+    program.press("@Panel Selector Label", "Home", *["Down"] * number, "Return", settle=0.25)
     program.settle(0.4)
 
 
@@ -308,7 +333,7 @@ def job_types(reader, program):
     """Each type of job has a dialog of its own behind one button."""
     for number in range(1, 6):
         choose_panel(program, 0)
-        program.press("alt+j", "Home", *["Down"] * number, "Return", settle=0.25)
+        program.press("@Job Type Label", "Home", *["Down"] * number, "Return", settle=0.25)
         program.settle(0.4)
         if len(program.windows()) == 1:  # else choosing it has opened its dialog
             program.press("Tab", "space", settle=0.4)
@@ -321,14 +346,14 @@ def job_types(reader, program):
 def faulty_fields(reader, program):
     """After an error the focus is on the field, and the message is what is read out with it."""
     choose_panel(program, 0)
-    program.press("alt+n", settle=0.3)
+    program.press("@Range", settle=0.3)
     said_before = program.focused.get_description()
     program.type("99")
     program.press("Return", settle=0.4)
     expect_fault(reader, program, "page range", said_before)
     program.press("ctrl+a", "BackSpace", "1", settle=0.2)
 
-    program.press("alt+j", "Home", "Down", "Return", settle=0.4)  # secure print
+    program.press("@Job Type Label", "Home", "Down", "Return", settle=0.4)  # secure print
     program.type("1234")
     program.press("Tab")
     program.type("9999")
@@ -340,7 +365,7 @@ def faulty_fields(reader, program):
 
 def printer_list(reader, program):
     """It opens by the key for lists; what has the focus then has a name, and Escape leaves it."""
-    program.press("alt+r", settle=0.3)
+    program.press("@Printer:", settle=0.3)
     closed = program.focused
     program.press("F4", settle=0.6)
     node = program.focused
@@ -354,8 +379,8 @@ def printer_list(reader, program):
 def conflict(reader, program):
     """What does not go together is said, and the first way out has the focus."""
     choose_panel(program, 0)
-    program.press("alt+j", "Home", "Return", settle=0.4)
-    program.press("alt+p", settle=1.5)
+    program.press("@Job Type Label", "Home", "Return", settle=0.4)
+    program.press("@Print", settle=1.5)
     node = program.focused
     if not node or node.get_role_name() != "push button" or not node.get_description():
         reader.fault("conflict", "the focus is not on a button that says what does not go together")
@@ -375,6 +400,7 @@ def expect_fault(reader, program, where, said_before):
 
 
 def main():
+    LETTERS.update(letters(os.environ.get("LANGUAGE", "en")))
     program = Program(sys.argv[1:])
     reader = Reader(program)
     try:
