@@ -34,7 +34,8 @@ std::string Value(ipp_attribute_t* attribute, int index) {
         case IPP_TAG_RANGE: {
             int last = 0;
             const int first = ippGetRange(attribute, index, &last);
-            return std::to_string(first) + (first == last ? "" : "-" + std::to_string(last));
+            const std::string text = std::to_string(first);
+            return first == last ? text : text + '-' + std::to_string(last);
         }
         default: {
             const char* text = ippGetString(attribute, index, nullptr);

@@ -23,7 +23,7 @@ std::string Ranges(const std::vector<PageRange>& pages) {
     for (std::size_t i = 0; i < pages.size() && i < kMostRanges; ++i) {
         if (i > 0) text += ", ";
         text += std::to_string(pages[i].first);
-        if (pages[i].last != pages[i].first) text += "-" + std::to_string(pages[i].last);
+        if (pages[i].last != pages[i].first) text.append("-").append(std::to_string(pages[i].last));
     }
     return pages.size() > kMostRanges ? text + ", …" : text;
 }
