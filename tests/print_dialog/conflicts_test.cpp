@@ -2,8 +2,8 @@
 #include "print_dialog/conflicts.h"
 
 #include "print_dialog/hosted_pane.h"
-#include "print_dialog/print_window.h"
 #include "print_dialog/sample_documents.h"
+#include "print_dialog/shown_window.h"
 #include "settings/ticket.h"
 #include "support/ticket_files.h"
 
@@ -98,16 +98,10 @@ struct ConflictsInWindow : testing::Test {
         commandLine.ticket = ticket;
         commandLine.document = WriteDocument({kPortraitPage});
         commandLine.ppd = SamplePPD("kalmo-office-color");
-        window_ = std::make_unique<PrintWindow>(commandLine);
-        ASSERT_EQ(window_->prepare(), kExitDone);
-        Activate(*window_);
+        window_ = ShowWindow(commandLine);
         ASSERT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
     }
-    [[nodiscard]] QPushButton* button(const char* text) const {
-        for (auto* button : window_->findChildren<QPushButton*>())
-            if (button->text() == text) return button;
-        return nullptr;
-    }
+    [[nodiscard]] QPushButton* button(const char* text) const { return ButtonWith(*window_, text); }
     [[nodiscard]] ConflictNotice* band() const { return window_->findChild<ConflictNotice*>(); }
     [[nodiscard]] bool offers(const std::vector<const char*>& buttons) const {
         return std::ranges::all_of(std::array{"Change", "Undo", "Print anyway"}, [&](auto* text) {
@@ -117,9 +111,7 @@ struct ConflictsInWindow : testing::Test {
     }
     /// The popup of form or pane that has this item.
     [[nodiscard]] QComboBox* popup(const char* item) const {
-        for (auto* popup : window_->findChildren<QComboBox*>())
-            if (popup->findText(item) >= 0) return popup;
-        return nullptr;
+        return PopupWith(*window_, item);
     }
     void expectPrinted(const std::string& staples) const {
         ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));

@@ -117,31 +117,16 @@ TEST_F(JobSummaryTest, AnyTicketMakesLines) {
                               "9223372036854775807", "\"\x1b[31m\xE2\x80\xAE\n\xF0\x9F\x98\x80\""})
         values.push_back(Value(value));
     values.push_back(Value("\"" + std::string(100000, 'x') + "\""));
+    const QString pageKeys =
+        "Stock Record JobType DelayedPrintTime SecurePrintPassword StartPage EndPage Quantity "
+        "SidesImaged LightenDarken Size Width Length Type Color Source CustomName CustomType Name "
+        "Pages SendTime";
     for (std::size_t plain = values.size(), i = 0; i < 3 * plain; ++i) {
         const auto page = Dictionary("");
         int next = 0;
-        for (const char* key : {"Stock",
-                                "Record",
-                                "JobType",
-                                "DelayedPrintTime",
-                                "SecurePrintPassword",
-                                "StartPage",
-                                "EndPage",
-                                "Quantity",
-                                "SidesImaged",
-                                "LightenDarken",
-                                "Size",
-                                "Width",
-                                "Length",
-                                "Type",
-                                "Color",
-                                "Source",
-                                "CustomName",
-                                "CustomType",
-                                "Name",
-                                "Pages",
-                                "SendTime"})
-            CFDictionarySetValue(page, String(key), values[values.size() - 1 - i % 7 - next++ % 9]);
+        for (const QString& key : pageKeys.split(' '))
+            CFDictionarySetValue(page, String(key.toStdString()),
+                                 values[values.size() - 1 - i % 7 - next++ % 9]);
         values.push_back(Owned<CFTypeRef>::Retain(i % 2 ? page.get() : ArrayOf(page.get()).get()));
     }
     for (std::size_t i = 0; i < values.size(); ++i) {

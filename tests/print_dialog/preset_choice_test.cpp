@@ -4,9 +4,9 @@
 #include <QMenu>
 
 #include "print_dialog/preset_name_dialog.h"
-#include "print_dialog/print_window.h"
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/sample_documents.h"
+#include "print_dialog/shown_window.h"
 #include "support/ticket_files.h"
 
 namespace kalmo::test {
@@ -28,9 +28,7 @@ struct PresetChoiceTest : testing::Test {
         commandLine.output = MakeFolder("out").string();
         commandLine.document = WriteDocument({kPortraitPage}).string();
         commandLine.ppd = SamplePPD("kalmo-office-color").string();
-        window_ = std::make_unique<PrintWindow>(commandLine);
-        ASSERT_EQ(window_->prepare(), kExitDone);
-        Activate(*window_);
+        window_ = ShowWindow(commandLine);
         row()->load({});
         EXPECT_TRUE(Wait([this] { return row()->list()->findText("Site") > 0; }));
     }

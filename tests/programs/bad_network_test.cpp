@@ -92,12 +92,7 @@ TEST_F(BadNetworkTest, AServerThatCannotTellInTimeCostsTwoSecondsAndNoWord) {
 TEST_F(BadNetworkTest, AServerThatFailsMidJobCostsALineAndNoJob) {
     order_.ticket = "<plist/>";
     setenv("TMPDIR", MakeFolder("tmp").c_str(), 1);
-    struct Row {
-        int operation;
-        Fault fault;
-        const char* line;
-    };
-    constexpr Row rows[] = {
+    constexpr std::tuple<int, Fault, const char*> rows[] = {
         {IPP_OP_CREATE_JOB, Fault::silent, "does not answer"},
         {IPP_OP_CREATE_JOB, Fault::half, "does not answer"},
         {IPP_OP_CREATE_JOB, Fault::busy, "too busy"},
@@ -108,19 +103,19 @@ TEST_F(BadNetworkTest, AServerThatFailsMidJobCostsALineAndNoJob) {
     };
     std::vector<std::unique_ptr<FailingServer>> servers;
     std::vector<std::future<Delivery>> deliveries;
-    for (const auto& row : rows) {
+    for (const auto& [operation, fault, line] : rows) {
         servers.push_back(
-            std::make_unique<FailingServer>(ServerPlan{.faults = {{row.operation, row.fault}}}));
+            std::make_unique<FailingServer>(ServerPlan{.faults = {{operation, fault}}}));
         deliveries.push_back(Deliver(kHere + servers.back()->port(), order_));
     }
     for (std::size_t i = 0; i < std::size(rows); ++i) {
         SCOPED_TRACE(i);
+        const auto& [operation, fault, line] = rows[i];
         const auto told = deliveries[i].get();
         EXPECT_EQ(told.result.end, JobResult::End::failed);
-        EXPECT_TRUE(Contains(told.result.message, rows[i].line)) << told.result.message;
+        EXPECT_TRUE(Contains(told.result.message, line)) << told.result.message;
         EXPECT_LT(told.milliseconds, 40000) << "before the window gives it up";
-        const bool hadJob = rows[i].operation == IPP_OP_SEND_DOCUMENT;
-        EXPECT_EQ(servers[i]->wasAsked(IPP_OP_CANCEL_JOB), hadJob);
+        EXPECT_EQ(servers[i]->wasAsked(IPP_OP_CANCEL_JOB), operation == IPP_OP_SEND_DOCUMENT);
     }
     EXPECT_TRUE(fs::is_empty(getenv("TMPDIR")));
 }
@@ -129,12 +124,10 @@ TEST_F(BadNetworkTest, SecretsNeedAnEncryptedConnectionToAnotherMachine) {
     const auto site = MakeFolder("site");
     fs::create_directories(site / "kalmo-print");
     WriteFile(site / "kalmo-print/site.conf", "[network]\nallowUnencryptedSecrets=true\n");
-    struct Row {
-        const char* why;
-        const char* host;
+    struct {
+        const char *why, *host;
         bool secret, allowed, arrives;
-    };
-    constexpr Row rows[] = {
+    } const rows[] = {
         {"to this machine", kHere, true, false, true},
         {"nothing secret", kElsewhere, false, false, true},
         {"secret", kElsewhere, true, false, false},

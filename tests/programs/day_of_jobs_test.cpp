@@ -1,10 +1,12 @@
 // After many jobs that hold secrets, the secrets are with the printer and nowhere else. As a test
 // it takes a few jobs of each kind; scripts/find-secrets as many as it is told.
 #include <atomic>
+#include <fstream>
+#include <sstream>
 #include <thread>
 
 #include "print_dialog/presets.h"
-#include "print_dialog/print_window.h"
+#include "print_dialog/shown_window.h"
 #include "programs/private_cupsd.h"
 #include "support/ticket_files.h"
 
@@ -32,7 +34,10 @@ private:
         for (const auto& process : fs::directory_iterator("/proc")) {
             if (std::atoi(process.path().filename().c_str()) == getpid()) continue;
             for (const char* file : {"cmdline", "environ"}) {
-                const std::string text = ReadFile(process.path() / file);
+                // The process may end meanwhile, which the operator bears.
+                std::ostringstream read;
+                read << std::ifstream(process.path() / file).rdbuf();
+                const std::string text = read.str();
                 for (const char* secret : kSecrets)
                     if (Contains(text, secret)) seen_ += text + '\n';
             }
@@ -81,17 +86,13 @@ struct DayOfJobs : QueueTest {
             EXPECT_FALSE(Contains(end.output + end.errors, secret)) << secret;
     }
     void printInTheWindow(int number) {
-        PrintWindow window(
+        const auto window = ShowWindow(
             {.document = document.string(), .printer = "kalmo", .ticket = ticket(6).string()});
-        ASSERT_EQ(window.prepare(), kExitDone);
-        window.show();
-        window.findPrinters();
-        QPushButton* print = nullptr;
-        for (auto* button : window.findChildren<QPushButton*>())
-            if (button->isDefault()) print = button;
+        window->findPrinters();
+        auto* const print = ButtonWith(*window, "&Print");
         ASSERT_TRUE(Wait([&] { return print->isEnabled(); }));
         print->click();
-        ASSERT_TRUE(Wait([&] { return !window.isVisible(); })) << "job " << number;
+        ASSERT_TRUE(Wait([&] { return !window->isVisible(); })) << "job " << number;
         savePreset("Preset " + std::to_string(number % 4));
     }
     void savePreset(const std::string& name) {

@@ -1,6 +1,6 @@
 // kalmo-print against real CUPS servers over a network: encrypted, and by way of another one.
-#include "print_dialog/print_window.h"
 #include "print_dialog/printer_requests.h"
+#include "print_dialog/shown_window.h"
 #include "programs/private_cupsd.h"
 #include "support/dead_servers.h"
 #include "support/ticket_files.h"
@@ -111,16 +111,11 @@ TEST_F(NetworkQueueTest, TheWindowStaysToNameAnOptionThatTheServerDropped) {
     EXPECT_TRUE(end.errors.ends_with("kalmo-print: " + line + "\n")) << end.errors;
 
     InstallPresence(WindowPresence());
-    PrintWindow window(
+    const auto shown = ShowWindow(
         {.document = document_.string(), .printer = "glossy", .ticket = ticket_.string()});
-    ASSERT_EQ(window.prepare(), kExitDone);
-    window.show();
+    PrintWindow& window = *shown;
     window.findPrinters();
-    QPushButton *print = nullptr, *cancel = nullptr;
-    for (auto* button : window.findChildren<QPushButton*>()) {
-        if (button->isDefault()) print = button;
-        if (button->text() == "Cancel") cancel = button;
-    }
+    auto *const print = ButtonWith(window, "&Print"), *const cancel = ButtonWith(window, "Cancel");
     ASSERT_TRUE(Wait([&] {
         const auto popups = window.findChildren<QComboBox*>();
         return print->isEnabled() && std::ranges::any_of(popups, [](const auto* popup) {

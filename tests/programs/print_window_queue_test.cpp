@@ -1,5 +1,5 @@
 // The window against a real CUPS server: finding printers, changing them, printing.
-#include "print_dialog/print_window.h"
+#include "print_dialog/shown_window.h"
 #include "programs/private_cupsd.h"
 #include "support/pane_dialog.h"
 #include "support/ticket_files.h"
@@ -17,26 +17,18 @@ struct PrintWindowQueueTest : QueueTest {
         open({.document = document.string(), .printer = "kalmo"});
     }
     void open(const CommandLine& commandLine) {
-        window_ = std::make_unique<PrintWindow>(commandLine);
-        ASSERT_EQ(window_->prepare(), kExitDone);
-        window_->show();
+        window_ = ShowWindow(commandLine);
         window_->findPrinters();
         ASSERT_TRUE(
             Wait([this] { return print()->isEnabled() && hasPane() && popupWith("other"); }));
     }
-    QPushButton* print() const {
-        for (auto* button : window_->findChildren<QPushButton*>())
-            if (button->isDefault()) return button;
-        return nullptr;
-    }
+    QPushButton* print() const { return ButtonWith(*window_, "&Print"); }
     [[nodiscard]] bool hasPane() const {
         const auto* selector = window_->findChild<QComboBox*>("panelSelector");
         return selector && selector->isVisible();
     }
     [[nodiscard]] QComboBox* popupWith(const QString& text) const {
-        for (auto* popup : window_->findChildren<QComboBox*>())
-            if (popup->findText(text) >= 0) return popup;
-        return nullptr;
+        return PopupWith(*window_, text);
     }
     /// In a popup of the window, as a person does it.
     void choose(const QString& text) {
