@@ -94,7 +94,7 @@ private:
     void sendJob(std::function<bool()> approve);
     [[nodiscard]] JobRequest jobRequest() const;
     void setSending(bool sending);
-    void nameCancel(const char* key, const QString& description);
+    void nameCancel(const QString& text, const QString& description);
     void finishJob(const JobResult& result);
     void showDifferences(const std::vector<std::string>& lines);
     void showHelp();

@@ -60,7 +60,7 @@ void PrintWindow::showSummary() {
 void PrintWindow::setSending(bool sending) {
     if (sending) {
         focusBefore_ = focusWidget();
-        nameCancel("Cancel", {});
+        nameCancel(WindowText("Cancel"), {});
     }
     body_->setEnabled(!sending);
     help_->setEnabled(!sending);
@@ -100,14 +100,14 @@ void PrintWindow::showDifferences(const std::vector<std::string>& lines) {
     QStringList shown;
     for (const auto& line : lines) shown += QString::fromStdString(line);
     bar_->showDifferences(shown);
-    nameCancel("Close", bar_->differences());
+    nameCancel(WindowText("Close"), bar_->differences());
     // Return closes the window; it does not print the same again.
     cancel_->setAutoDefault(true);
     cancel_->setFocus();
 }
 
-void PrintWindow::nameCancel(const char* key, const QString& description) {
-    cancel_->setText(WindowText(key));
+void PrintWindow::nameCancel(const QString& text, const QString& description) {
+    cancel_->setText(text);
     cancel_->setAccessibleDescription(description);
     cancel_->setAutoDefault(false);
 }
