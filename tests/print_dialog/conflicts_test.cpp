@@ -110,9 +110,7 @@ struct ConflictsInWindow : testing::Test {
         });
     }
     /// The popup of form or pane that has this item.
-    [[nodiscard]] QComboBox* popup(const char* item) const {
-        return PopupWith(*window_, item);
-    }
+    [[nodiscard]] QComboBox* popup(const char* item) const { return PopupWith(*window_, item); }
     void expectPrinted(const std::string& staples) const {
         ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
         EXPECT_EQ(window_->exitCode(), kExitDone);
