@@ -1,6 +1,7 @@
 #include "print_dialog/preset_choice.h"
 
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QMenu>
 #include <QStyleOptionToolButton>
 #include <algorithm>
@@ -32,13 +33,23 @@ protected:
 }  // namespace
 
 PresetChoice::PresetChoice(QWidget* parent)
-    : QWidget(parent), list_(new QComboBox(parent)), commands_(new CommandsButton(this)) {
+    : QWidget(parent),
+      list_(new QComboBox(parent)),
+      defaults_(new QToolButton(this)),
+      commands_(new CommandsButton(this)) {
     list_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list_->setMinimumContentsLength(kShownLetters);
     list_->setPlaceholderText(WindowText("Own settings"));
+    defaults_->setIcon(QIcon(":/kalmo-print/defaults.svg"));
+    defaults_->setAccessibleName(WindowText("Back to defaults"));
+    defaults_->setToolTip(defaults_->accessibleName());
+    defaults_->setFocusPolicy(Qt::StrongFocus);
+    connect(defaults_, &QToolButton::clicked, this, &PresetChoice::printersDefaultsChosen);
     createMenu();
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(4);
+    row->addWidget(defaults_);
     row->addWidget(commands_);
     fill({});
     connect(list_, &QComboBox::activated, this, [this] {
@@ -63,9 +74,6 @@ void PresetChoice::createMenu() {
     delete_ = menu->addAction(WindowText("Delete preset..."));
     connect(rename_, &QAction::triggered, this, [this] { Q_EMIT renameWanted(*ownPreset()); });
     connect(delete_, &QAction::triggered, this, [this] { Q_EMIT deleteWanted(*ownPreset()); });
-    menu->addSeparator();
-    connect(menu->addAction(WindowText("Back to defaults")), &QAction::triggered, this,
-            &PresetChoice::printersDefaultsChosen);
 }
 
 void PresetChoice::load(const std::string& queue) {

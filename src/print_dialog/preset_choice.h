@@ -52,6 +52,7 @@ private:
     [[nodiscard]] std::optional<Preset> ownPreset() const;
 
     QComboBox* list_;
+    QToolButton* defaults_;
     QToolButton* commands_;
     QAction* rename_ = nullptr;
     QAction* delete_ = nullptr;
