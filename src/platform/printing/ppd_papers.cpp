@@ -1,15 +1,20 @@
 #include "printing/ppd_papers.h"
 
 #include <cups/ppd.h>
+#include <strings.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <map>
 #include <memory>
 #include <span>
+#include <sstream>
 
 #include "foundation/bundle.h"
+#include "printing/ppd_constraints_text.h"
 #include "printing/ppd_file.h"
 #include "printing/ppd_source.h"
 
@@ -192,6 +197,57 @@ void LocalizeGroup(const Texts& texts, ppd_group_t& group) {
     }
 }
 
+/// "*Duplex *InputSlot Tray1": keywords with the choice behind them, or none.
+std::vector<PPDSelection> ReadWords(const char* text) {
+    std::vector<PPDSelection> words;
+    std::istringstream stream(text ? text : "");
+    for (std::string word; stream >> word;) {
+        if (word.starts_with('*')) {
+            words.push_back({word.substr(1), ""});
+        } else if (!words.empty() && words.back().choice.empty()) {
+            words.back().choice = word;
+        }
+    }
+    return words;
+}
+
+void WriteOptions(const ppd_group_t& group, bool isInstalled, std::vector<WrittenOption>& options) {
+    for (const ppd_option_t& option :
+         std::span(group.options, static_cast<std::size_t>(group.num_options))) {
+        WrittenOption written{.keyword = option.keyword,
+                              .defaultChoice = option.defchoice,
+                              .isInstalled = isInstalled};
+        for (const ppd_choice_t& choice : ChoicesOf(option))
+            written.choices.emplace_back(choice.choice);
+        options.push_back(std::move(written));
+    }
+    for (const ppd_group_t& inner :
+         std::span(group.subgroups, static_cast<std::size_t>(group.num_subgroups))) {
+        WriteOptions(inner, isInstalled, options);
+    }
+}
+
+/// Constraints of three options and more, with what the printer would rather change.
+std::vector<WrittenConstraint> WrittenSets(ppd_file_t* ppd) {
+    std::vector<const ppd_attr_t*> sets;
+    for (const auto* set = ppdFindAttr(ppd, "cupsUIConstraints", nullptr); set;
+         set = ppdFindNextAttr(ppd, "cupsUIConstraints", nullptr)) {
+        sets.push_back(set);
+    }
+    // libcups keeps one place in the file: it is asked for the next thing after the last one.
+    std::map<std::string, std::vector<PPDSelection>> resolvers;
+    std::vector<WrittenConstraint> constraints;
+    for (const ppd_attr_t* set : sets) {
+        auto [resolver, isNew] = resolvers.try_emplace(set->spec);
+        if (isNew && *set->spec) {
+            const auto* found = ppdFindAttr(ppd, "cupsUIResolver", set->spec);
+            resolver->second = ReadWords(found ? found->value : nullptr);
+        }
+        constraints.push_back({ReadWords(set->value), resolver->second});
+    }
+    return constraints;
+}
+
 }  // namespace
 
 ppd_file_s* OpenPPDFile(const std::string& path, std::string* reason) {
@@ -222,4 +278,22 @@ std::optional<PPDDescription> ReadPPDDescription(const std::string& path, std::s
         DescribeGroup(ppd.get(), group, texts, &description);
     }
     return description;
+}
+
+std::optional<WrittenConstraints> ReadWrittenConstraints(const std::string& path,
+                                                         std::string* reason) {
+    const PPDFile ppd(OpenPPDFile(path, reason));
+    if (!ppd) return std::nullopt;
+    WrittenConstraints written;
+    for (const ppd_group_t& group :
+         std::span(ppd->groups, static_cast<std::size_t>(ppd->num_groups))) {
+        WriteOptions(group, strcasecmp(group.name, "InstallableOptions") == 0, written.options);
+    }
+    for (const ppd_const_t& pair :
+         std::span(ppd->consts, static_cast<std::size_t>(ppd->num_consts))) {
+        written.constraints.push_back(
+            {{{pair.option1, pair.choice1}, {pair.option2, pair.choice2}}, {}});
+    }
+    std::ranges::move(WrittenSets(ppd.get()), std::back_inserter(written.constraints));
+    return written;
 }
