@@ -183,7 +183,12 @@ void PrintJobHost::apply(const JobSettings& settings) {
     const bool framed = hasPane() && paneReads;
     if (framed) sync(kSyncToTicket);
     write(settings);
-    if (framed) sync(kSyncToUI);
+    if (framed) showTickets();
+}
+
+void PrintJobHost::showTickets() {
+    RaiseRotation(session_);
+    sync(kSyncToUI);
 }
 
 void PrintJobHost::write(const JobSettings& settings) {
@@ -247,10 +252,7 @@ std::vector<PPDSelection> PrintJobHost::writeChoices(const std::vector<PPDSelect
     }
     write(settings);
     for (const auto& [option, choice] : others) ReplacePPDChoice(session_, option, choice);
-    if (hasPane()) {
-        RaiseRotation(session_);
-        sync(kSyncToUI);
-    }
+    if (hasPane()) showTickets();
     return before;
 }
 

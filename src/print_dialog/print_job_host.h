@@ -125,6 +125,8 @@ private:
     void fillSession();
     void takeSettingsFromTickets();
     void write(const JobSettings& settings);
+    /// To the living pane, after it has written them. It hands back one less of its rotation.
+    void showTickets();
     /// Whether the choice is one of the dialog's own; then it is in `settings`.
     bool takeChoice(const PPDSelection& choice, JobSettings* settings) const;
     [[nodiscard]] std::vector<PPDSelection> choicesBefore(

@@ -82,6 +82,22 @@ TEST(Conflicts, EndInThePaneWithoutAnotherChange) {
     }
 }
 
+TEST(TheDialogsOwnChoices, LeaveTheRotationAsItIs) {
+    HostedPane pane;
+    pane.choose(SamplePPD("kalmo-office-color"));
+    ASSERT_EQ(pane.begin(), noErr);
+    ASSERT_TRUE(pane.host.readTicket(TicketFile(kTurned, {})));
+    pane.host.sync(kSyncToTicket);
+    const std::string turned = SettingsOf(pane.host)["turned"];
+    for (const Orientation orientation : {Orientation::landscape, Orientation::portrait}) {
+        JobSettings settings = pane.host.settings();
+        settings.orientation = orientation;
+        pane.host.apply(settings);
+        pane.host.sync(kSyncToTicket);
+        EXPECT_EQ(SettingsOf(pane.host)["turned"], turned);
+    }
+}
+
 constexpr char kStapled[] =
     "<key>StapleLocation</key><string>SinglePortrait</string>"
     "<key>MediaType</key><string>Labels</string>";
