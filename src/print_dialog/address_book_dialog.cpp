@@ -71,7 +71,9 @@ AddressBookDialog::AddressBookDialog(QWidget* parent) : QDialog(parent) {
     column->addWidget(createCard(), 1);
     fault_ = CreateFaultLabel(this);
     column->addWidget(fault_);
-    column->addLayout(createButtons());
+    const auto [buttons, ok] = CreateDialogButtons(*this);
+    ok_ = ok;
+    column->addLayout(buttons);
     pause_.setSingleShot(true);
     connect(&pause_, &QTimer::timeout, this, &AddressBookDialog::load);
     showSettings(contacts::CurrentSettings());
@@ -140,20 +142,6 @@ QWidget* AddressBookDialog::createCard() {
     column->addWidget(note);
     column->addWidget(card_, 1);
     return box;
-}
-
-QLayout* AddressBookDialog::createButtons() {
-    auto* cancel = new QPushButton(WindowText("Cancel"), this);
-    cancel->setAutoDefault(false);
-    ok_ = new QPushButton(WindowText("OK"), this);
-    ok_->setDefault(true);
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(cancel);
-    row->addWidget(ok_);
-    connect(cancel, &QPushButton::clicked, this, &AddressBookDialog::reject);
-    connect(ok_, &QPushButton::clicked, this, &AddressBookDialog::accept);
-    return row;
 }
 
 void AddressBookDialog::showSettings(const contacts::Settings& settings) {

@@ -31,7 +31,6 @@ private:
     QWidget* createPlace();
     QLayout* createFolderRow();
     QWidget* createCard();
-    QLayout* createButtons();
     void addSource(QBoxLayout* column, contacts::Source source, const QString& text,
                    const QString& note);
     void showSettings(const contacts::Settings& settings);

@@ -45,22 +45,10 @@ PresetNameDialog::PresetNameDialog(const QString& title, const QString& name, Ac
     column->setSpacing(kRowGap);
     column->addLayout(row);
     column->addWidget(fault_);
-    column->addLayout(createButtons());
+    const auto [buttons, ok] = CreateDialogButtons(*this);
+    ok_ = ok;
+    column->addLayout(buttons);
     connect(name_, &QLineEdit::textChanged, this, [this] { showFault({}); });
-}
-
-QLayout* PresetNameDialog::createButtons() {
-    auto* cancel = new QPushButton(WindowText("Cancel"), this);
-    cancel->setAutoDefault(false);
-    ok_ = new QPushButton(WindowText("OK"), this);
-    ok_->setDefault(true);
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(cancel);
-    row->addWidget(ok_);
-    connect(cancel, &QPushButton::clicked, this, &PresetNameDialog::reject);
-    connect(ok_, &QPushButton::clicked, this, &PresetNameDialog::accept);
-    return row;
 }
 
 std::string PresetNameDialog::name() const { return name_->text().trimmed().toStdString(); }

@@ -31,7 +31,6 @@ public:
     void accept() override;
 
 private:
-    QLayout* createButtons();
     void showFault(const std::string& fault);
     [[nodiscard]] bool mayReplace();
 

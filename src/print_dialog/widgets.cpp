@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QEvent>
 
+#include "print_dialog/window_texts.h"
+
 namespace kalmo {
 namespace {
 
@@ -60,6 +62,20 @@ QLabel* CreateFaultLabel(QWidget* parent) {
 
 QLabel* CreateNoteLabel(QWidget* parent) {
     return new TintedLabel(TintedLabel::Tint::note, parent);
+}
+
+DialogButtons CreateDialogButtons(QDialog& dialog) {
+    auto* cancel = new QPushButton(WindowText("Cancel"), &dialog);
+    cancel->setAutoDefault(false);
+    auto* ok = new QPushButton(WindowText("OK"), &dialog);
+    ok->setDefault(true);
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(cancel);
+    row->addWidget(ok);
+    QObject::connect(cancel, &QPushButton::clicked, &dialog, &QDialog::reject);
+    QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
+    return {row, ok};
 }
 
 }  // namespace kalmo

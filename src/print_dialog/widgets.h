@@ -1,8 +1,11 @@
 // Small pieces that the dialog's widgets share.
 #pragma once
 
+#include <QBoxLayout>
+#include <QDialog>
 #include <QLabel>
 #include <QPalette>
+#include <QPushButton>
 #include <QWidget>
 #include <filesystem>
 
@@ -20,5 +23,12 @@ inline constexpr int kRowGap = 12;
 [[nodiscard]] QLabel* CreateFaultLabel(QWidget* parent);
 /// A line of lesser weight below a control.
 [[nodiscard]] QLabel* CreateNoteLabel(QWidget* parent);
+
+/// "Cancel", and "OK" as the default, at the end of a dialog; they reject and accept it.
+struct DialogButtons {
+    QLayout* row;
+    QPushButton* ok;
+};
+[[nodiscard]] DialogButtons CreateDialogButtons(QDialog& dialog);
 
 }  // namespace kalmo
