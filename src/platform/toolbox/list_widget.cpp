@@ -24,7 +24,7 @@ std::vector<int> RowsOf(const QItemSelection& selection) {
         for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
     }
     std::ranges::sort(rows);
-    rows.erase(std::ranges::unique(rows).begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     return rows;
 }
 
