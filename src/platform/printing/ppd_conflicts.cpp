@@ -75,9 +75,11 @@ private:
         added.keyword = option.keyword;
         added.isInstalled = option.isInstalled;
         added.isPaperSize = AreSame(option.keyword, kPaperSize);
+        // One that the file names twice is one choice: its second naming is no way out.
         for (const std::string& choice : option.choices) {
-            indices.try_emplace(choice, static_cast<int>(added.choices.size()));
-            added.choices.push_back({choice, IsOff(choice)});
+            const int index = static_cast<int>(added.choices.size());
+            if (indices.try_emplace(choice, index).second)
+                added.choices.push_back({choice, IsOff(choice)});
         }
         added.defaultChoice = indexOf(number, ChoiceOf(option.defaultChoice));
     }
