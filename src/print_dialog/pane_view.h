@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QLabel>
-#include <QScrollArea>
 #include <QWidget>
 
 #include "kalmo/types.h"
+#include "print_dialog/screen_scroll.h"
 
 namespace kalmo {
 
@@ -22,7 +22,7 @@ public:
     void showReason(const QString& reason);
 
 private:
-    QScrollArea* scroll_;
+    ScreenScroll* scroll_;
     QWidget* embedder_ = nullptr;
     QLabel* reason_;
 };

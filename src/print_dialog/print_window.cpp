@@ -11,6 +11,7 @@
 
 #include "print_dialog/extension.h"
 #include "print_dialog/remembered_settings.h"
+#include "print_dialog/screen_scroll.h"
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
 #include "system/system.h"
@@ -51,7 +52,10 @@ PrintWindow::~PrintWindow() { host_.end(exitCode_ == kExitDone ? noErr : kNotPri
 
 void PrintWindow::createWidgets() {
     body_ = new QWidget(this);
-    form_ = new SettingsForm(body_);
+    auto* formColumn = new ScreenScroll(body_);
+    form_ = new SettingsForm(formColumn);
+    formColumn->setWidget(form_);
+    formColumn->setWidgetResizable(true);
     preview_ = new Preview(document_, body_);
     pane_ = new PaneView(body_);
     conflicts_ = new ConflictNotice(
@@ -60,10 +64,7 @@ void PrintWindow::createWidgets() {
 
     left_ = new QBoxLayout(QBoxLayout::LeftToRight);
     left_->setSpacing(kColumnGap);
-    auto* formColumn = new QVBoxLayout;
-    formColumn->addWidget(form_);
-    formColumn->addStretch();
-    left_->addLayout(formColumn);
+    left_->addWidget(formColumn);
     left_->addWidget(preview_, 1);
     auto* columns = new QHBoxLayout(body_);
     columns->setContentsMargins(0, 0, 0, 0);
