@@ -8,15 +8,10 @@
 #include <map>
 
 #include "print_dialog/print_job_host.h"
+#include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
-
-std::string CheckPanel(const std::string& name) {
-    return PanelInterfaceName(name)
-               ? std::string()
-               : "There is no panel '" + name + "'; there are special-pages and job-notes";
-}
 
 void AddOptions(CLI::App& app, CommandLine& into) {
     const std::map<std::string, Phase> phases = {{"initialize", Phase::initialize},
@@ -45,7 +40,6 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     app.add_option("--panels", into.panels, "Further panels: special-pages, job-notes")
         ->delimiter(',')
         ->allow_extra_args(false)
-        ->check(CheckPanel)
         ->option_text("LIST");
     app.add_flag("--print-first-frame", into.printFirstFrame,
                  "Once the dialog has painted, write when and how much memory, and exit")
@@ -102,6 +96,11 @@ std::variant<CommandLine, ExitCode> ParseCommandLine(int argc, const char* const
         return kExitDone;
     } catch (const CLI::Error& error) {
         PrintMessage(OneLine(error.what()) + "; see kalmo-print --help");
+        return kExitUsage;
+    }
+    for (const std::string& panel : result.panels) {
+        if (PanelInterfaceName(panel)) continue;
+        PrintMessage(HostText("No such panel", {panel}));
         return kExitUsage;
     }
     return result;

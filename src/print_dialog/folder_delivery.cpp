@@ -7,6 +7,7 @@
 #include "print_dialog/outcome.h"
 #include "print_dialog/page_selection.h"
 #include "print_dialog/private_folder.h"
+#include "print_dialog/reasons.h"
 #include "print_dialog/text_limits.h"
 
 namespace kalmo {
@@ -44,9 +45,9 @@ Outcome Prepare(const JobOrder& order, const JobResult& files) {
     }
     if (order.ticket.empty()) return CopyDocument(document, files.document);
     const auto attached = job_ticket::AttachTicket(document, order.ticket, files.document);
-    if (!attached) return {order.document.string() + ": " + attached.error};
+    if (!attached) return {order.document.string() + ": " + ReasonInWords(attached.error)};
     const auto written = job_ticket::WritePrivateFile(files.ticket, order.ticket);
-    return {written ? "" : order.folder.string() + ": " + written.error};
+    return {written ? "" : order.folder.string() + ": " + ReasonInWords(written.error)};
 }
 
 JobResult Named(const std::filesystem::path& folder, const std::string& stem, bool withTicket) {

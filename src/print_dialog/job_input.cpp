@@ -16,6 +16,7 @@
 
 #include "foundation/property_list.h"
 #include "job_ticket/private_file.h"
+#include "print_dialog/reasons.h"
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
@@ -120,7 +121,7 @@ Outcome WriteTicket(const std::string& file, const PrintJobHost& host) {
     if (bytes.empty()) return {file + ": " + HostText("Ticket not written")};
     if (file != "-") {
         const auto written = job_ticket::WritePrivateFile(file, bytes);
-        return {written ? "" : file + ": " + written.error};
+        return {written ? "" : file + ": " + ReasonInWords(written.error)};
     }
     std::cout << bytes << std::flush;
     return {std::cout ? "" : SystemReason(HostText("Standard output"), errno)};

@@ -5,6 +5,7 @@
 
 #include "print_dialog/pane_survey.h"
 #include "print_dialog/wait_for_answer.h"
+#include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
@@ -25,7 +26,7 @@ ExitCode ListPrinters() {
         PrintMessage(list.error);
         return kExitFailed;
     }
-    if (list.printers.empty()) PrintMessage("The print server has no printers; add one first");
+    if (list.printers.empty()) PrintMessage(HostText("No printers"));
     const auto panes = PaneSurvey(list.printers).run(kServerDeadlineMs);
     for (std::size_t i = 0; i < panes.size(); ++i) {
         const PrinterEntry& entry = list.printers[i];

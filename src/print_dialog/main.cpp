@@ -12,15 +12,13 @@
 #include "print_dialog/print_window.h"
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/unattended.h"
+#include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
 
 /// So long may a cancelled job take to go from the server.
 constexpr int kCleaningUpMs = 5000;
-
-constexpr const char* kNoDisplayLine =
-    "There is no display to show the Print dialog on; use --no-dialog to print without it";
 
 bool HasDisplay() {
     for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
@@ -34,7 +32,7 @@ bool HasDisplay() {
 /// ours instead.
 void RefuseWithoutDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
     if (type != QtFatalMsg) return;
-    PrintMessage(kNoDisplayLine);
+    PrintMessage(HostText("No display"));
     _exit(kExitUsage);
 }
 
@@ -60,7 +58,7 @@ ExitCode RunWithoutWindow(const CommandLine& commandLine, int& argc, char** argv
 
 ExitCode RunWithWindow(const CommandLine& commandLine, int& argc, char** argv) {
     if (!HasDisplay()) {
-        PrintMessage(kNoDisplayLine);
+        PrintMessage(HostText("No display"));
         return kExitUsage;
     }
     const auto before = qInstallMessageHandler(RefuseWithoutDisplay);

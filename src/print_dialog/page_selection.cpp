@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFSystemError.hh>
 #include <qpdf/QPDFWriter.hh>
+#include <system_error>
 
 #include "print_dialog/window_texts.h"
 
@@ -36,8 +38,11 @@ Outcome CopyPages(const std::filesystem::path& document, const std::vector<PageR
         QPDFWriter writer(pdf, output.c_str());
         writer.setStreamDataMode(qpdf_s_preserve);
         writer.write();
-    } catch (const std::exception& error) {
-        return {document.string() + ": " + HostText("Pages not taken out", {error.what()})};
+    } catch (const QPDFSystemError& error) {
+        const auto why = std::generic_category().message(error.getErrno());
+        return {document.string() + ": " + HostText("Pages not taken out", {why})};
+    } catch (const std::exception&) {
+        return {document.string() + ": " + HostText("Export anew")};
     }
     std::error_code error;
     std::filesystem::permissions(output, std::filesystem::perms(0600), error);

@@ -14,6 +14,7 @@
 #include "job_ticket/private_file.h"
 #include "print_dialog/presets.h"
 #include "print_dialog/private_folder.h"
+#include "print_dialog/reasons.h"
 #include "print_dialog/site_settings.h"
 #include "print_dialog/window_texts.h"
 
@@ -103,7 +104,7 @@ Outcome WriteInOwnFolder(const fs::path& file, const std::string& bytes) {
     chmod(folder.c_str(), S_IRWXU);
     if (bytes.empty()) return {file.string() + ": " + HostText("Ticket not written")};
     const auto written = job_ticket::WritePrivateFile(file, bytes);
-    return {written ? "" : file.string() + ": " + written.error};
+    return {written ? "" : file.string() + ": " + ReasonInWords(written.error)};
 }
 
 std::optional<Preset> IfThere(const fs::path& file) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "print_dialog/reasons.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/window_texts.h"
 #include "printing/ticket.h"
@@ -94,7 +95,7 @@ public:
     Outcome read(std::string_view bytes) const {
         std::string reason;
         if (ReadTicketFile(session_, bytes, &reason)) return {};
-        return {reason.empty() ? HostText("Not a ticket file") : reason};
+        return {ReasonInWords(reason)};
     }
     [[nodiscard]] std::string bytes(CFDictionaryRef extra = nullptr) const {
         return WriteTicketFile(session_, extra);

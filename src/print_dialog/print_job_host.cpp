@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "print_dialog/color_options.h"
+#include "print_dialog/reasons.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/window_texts.h"
 #include "printing/ticket_file.h"
@@ -52,7 +53,7 @@ Outcome PrintJobHost::setPrinter(const HostPrinter& printer) {
     if (!printer.ppdPath.empty()) {
         std::string reason;
         description = ReadPPDDescription(printer.ppdPath, &reason);
-        if (!description) return {reason.empty() ? HostText("Not a PPD file") : reason};
+        if (!description) return {ReasonInWords(reason)};
     }
     const bool another = !printer_.name.empty();
     printer_ = printer;
@@ -68,9 +69,7 @@ void PrintJobHost::setJobName(const std::string& name) { jobName_ = name; }
 
 Outcome PrintJobHost::readTicket(std::string_view bytes) {
     std::string reason;
-    if (!ReadTicketFile(session_, bytes, &reason)) {
-        return {reason.empty() ? HostText("Not a ticket file") : reason};
-    }
+    if (!ReadTicketFile(session_, bytes, &reason)) return {ReasonInWords(reason)};
     takeSettingsFromTickets();
     paperIsNews_ = true;
     if (hasPane()) {

@@ -14,6 +14,7 @@
 #include "print_dialog/page_selection.h"
 #include "print_dialog/print_server.h"
 #include "print_dialog/private_folder.h"
+#include "print_dialog/reasons.h"
 #include "print_dialog/text_limits.h"
 #include "print_dialog/window_texts.h"
 
@@ -155,7 +156,7 @@ Outcome PrepareDocument(const JobOrder& order, const PrivateFolder& temporary,
     if (order.ticket.empty()) return {};
     const auto document = std::exchange(*prepared, temporary.path() / "job.pdf");
     const auto attached = job_ticket::AttachTicket(document, order.ticket, *prepared);
-    return {attached ? "" : order.document.string() + ": " + attached.error};
+    return {attached ? "" : order.document.string() + ": " + ReasonInWords(attached.error)};
 }
 
 JobResult Submit(const JobOrder& order, const OpenDocument& document,

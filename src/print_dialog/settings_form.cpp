@@ -21,10 +21,10 @@ constexpr const char* kInputSlot = "InputSlot";
 /// For a queue that says nothing about its papers. A quarter inch stays white.
 std::vector<PPDPaper> UsualPapers() {
     return {{"A4", "A4", 595, 842, 18, 18, 577, 824},
-            {"Letter", "US Letter", 612, 792, 18, 18, 594, 774},
+            {"Letter", HostText("US Letter"), 612, 792, 18, 18, 594, 774},
             {"A3", "A3", 842, 1191, 18, 18, 824, 1173},
             {"A5", "A5", 420, 595, 18, 18, 402, 577},
-            {"Legal", "US Legal", 612, 1008, 18, 18, 594, 990}};
+            {"Legal", HostText("US Legal"), 612, 1008, 18, 18, 594, 990}};
 }
 
 std::string UsualPaper() {

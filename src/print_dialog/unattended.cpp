@@ -83,8 +83,7 @@ private:
     ExitCode readDocument() {
         const bool nowhere = !commandLine_.document.empty() && !prints() && !commandLine_.dryRun;
         if (nowhere && commandLine_.writeTicket.empty()) {
-            return Stop(kExitUsage,
-                        "A PPD file is no printer to print on; name a folder with --output");
+            return Stop(kExitUsage, HostText("Nowhere to print"));
         }
         if (const auto opened = document_.open(commandLine_.document); !opened) {
             return Stop(kExitUsage, opened.error);
@@ -110,8 +109,7 @@ private:
             if (!list.error.empty()) return Stop(kExitFailed, list.error);
             const auto chosen = std::ranges::find(list.printers, true, &PrinterEntry::isDefault);
             if (chosen == list.printers.end()) {
-                return Stop(kExitUsage,
-                            "There is no default printer; name one with --printer or --ppd");
+                return Stop(kExitUsage, HostText("No default printer"));
             }
             queue = chosen->name;
         }
@@ -132,10 +130,7 @@ private:
 
     ExitCode startPane() {
         const OSStatus status = host_.begin(window_.pane());
-        if (status == fnfErr) {
-            return Stop(kExitFailed,
-                        "KalmoFeatures.plugin does not fit this kalmo-print; install both anew");
-        }
+        if (status == fnfErr) return Stop(kExitFailed, HostText("Plug-in unfit"));
         if (status != noErr) return kExitFailed;  // the extension has said why
         if (commandLine_.phase == Phase::open) host_.open();
         return kExitDone;
@@ -200,7 +195,9 @@ private:
         if (!job) return kExitFailed;  // the pane or approve() has said why
         const StopSignals stop([&job] { job->cancel(); });
         loop.exec();
-        if (result.end == JobResult::End::cancelled) return Stop(kExitCancelled, "Cancelled");
+        if (result.end == JobResult::End::cancelled) {
+            return Stop(kExitCancelled, HostText("Cancelled"));
+        }
         if (result.end == JobResult::End::failed) return Stop(kExitFailed, result.message);
         for (const auto& line : result.differences) PrintMessage(line);
         return writeTicket();

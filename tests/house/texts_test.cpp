@@ -120,7 +120,7 @@ TEST(Texts, EveryUsedKeyHasATextInEveryLanguage) {
 TEST(Texts, ThePrintWindowShowsEachOfItsTexts) {
     std::set<std::string> used, given;
     const std::regex calls(
-        R"re((?:(?:Window|Host)Text\(|addPopup\(|addRow\(|IPP_STATUS_ERROR_\w+,|\{"[\w-]+", (?:nullptr|"[\w-]+"),(?= "Sent ))\s*"((?:[^"\\]|\\.)*)")re");
+        R"re((?:(?:Window|Host)Text\(|addPopup\(|addRow\(|IPP_STATUS_ERROR_\w+,|\{"[\w-]+", (?:nullptr|"[\w-]+"),(?= "Sent )|\{"[\w %@,-]+",(?= "(?:Reason|Not a) ))\s*"((?:[^"\\]|\\.)*)")re");
     ForEachFile(kSources / "print_dialog", {".cpp", ".h"}, [&](const auto& file) {
         for (const std::string& key : Matches(ReadFile(file), calls)) used.insert(key);
     });
@@ -129,6 +129,19 @@ TEST(Texts, ThePrintWindowShowsEachOfItsTexts) {
                  "Slip sheets", "Summary booklet two-sided off"});
     for (const auto& [key, text] : Table(kTables[2], "en").texts) given.insert(key);
     EXPECT_EQ(used, given);
+}
+
+TEST(Texts, ReasonsAreThoseThatTheLibrariesGive) {
+    std::string libraries;
+    for (const char* folder : {"platform/foundation", "platform/printing", "job_ticket"})
+        ForEachFile(kSources / folder, {".cpp"},
+                    [&](const auto& file) { libraries += ReadFile(file); });
+    const auto reasons =
+        Matches(ReadFile(kSources / "print_dialog/reasons.cpp"), std::regex(R"re(\{"([^"]+)",)re"));
+    ASSERT_GT(reasons.size(), 25u) << "the pattern no longer fits the code";
+    for (const std::string& reason : reasons)
+        for (const QString& part : QString::fromStdString(reason).split("%@"))
+            EXPECT_TRUE(Contains(libraries, part.trimmed().toStdString())) << reason;
 }
 
 TEST(Texts, TranslationsKeepKeysPlacesAndLetters) {

@@ -97,31 +97,35 @@ TEST_F(KalmoPrintTest, AnotherMakersPrinterIsRefused) {
 }
 
 TEST_F(KalmoPrintTest, UnreadableInputEndsInOneLineThatNamesIt) {
-    const auto bad = folder_ / "bad";
-    WriteFile(bad, "<plist><dict><key>PrintSettings</key>");
+    const auto bad = folder_ / "bad", large = folder_ / "large";
+    WriteFile(bad, "<plist><dict><key>PrintSettings</key>\n<real>x</real>");
+    WriteFile(large, "*PPD-Adobe: \"4.3\"\n" + std::string(9u << 20, ' '));
     const auto damaged = folder_ / "damaged.pdf";
     WriteFile(damaged, "%PDF-1.7\n1 0 obj\n<<");
     const std::string ppd = SamplePPD("kalmo-office-color"), missing = folder_ / "missing";
-    const std::tuple<const char*, std::string, Arguments> rows[] = {
-        {"no such ticket", missing, {"--ppd", ppd, "--ticket", missing}},
-        {"malformed ticket", bad, {"--ppd", ppd, "--ticket", bad}},
-        {"folder as ticket", folder_, {"--ppd", ppd, "--ticket", folder_}},
-        {"no such PPD", missing, {"--ppd", missing}},
-        {"malformed PPD", bad, {"--ppd", bad}},
-        {"folder as PPD", folder_, {"--ppd", folder_}},
-        {"no such document", missing, {"--ppd", ppd, "--output", output_, missing}},
-        {"document that is no PDF", bad, {"--ppd", ppd, "--output", output_, bad}},
-        {"damaged document", damaged, {"--ppd", ppd, "--output", output_, damaged}},
-        {"folder as document", folder_, {"--ppd", ppd, "--output", output_, folder_}},
-        {"nowhere to print", "--output", {"--ppd", ppd, document_}},
+    const std::tuple<const char*, std::string, const char*, Arguments> rows[] = {
+        {"no such ticket", missing, "", {"--ppd", ppd, "--ticket", missing}},
+        {"malformed ticket", bad, ": Zeile 2: keine reelle Zahl", {"--ppd", ppd, "--ticket", bad}},
+        {"folder as ticket", folder_, "", {"--ppd", ppd, "--ticket", folder_}},
+        {"no such PPD", missing, "", {"--ppd", missing}},
+        {"malformed PPD", bad, ": Das ist keine PPD-Datei", {"--ppd", bad}},
+        {"large PPD", large, "keine PPD-Datei: größer als 8 MiB", {"--ppd", large}},
+        {"folder as PPD", folder_, "keine gewöhnliche Datei", {"--ppd", folder_}},
+        {"no such document", missing, "", {"--ppd", ppd, "--output", output_, missing}},
+        {"document that is no PDF", bad, "keine PDF", {"--ppd", ppd, "--output", output_, bad}},
+        {"damaged document", damaged, "neu", {"--ppd", ppd, "--output", output_, damaged}},
+        {"folder as document", folder_, "", {"--ppd", ppd, "--output", output_, folder_}},
+        {"nowhere to print", "--output", "nennen Sie", {"--ppd", ppd, document_}},
+        {"no such panel", "menu", "Den Bereich „menu“ gibt es nicht", {"--panels", "menu"}},
     };
-    for (auto [why, named, arguments] : rows) {
+    for (auto [why, named, german, arguments] : rows) {
         SCOPED_TRACE(why);
         arguments.insert(arguments.begin(), "--no-dialog");
-        const auto end = run(arguments);
+        const auto end = run(arguments, {{"LANGUAGE", "de"}});
         EXPECT_EQ(end.exitCode, 2);
         EXPECT_TRUE(IsOneLine(end.errors)) << end.errors;
         EXPECT_TRUE(Contains(end.errors, named)) << end.errors;
+        EXPECT_TRUE(Contains(end.errors, german)) << end.errors;
         EXPECT_EQ(end.output, "");
     }
     EXPECT_TRUE(fs::is_empty(output_));
