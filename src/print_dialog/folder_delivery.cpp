@@ -93,6 +93,7 @@ JobResult DeliverToFolder(const JobOrder& order, const DeliveryControl& control)
     const auto prepared = Named(temporary.path(), "job", !order.ticket.empty());
     if (const auto outcome = Prepare(order, prepared); !outcome) return Failed(outcome.error);
     if (!control.state.commit()) return {.end = JobResult::End::cancelled};
+    if (control.state.cancelled()) return {.end = JobResult::End::cancelled};
     return GiveNames(order, prepared);
 }
 

@@ -10,6 +10,7 @@
 #include "print_dialog/job.h"
 #include "print_dialog/list_printers.h"
 #include "print_dialog/print_window.h"
+#include "print_dialog/private_folder.h"
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/unattended.h"
 #include "print_dialog/window_texts.h"
@@ -87,6 +88,7 @@ int main(int argc, char** argv) {
     const bool delivered = kalmo::WaitForDeliveries(kalmo::kCleaningUpMs);
     if (delivered && kalmo::RunningWorkers() == 0) return code;
     // A worker that waits for a dead server must not meet the end of the program's objects.
+    kalmo::RemovePrivateFolders();
     std::fflush(nullptr);
     _exit(code);
 }

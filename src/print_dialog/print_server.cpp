@@ -42,7 +42,7 @@ HttpConnection ConnectEncrypted(const Host& host, http_encryption_t encryption, 
     *inClear = false;
     auto http = Connect(host, HTTP_ENCRYPTION_IF_REQUESTED);
     if (!http) return nullptr;
-    httpSetTimeout(http.get(), kTlsSilence, GiveUp, nullptr);
+    LimitSilence(http.get(), kTlsSilence);
     if (httpEncryption(http.get(), encryption) == 0) return http;
     *inClear = httpError(http.get()) != ETIMEDOUT;
     return nullptr;
@@ -98,7 +98,7 @@ HttpConnection ConnectToServer(Confidentiality confidentiality, double silence,
                           : HostText("Server unencrypted", {server.name});
         return nullptr;
     }
-    httpSetTimeout(http.get(), silence, GiveUp, nullptr);
+    LimitSilence(http.get(), silence);
     if (!strict) return http;
     *error = WhyNotConfidential(http.get(), server.name);
     return error->empty() ? std::move(http) : nullptr;
@@ -111,9 +111,11 @@ HttpConnection ConnectToHost(const std::string& host, int port, http_encryption_
     auto http = encryption >= HTTP_ENCRYPTION_REQUIRED
                     ? ConnectEncrypted({host, port}, encryption, &ignored)
                     : Connect({host, port}, encryption);
-    if (http) httpSetTimeout(http.get(), silence, GiveUp, nullptr);
+    if (http) LimitSilence(http.get(), silence);
     return http;
 }
+
+void LimitSilence(http_t* http, double seconds) { httpSetTimeout(http, seconds, GiveUp, nullptr); }
 
 std::string QueueResource(const std::string& queue) {
     return queue.empty() ? "/" : "/printers/" + queue;

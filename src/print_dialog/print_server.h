@@ -41,6 +41,9 @@ void PrepareThread();
 [[nodiscard]] HttpConnection ConnectToHost(const std::string& host, int port,
                                            http_encryption_t encryption, double silence);
 
+/// From now on whoever waits on the connection gives up after so many seconds of silence.
+void LimitSilence(http_t* http, double seconds);
+
 /// A request about a queue, or about the server when `queue` is empty, in the user's name.
 [[nodiscard]] IppMessage NewRequest(ipp_op_t operation, const std::string& queue);
 /// "/printers/NAME", "/" for an empty name.

@@ -7,17 +7,56 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
+#include <set>
 
 namespace kalmo {
+namespace {
+
+struct LivingFolders {
+    std::mutex mutex;
+    std::set<std::filesystem::path> paths;
+};
+
+/// Never destroyed: a worker may outlive main.
+LivingFolders& Living() {
+    static auto& living = *new LivingFolders;
+    return living;
+}
+
+/// A worker may be writing into it meanwhile.
+void RemoveAll(const std::filesystem::path& folder) {
+    constexpr int kTries = 10;
+    std::error_code error;
+    for (int i = 0; i == 0 || (error && i < kTries); ++i) {
+        std::filesystem::remove_all(folder, error);
+    }
+}
+
+}  // namespace
 
 PrivateFolder::PrivateFolder(const std::filesystem::path& parent) {
     auto name = (parent / ".kalmo-print-XXXXXX").string();
-    if (mkdtemp(name.data())) path_ = name;
+    if (!mkdtemp(name.data())) return;
+    path_ = name;
+    const std::lock_guard lock(Living().mutex);
+    Living().paths.insert(path_);
 }
 
 PrivateFolder::~PrivateFolder() {
-    std::error_code ignored;
-    if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+    if (path_.empty()) return;
+    remove();
+    const std::lock_guard lock(Living().mutex);
+    Living().paths.erase(path_);
+}
+
+void PrivateFolder::remove() const {
+    if (!path_.empty()) RemoveAll(path_);
+}
+
+void RemovePrivateFolders() {
+    const std::lock_guard lock(Living().mutex);
+    for (const auto& folder : Living().paths) RemoveAll(folder);
 }
 
 std::filesystem::path TemporaryFolder() {

@@ -15,10 +15,15 @@ public:
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+    /// Goes before its time; a file that is open stays readable.
+    void remove() const;
 
 private:
     std::filesystem::path path_;
 };
+
+/// For a program that ends in the middle of a worker's work: all there are go with what they hold.
+void RemovePrivateFolders();
 
 /// The one that TMPDIR names; the system's own where it names none.
 [[nodiscard]] std::filesystem::path TemporaryFolder();

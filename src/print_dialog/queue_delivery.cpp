@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <utility>
 
 #include "job_ticket/attachment.h"
@@ -30,7 +31,7 @@ JobResult Failed(std::string message) {
 
 JobResult Cancelled() { return {.end = JobResult::End::cancelled}; }
 
-/// A file to be sent, closed with this object.
+/// A file to be sent, closed with this object; it needs its name no longer.
 class OpenDocument final {
 public:
     explicit OpenDocument(const std::filesystem::path& path)
@@ -102,10 +103,33 @@ IppMessage SendDocumentRequest(const JobOrder& order, int job) {
     return request;
 }
 
+/// As long as it lives, a wait on the connection ends soon after the job is cancelled.
+class CancellableWait final {
+public:
+    CancellableWait(http_t* http, const DeliveryState& state) : http_(http), state_(state) {
+        httpSetTimeout(http, kStepSeconds, Continue, this);
+    }
+    ~CancellableWait() { LimitSilence(http_, kSendSilence); }
+    CancellableWait(const CancellableWait&) = delete;
+    CancellableWait& operator=(const CancellableWait&) = delete;
+
+private:
+    static constexpr double kStepSeconds = 0.2;
+
+    /// After each step of silence. libcups may have connected anew meanwhile.
+    static int Continue(http_t* http, void* wait) {
+        const auto silent = static_cast<double>(std::time(nullptr) - httpGetActivity(http));
+        return !static_cast<CancellableWait*>(wait)->state_.cancelled() && silent < kSendSilence;
+    }
+
+    http_t* http_;
+    const DeliveryState& state_;
+};
+
 enum class Sent { all, cancelled, broken };
 
 Sent SendBytes(http_t* http, const OpenDocument& document, const DeliveryControl& control) {
-    std::array<char, 65536> buffer;
+    std::array<char, 16384> buffer;
     off_t done = 0;
     for (;;) {
         if (control.state.cancelled()) return Sent::cancelled;
@@ -124,6 +148,7 @@ Sent SendBytes(http_t* http, const OpenDocument& document, const DeliveryControl
 
 JobResult SendDocument(http_t* http, const JobOrder& order, int job, const OpenDocument& document,
                        const DeliveryControl& control) {
+    const CancellableWait wait(http, control.state);
     const auto resource = QueueResource(order.queue);
     const auto request = SendDocumentRequest(order, job);
     if (cupsSendRequest(http, request.get(), resource.c_str(), CUPS_LENGTH_VARIABLE) !=
@@ -170,6 +195,7 @@ JobResult Submit(const JobOrder& order, const OpenDocument& document,
     ServerJob job(order, id);
     auto result = SendDocument(http.get(), order, id, document, control);
     if (result.end != JobResult::End::printed) return result;
+    if (control.state.cancelled()) return Cancelled();
     job.keep();
     result.differences = JobDifferences(order, id, std::move(http));
     return result;
@@ -180,6 +206,7 @@ JobResult Submit(const JobOrder& order, const OpenDocument& document,
 JobResult DeliverToQueue(const JobOrder& order, const DeliveryControl& control) {
     control.progress(JobStage::preparing, 0);
     const PrivateFolder temporary(TemporaryFolder());
+    if (control.state.cancelled()) return Cancelled();
     std::filesystem::path prepared;
     if (const auto outcome = PrepareDocument(order, temporary, &prepared); !outcome) {
         return Failed(outcome.error);
@@ -188,6 +215,8 @@ JobResult DeliverToQueue(const JobOrder& order, const DeliveryControl& control) 
     const OpenDocument document(prepared);
     if (!document.isOpen()) return Failed(SystemReason(prepared, errno));
     control.progress(JobStage::sending, 0);
+    // However the program ends while a server keeps us waiting, nothing stays behind.
+    temporary.remove();
     return Submit(order, document, control);
 }
 

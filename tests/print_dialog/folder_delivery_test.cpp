@@ -1,5 +1,6 @@
 // What a job leaves in a folder.
 #include "print_dialog/job_delivery.h"
+#include "print_dialog/private_folder.h"
 #include "print_dialog/sample_documents.h"
 
 namespace kalmo::test {
@@ -50,16 +51,20 @@ TEST_F(FolderDeliveryTest, NamesStayInTheFolder) {
 }
 
 TEST_F(FolderDeliveryTest, CancelledOrFailedItLeavesNothing) {
-    state_.cancel();
-    EXPECT_EQ(deliver("report").end, JobResult::End::cancelled);
+    const PrivateFolder ofAWorker(output_);
+    WriteFile(ofAWorker.path() / "job.pdf", "half of it");
+    RemovePrivateFolders();
+    EXPECT_TRUE(fs::is_empty(output_)) << "the program ends, the worker is at it";
     WriteFile(document_, "%PDF-1.7 and then nothing");
     const auto damaged = deliver("report");
     EXPECT_EQ(damaged.end, JobResult::End::failed);
     EXPECT_TRUE(Contains(damaged.message, "report.pdf")) << damaged.message;
-    EXPECT_TRUE(fs::is_empty(output_));
-
-    output_ /= "missing";
+    const auto folder = std::exchange(output_, output_ / "missing");
     EXPECT_TRUE(Contains(deliver("report").message, "missing"));
+    output_ = folder;
+    state_.cancel();
+    EXPECT_EQ(deliver("report").end, JobResult::End::cancelled);
+    EXPECT_TRUE(fs::is_empty(output_));
 }
 
 }  // namespace

@@ -24,13 +24,14 @@ struct Delivery {
 };
 
 /// As a worker does it, with a thread's own idea of the server.
-std::future<Delivery> Deliver(const std::string& server, const JobOrder& order) {
+std::future<Delivery> Deliver(
+    const std::string& server, const JobOrder& order,
+    const std::shared_ptr<DeliveryState>& state = std::make_shared<DeliveryState>()) {
     return std::async(std::launch::async, [=] {
         cupsSetServer(server.c_str());
-        DeliveryState state;
         QElapsedTimer time;
         time.start();
-        auto result = DeliverToQueue(order, {state, [](JobStage, int) {}});
+        auto result = DeliverToQueue(order, {*state, [](JobStage, int) {}});
         return Delivery{std::move(result), time.elapsed()};
     });
 }
@@ -118,6 +119,25 @@ TEST_F(BadNetworkTest, AServerThatFailsMidJobCostsALineAndNoJob) {
         EXPECT_EQ(servers[i]->wasAsked(IPP_OP_CANCEL_JOB), operation == IPP_OP_SEND_DOCUMENT);
     }
     EXPECT_TRUE(fs::is_empty(getenv("TMPDIR")));
+}
+
+TEST_F(BadNetworkTest, ACancelledJobLeavesASilentServerAtOnceAndNothingBehind) {
+    setenv("TMPDIR", MakeFolder("tmp").c_str(), 1);
+    for (const std::string ticket : {"<plist/>", ""}) {
+        order_.ticket = ticket;
+        // So large that it is still being written.
+        if (ticket.empty()) WriteFile(order_.document, MakePdf(2) + std::string(16 << 20, ' '));
+        FailingServer server({.faults = {{IPP_OP_SEND_DOCUMENT, Fault::silent}}});
+        const auto state = std::make_shared<DeliveryState>();
+        auto delivery = Deliver(kHere + server.port(), order_, state);
+        ASSERT_TRUE(Wait([&] { return server.wasAsked(IPP_OP_SEND_DOCUMENT); }));
+        EXPECT_TRUE(fs::is_empty(getenv("TMPDIR"))) << "however the program ends now";
+        state->cancel();
+        const auto told = delivery.get();
+        EXPECT_EQ(told.result.end, JobResult::End::cancelled);
+        EXPECT_LT(told.milliseconds, 3000);
+        EXPECT_TRUE(server.wasAsked(IPP_OP_CANCEL_JOB));
+    }
 }
 
 TEST_F(BadNetworkTest, SecretsNeedAnEncryptedConnectionToAnotherMachine) {
