@@ -162,10 +162,7 @@ Outcome SavePreset(const std::string& name, const std::string& bytes) {
 Outcome RenamePreset(const Preset& preset, const std::string& to) {
     if (const auto checked = CheckPresetName(to); !checked || preset.name == to) return checked;
     errno = 0;
-    if (MoveWithoutReplacing(preset.file, OwnPreset(to))) {
-        unlink(preset.file.c_str());  // where it has two names now
-        return {};
-    }
+    if (MoveWithoutReplacing(preset.file, OwnPreset(to))) return {};
     return {errno == EEXIST ? HostText("Preset name taken", {to})
                             : SystemReason(preset.file, errno)};
 }

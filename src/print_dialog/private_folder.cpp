@@ -73,7 +73,9 @@ bool MoveWithoutReplacing(const std::filesystem::path& from, const std::filesyst
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
     if (errno != EINVAL && errno != ENOSYS) return false;
     // A network file system cannot do so in one step; a second name for the file can.
-    return link(from.c_str(), to.c_str()) == 0;
+    if (link(from.c_str(), to.c_str()) != 0) return false;
+    unlink(from.c_str());
+    return true;
 }
 
 }  // namespace kalmo

@@ -1,4 +1,11 @@
 // What a job leaves in a folder.
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+
+#include <thread>
+
 #include "print_dialog/job_delivery.h"
 #include "print_dialog/private_folder.h"
 #include "print_dialog/sample_documents.h"
@@ -32,6 +39,29 @@ TEST_F(FolderDeliveryTest, LeavesWhatLiesThereAlone) {
     EXPECT_EQ(ReadFile(output_ / "report.pdf"), "somebody's");
     EXPECT_EQ(ReadFile(output_ / "report 2.ticket.plist"), "somebody's too");
     EXPECT_EQ(FilesIn(output_).size(), 4u);
+}
+
+/// As on a network file system, in the thread that calls it.
+void RefuseRenamingWithFlags() {
+    sock_filter filter[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog program = {std::size(filter), filter};
+    ASSERT_EQ(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), 0);
+    ASSERT_EQ(prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0);
+}
+
+TEST_F(FolderDeliveryTest, BothFilesGetANameOrNeitherOnANetworkFileSystemToo) {
+    WriteFile(output_ / "report.ticket.plist", "somebody's");
+    std::thread([this] {
+        RefuseRenamingWithFlags();
+        EXPECT_EQ(deliver("report").document.filename(), "report 2.pdf");
+    }).join();
+    EXPECT_FALSE(exists(output_ / "report.pdf"));
+    EXPECT_EQ(FilesIn(output_).size(), 3u);
 }
 
 TEST_F(FolderDeliveryTest, NamesStayInTheFolder) {
