@@ -35,8 +35,8 @@ Document::~Document() {
     if (!thread_->wait(kPatienceMs)) static_cast<void>(thread_.release());
 }
 
-void Document::open(const std::filesystem::path& file) {
-    file_ = file;
+void Document::open(const std::filesystem::path& file, const std::filesystem::path& name) {
+    name_ = name.empty() ? file : name;
     state_ = State::loading;
     fault_ = DocumentFault::none;
     copy_.reset();

@@ -42,12 +42,13 @@ public:
     ~Document() override;
 
     /// Takes a copy of `file` and reads that. changed() follows now (loading) and once more.
-    void open(const std::filesystem::path& file);
+    /// `name`: what messages call it; empty: its own.
+    void open(const std::filesystem::path& file, const std::filesystem::path& name = {});
 
     [[nodiscard]] State state() const { return state_; }
     [[nodiscard]] DocumentFault fault() const { return fault_; }
-    /// What was opened last; for messages.
-    [[nodiscard]] const std::filesystem::path& file() const { return file_; }
+    /// What messages call the one that was opened last.
+    [[nodiscard]] std::string name() const { return name_.filename().string(); }
     /// The bytes that are shown, to be printed; null unless ready.
     [[nodiscard]] const std::shared_ptr<const PrivateCopy>& copy() const { return copy_; }
     /// Empty unless ready.
@@ -67,7 +68,7 @@ private:
 
     State state_ = State::none;
     DocumentFault fault_ = DocumentFault::none;
-    std::filesystem::path file_;
+    std::filesystem::path name_;
     std::shared_ptr<const PrivateCopy> copy_;
     std::vector<PageSize> pages_;
     int opening_ = 0;

@@ -29,11 +29,12 @@ std::string FileStem(std::string title) {
     return title.empty() ? "document" : Shortened(std::move(title), kLongestStem);
 }
 
+/// As CopyPages: no name in the error.
 Outcome CopyDocument(const std::filesystem::path& from, const std::filesystem::path& to) {
     std::error_code error;
     std::filesystem::copy_file(from, to, error);
     if (!error) std::filesystem::permissions(to, std::filesystem::perms(0600), error);
-    return {error ? SystemReason(from, error.value()) : ""};
+    return {error ? error.message() : ""};
 }
 
 /// Both files of the job, whole, in the private folder.
@@ -41,11 +42,15 @@ Outcome Prepare(const JobOrder& order, const JobResult& files) {
     auto document = order.document;
     if (!order.pages.empty()) {
         document = files.document.parent_path() / "pages.pdf";
-        if (const auto cut = CopyPages(order.document, order.pages, document); !cut) return cut;
+        const auto cut = CopyPages(order.document, order.pages, document);
+        if (!cut) return {order.name + ": " + cut.error};
     }
-    if (order.ticket.empty()) return CopyDocument(document, files.document);
+    if (order.ticket.empty()) {
+        const auto copied = CopyDocument(document, files.document);
+        return {copied ? "" : order.name + ": " + copied.error};
+    }
     const auto attached = job_ticket::AttachTicket(document, order.ticket, files.document);
-    if (!attached) return {order.document.string() + ": " + ReasonInWords(attached.error)};
+    if (!attached) return {order.name + ": " + ReasonInWords(attached.error)};
     const auto written = job_ticket::WritePrivateFile(files.ticket, order.ticket);
     return {written ? "" : order.folder.string() + ": " + ReasonInWords(written.error)};
 }
@@ -88,12 +93,12 @@ JobResult GiveNames(const JobOrder& order, const JobResult& prepared) {
 
 JobResult DeliverToFolder(const JobOrder& order, const DeliveryControl& control) {
     control.progress(JobStage::preparing, 0);
+    if (control.state.cancelled()) return {.end = JobResult::End::cancelled};
     const PrivateFolder temporary(order.folder);
     if (temporary.path().empty()) return Failed(SystemReason(order.folder, errno));
     const auto prepared = Named(temporary.path(), "job", !order.ticket.empty());
     if (const auto outcome = Prepare(order, prepared); !outcome) return Failed(outcome.error);
     if (!control.state.commit()) return {.end = JobResult::End::cancelled};
-    if (control.state.cancelled()) return {.end = JobResult::End::cancelled};
     return GiveNames(order, prepared);
 }
 

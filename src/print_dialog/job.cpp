@@ -48,7 +48,7 @@ JobResult Deliver(const JobOrder& order, const DeliveryControl& control) {
         return order.folder.empty() ? DeliverToQueue(order, control)
                                     : DeliverToFolder(order, control);
     } catch (const std::exception& error) {
-        return {.message = order.document.string() + ": " + error.what()};
+        return {.message = order.name + ": " + error.what()};
     }
 }
 

@@ -16,6 +16,7 @@ namespace kalmo {
 
 struct JobOrder {
     std::filesystem::path document;
+    std::string name;              // what messages call it
     std::vector<PageRange> pages;  // the document is cut to these; empty: all of it goes
     std::string ticket;            // a ticket file's bytes; empty: the document goes as it is
     std::string title;             // never empty

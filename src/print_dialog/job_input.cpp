@@ -16,6 +16,7 @@
 
 #include "foundation/property_list.h"
 #include "job_ticket/private_file.h"
+#include "print_dialog/private_folder.h"
 #include "print_dialog/reasons.h"
 #include "print_dialog/window_texts.h"
 
@@ -65,27 +66,20 @@ Outcome ReadAll(const std::string& file, std::string* bytes) {
 
 Outcome InputDocument::open(const std::string& name) {
     if (name.empty()) return {};
-    path_ = name;
+    path_ = name_ = name;
     if (name == "-") {
-        if (const auto spooled = spoolStandardInput(); !spooled) return spooled;
-        return CheckHeader(path_, HostText("Standard input"));
+        if (const auto copied = copyStandardInput(); !copied) return copied;
     }
-    return CheckHeader(path_, name);
+    return CheckHeader(path_, name_);
 }
 
-Outcome InputDocument::spoolStandardInput() {
+Outcome InputDocument::copyStandardInput() {
     if (isatty(STDIN_FILENO)) return {HostText("Standard input typed")};
-    spool_ = std::make_unique<PrivateFolder>(TemporaryFolder());
-    if (spool_->path().empty()) return {SystemReason(HostText("Temporary folder"), errno)};
-    path_ = spool_->path() / "document.pdf";
-    std::ofstream out(path_, std::ios::binary);  // in a folder that nobody else can enter
-    std::array<char, 65536> buffer;
-    ssize_t count = 0;
-    while ((count = read(STDIN_FILENO, buffer.data(), buffer.size())) > 0) {
-        out.write(buffer.data(), count);
-    }
-    out.close();
-    return {count == 0 && out ? "" : SystemReason(HostText("Standard input"), errno)};
+    name_ = HostText("Standard input");
+    copy_ = PrivateCopy::OfStandardInput();
+    if (!copy_) return {SystemReason(name_, errno)};
+    path_ = copy_->path();
+    return {};
 }
 
 Outcome InspectDocument(const std::filesystem::path& document, std::vector<PageSize>* sizes) {
@@ -94,16 +88,15 @@ Outcome InspectDocument(const std::filesystem::path& document, std::vector<PageS
         pdf.setSuppressWarnings(true);
         pdf.processFile(document.c_str());
         const auto pages = QPDFPageDocumentHelper(pdf).getAllPages();
-        if (pages.empty()) return {document.string() + ": " + HostText("Document without pages")};
+        if (pages.empty()) return {HostText("Document without pages")};
         sizes->clear();
         for (const auto& page : pages) sizes->push_back(SizeOf(page));
         return {};
     } catch (const QPDFExc& error) {
         const bool locked = error.getErrorCode() == qpdf_e_password;
-        return {document.string() + ": " +
-                (locked ? HostText("Password needed") : HostText("Export anew"))};
+        return {locked ? HostText("Password needed") : HostText("Export anew")};
     } catch (const std::exception&) {
-        return {document.string() + ": " + HostText("Export anew")};
+        return {HostText("Export anew")};
     }
 }
 

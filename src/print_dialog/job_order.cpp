@@ -91,7 +91,10 @@ std::size_t TotalBytes(const Options& options) {
 }  // namespace
 
 Outcome MakeJobOrder(const PrintJobHost& host, const JobRequest& request, JobOrder* order) {
-    *order = {.document = request.document, .queue = request.queue, .folder = request.folder};
+    *order = {.document = request.document,
+              .name = request.name,
+              .queue = request.queue,
+              .folder = request.folder};
     order->title = host.jobName().empty() ? "document" : host.jobName();
     AddCopies(host.settings(), order->options);
     AddPages(host.settings(), request, *order);

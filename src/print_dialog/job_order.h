@@ -13,6 +13,7 @@ namespace kalmo {
 
 struct JobRequest {
     std::filesystem::path document;
+    std::string name;  // what messages call it
     /// Of the document with the host's settings.
     SheetLayout layout;
     std::string queue;             // a queue ...

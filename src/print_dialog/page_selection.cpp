@@ -40,13 +40,13 @@ Outcome CopyPages(const std::filesystem::path& document, const std::vector<PageR
         writer.write();
     } catch (const QPDFSystemError& error) {
         const auto why = std::generic_category().message(error.getErrno());
-        return {document.string() + ": " + HostText("Pages not taken out", {why})};
+        return {HostText("Pages not taken out", {why})};
     } catch (const std::exception&) {
-        return {document.string() + ": " + HostText("Export anew")};
+        return {HostText("Export anew")};
     }
     std::error_code error;
     std::filesystem::permissions(output, std::filesystem::perms(0600), error);
-    return {error ? document.string() + ": " + error.message() : ""};
+    return {error ? error.message() : ""};
 }
 
 }  // namespace kalmo

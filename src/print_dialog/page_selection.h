@@ -10,7 +10,7 @@
 namespace kalmo {
 
 /// Writes the pages of `ranges` to `output`, which only the user can read. Pages behind the end are
-/// none. May take long: for a worker. Fails with a line that names the document.
+/// none. May take long: for a worker. Fails (no file name in the error).
 Outcome CopyPages(const std::filesystem::path& document, const std::vector<PageRange>& ranges,
                   const std::filesystem::path& output);
 

@@ -106,7 +106,7 @@ void Preview::turnBy(int sheets) {
 
 void Preview::showDocument() {
     current_ = 0;
-    const QString name = QString::fromStdString(document_.file().filename().string());
+    const QString name = QString::fromStdString(document_.name());
     layout_ = SheetLayout(paper_, settings_, document_.pages());
     showSheet();
     open_->setVisible(document_.state() == Document::State::none ||
@@ -140,7 +140,7 @@ void Preview::describe() {
     for (const PlacedPage& page : layout_.sheet(current_).pages) {
         pages << QString::number(page.page);
     }
-    const QString name = QString::fromStdString(document_.file().filename().string());
+    const QString name = QString::fromStdString(document_.name());
     view_->setAccessibleDescription(
         pages.isEmpty() ? FaultText(document_.fault(), name)
                         : WindowText("Preview description", {position_->text(), pages.join(", "),

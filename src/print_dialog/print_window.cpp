@@ -159,7 +159,7 @@ ExitCode PrintWindow::prepare() {
     form_->takeTicket(host_.settings());
     if (const auto begun = presets_->begin(commandLine_); !begun) return refuse(begun.error);
     if (!commandLine_.output.empty()) form_->destination()->setFolder(commandLine_.output);
-    if (!input_.path().empty()) document_.open(input_.path());
+    if (!input_.path().empty()) document_.open(input_.path(), input_.name());
     if (commandLine_.ppd.empty()) {
         pane_->showReason(WindowText("No printer yet"));
     } else {
@@ -191,7 +191,7 @@ void PrintWindow::documentChanged() {
     if (document_.state() == Document::State::ready) {
         form_->setDocument(static_cast<int>(pages.size()), DocumentOrientation(pages));
     }
-    const QString name = QString::fromStdString(document_.file().filename().string());
+    const QString name = QString::fromStdString(document_.name());
     const bool named = document_.state() != Document::State::none && commandLine_.document != "-";
     setWindowTitle(named ? WindowText("Print title of", {name}) : WindowText("Print title"));
     settingsChanged();

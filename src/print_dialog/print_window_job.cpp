@@ -17,6 +17,7 @@ void PrintWindow::updatePrint() {
 JobRequest PrintWindow::jobRequest() const {
     const Destination& destination = form_->destination()->current();
     JobRequest request{.document = printed_->path(),
+                       .name = document_.name(),
                        .layout = SheetLayout(form_->paper(), form_->settings(), document_.pages())};
     if (destination.kind == Destination::Kind::queue) {
         request.queue = destination.queue;

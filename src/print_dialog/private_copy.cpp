@@ -12,10 +12,11 @@
 namespace kalmo {
 namespace {
 
-/// Not the folder for small temporary files, which is often memory.
+/// Not the folder for small temporary files, which is often memory, unless the user has chosen it.
 std::string CopiesFolder() {
     const char* chosen = std::getenv("TMPDIR");
-    return chosen && *chosen ? chosen : "/var/tmp";
+    std::error_code missing;
+    return chosen && std::filesystem::is_directory(chosen, missing) ? chosen : "/var/tmp";
 }
 
 int OpenUnnamedFile() {
@@ -65,15 +66,25 @@ bool CopyBytes(int source, int target) {
 std::shared_ptr<const PrivateCopy> PrivateCopy::Make(const std::filesystem::path& file) {
     const int source = OpenOriginal(file);
     if (source < 0) return nullptr;
-    const int target = OpenUnnamedFile();
-    const bool copied = target >= 0 && CopyBytes(source, target);
+    auto copy = Of(source);
     close(source);
-    if (copied) return std::shared_ptr<const PrivateCopy>(new PrivateCopy(target));
-    if (target >= 0) close(target);
-    return nullptr;
+    return copy;
 }
 
-PrivateCopy::~PrivateCopy() { close(descriptor_); }
+std::shared_ptr<const PrivateCopy> PrivateCopy::OfStandardInput() { return Of(STDIN_FILENO); }
+
+std::shared_ptr<const PrivateCopy> PrivateCopy::Of(int source) {
+    const int target = OpenUnnamedFile();
+    if (target < 0) return nullptr;
+    std::shared_ptr<const PrivateCopy> copy(new PrivateCopy(target));
+    return CopyBytes(source, target) ? copy : nullptr;
+}
+
+PrivateCopy::~PrivateCopy() {
+    const int number = errno;  // of what went wrong, if anything did
+    close(descriptor_);
+    errno = number;
+}
 
 std::filesystem::path PrivateCopy::path() const {
     return "/proc/self/fd/" + std::to_string(descriptor_);

@@ -13,6 +13,8 @@ public:
     /// Null when `file` is no readable file, or there is no room for the copy. May take long: for
     /// a worker.
     [[nodiscard]] static std::shared_ptr<const PrivateCopy> Make(const std::filesystem::path& file);
+    /// Of all that comes on standard input; null with the reason in errno.
+    [[nodiscard]] static std::shared_ptr<const PrivateCopy> OfStandardInput();
     ~PrivateCopy();
     PrivateCopy(const PrivateCopy&) = delete;
     PrivateCopy& operator=(const PrivateCopy&) = delete;
@@ -22,6 +24,7 @@ public:
 
 private:
     explicit PrivateCopy(int descriptor) : descriptor_(descriptor) {}
+    [[nodiscard]] static std::shared_ptr<const PrivateCopy> Of(int source);
     int descriptor_;
 };
 

@@ -176,12 +176,13 @@ Outcome PrepareDocument(const JobOrder& order, const PrivateFolder& temporary,
     if (temporary.path().empty()) return {SystemReason(HostText("Temporary folder"), errno)};
     if (!order.pages.empty()) {
         *prepared = temporary.path() / "pages.pdf";
-        if (const auto cut = CopyPages(order.document, order.pages, *prepared); !cut) return cut;
+        const auto cut = CopyPages(order.document, order.pages, *prepared);
+        if (!cut) return {order.name + ": " + cut.error};
     }
     if (order.ticket.empty()) return {};
     const auto document = std::exchange(*prepared, temporary.path() / "job.pdf");
     const auto attached = job_ticket::AttachTicket(document, order.ticket, *prepared);
-    return {attached ? "" : order.document.string() + ": " + ReasonInWords(attached.error)};
+    return {attached ? "" : order.name + ": " + ReasonInWords(attached.error)};
 }
 
 JobResult Submit(const JobOrder& order, const OpenDocument& document,
@@ -194,8 +195,8 @@ JobResult Submit(const JobOrder& order, const OpenDocument& document,
     if (id == 0) return Failed(error);
     ServerJob job(order, id);
     auto result = SendDocument(http.get(), order, id, document, control);
-    if (result.end != JobResult::End::printed) return result;
     if (control.state.cancelled()) return Cancelled();
+    if (result.end != JobResult::End::printed) return result;
     job.keep();
     result.differences = JobDifferences(order, id, std::move(http));
     return result;
@@ -205,8 +206,8 @@ JobResult Submit(const JobOrder& order, const OpenDocument& document,
 
 JobResult DeliverToQueue(const JobOrder& order, const DeliveryControl& control) {
     control.progress(JobStage::preparing, 0);
-    const PrivateFolder temporary(TemporaryFolder());
     if (control.state.cancelled()) return Cancelled();
+    const PrivateFolder temporary(TemporaryFolder());
     std::filesystem::path prepared;
     if (const auto outcome = PrepareDocument(order, temporary, &prepared); !outcome) {
         return Failed(outcome.error);
@@ -214,9 +215,9 @@ JobResult DeliverToQueue(const JobOrder& order, const DeliveryControl& control) 
     if (control.state.cancelled()) return Cancelled();
     const OpenDocument document(prepared);
     if (!document.isOpen()) return Failed(SystemReason(prepared, errno));
-    control.progress(JobStage::sending, 0);
     // However the program ends while a server keeps us waiting, nothing stays behind.
     temporary.remove();
+    control.progress(JobStage::sending, 0);
     return Submit(order, document, control);
 }
 

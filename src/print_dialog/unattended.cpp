@@ -90,7 +90,7 @@ private:
         }
         if (document_.path().empty()) return kExitDone;
         const auto inspected = InspectDocument(document_.path(), &pages_);
-        return inspected ? kExitDone : Stop(kExitUsage, inspected.error);
+        return inspected ? kExitDone : Stop(kExitUsage, document_.name() + ": " + inspected.error);
     }
 
     ExitCode choosePrinter() {
@@ -215,6 +215,7 @@ private:
 
     [[nodiscard]] JobRequest jobRequest() const {
         return {.document = document_.path(),
+                .name = document_.name(),
                 .layout = SheetLayout(host_.paper(), host_.settings(), pages_),
                 .queue = host_.printer().name,
                 .folder = commandLine_.output};

@@ -19,9 +19,12 @@ constexpr char kTicket[] = "<plist>a ticket with a secret</plist>";
 
 struct FolderDeliveryTest : testing::Test {
     JobResult deliver(const std::string& title) {
-        return DeliverToFolder(
-            {.document = document_, .ticket = kTicket, .title = title, .folder = output_},
-            {state_, [](JobStage, int) {}});
+        return DeliverToFolder({.document = document_,
+                                .name = "the document",
+                                .ticket = kTicket,
+                                .title = title,
+                                .folder = output_},
+                               {state_, [](JobStage, int) {}});
     }
 
     fs::path document_ = WriteDocument({kPortraitPage});
@@ -88,7 +91,7 @@ TEST_F(FolderDeliveryTest, CancelledOrFailedItLeavesNothing) {
     WriteFile(document_, "%PDF-1.7 and then nothing");
     const auto damaged = deliver("report");
     EXPECT_EQ(damaged.end, JobResult::End::failed);
-    EXPECT_TRUE(Contains(damaged.message, "report.pdf")) << damaged.message;
+    EXPECT_TRUE(damaged.message.starts_with("the document: ")) << damaged.message;
     const auto folder = std::exchange(output_, output_ / "missing");
     EXPECT_TRUE(Contains(deliver("report").message, "missing"));
     output_ = folder;

@@ -172,6 +172,22 @@ TEST_F(KalmoPrintTest, ReadsTheDocumentFromStandardInput) {
     const auto adrift = run({"--no-dialog", "--ppd", sample, "--output", output_, "-"},
                             {{"TMPDIR", folder_ / "gone"}}, document_);
     EXPECT_EQ(adrift.exitCode, 0) << adrift.errors;
+
+    const DeadServer server(Silence::silent);
+    Program stopped({.program = BuiltProgram("kalmo-print"),
+                     .arguments = {"--no-dialog", "-d", "office", "-"},
+                     .environment = {{"TMPDIR", temporary_}},
+                     .input = document_});
+    for (int i = 0; i < 20; ++i) {
+        QTest::qWait(50);
+        EXPECT_TRUE(fs::is_empty(temporary_)) << "whenever it is stopped";
+    }
+    stopped.signal(SIGTERM);
+    const auto dead = stopped.wait();
+    EXPECT_EQ(dead.exitCode, 128 + SIGTERM) << dead.errors;
+    WriteFile(document_, "%PDF-1.7 and then nothing");
+    const auto damaged = runOnSample({"--output", output_, "-"}, document_);
+    EXPECT_TRUE(Contains(damaged.errors, ": Standard input: ")) << damaged.errors;
 }
 
 TEST_F(KalmoPrintTest, WritesTheTicketForTheUserAlone) {
