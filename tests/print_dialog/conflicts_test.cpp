@@ -145,8 +145,8 @@ TEST_F(ConflictsInWindow, EndByOneButtonAndComeBackByOne) {
     EXPECT_TRUE(offers({"Change", "Print anyway"}));
     EXPECT_EQ(window_->focusWidget(), button("Change"));
     EXPECT_EQ(band()->accessibleDescription(),
-              "Staples: 1 staple does not go with Paper type: Labels\n"
-              "Suggestion: Set Staples to No staples");
+              "“Staples: 1 staple” does not go with “Paper type: Labels”\n"
+              "Suggestion: Set “Staples” to “No staples”");
     EXPECT_TRUE(FilesIn(out_).empty());
 
     button("Change")->click();

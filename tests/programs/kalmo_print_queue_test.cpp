@@ -70,8 +70,8 @@ TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePa
     const auto conflicting = print(securePrint(kPasscode));
     EXPECT_EQ(conflicting.exitCode, 1);
     EXPECT_EQ(conflicting.errors,
-              "kalmo-print: Fold: Z fold, half sheet does not go with Paper size: A4\n"
-              "kalmo-print: Set Fold to No fold\n"
+              "kalmo-print: “Fold: Z fold, half sheet” does not go with “Paper size: A4”\n"
+              "kalmo-print: Set “Fold” to “No fold”\n"
               "kalmo-print: Nothing was printed; change the settings, or print with "
               "--print-anyway\n");
     EXPECT_TRUE(JobsOnTheServer().empty());
