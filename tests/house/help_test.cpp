@@ -1,7 +1,9 @@
 // The help book: every page is reachable from the first, and no link leads nowhere, in every
 // language.
+#include <QRegularExpression>
 #include <deque>
 
+#include "foundation/strings_table.h"
 #include "house/resource_files.h"
 #include "support/qt_test.h"
 
@@ -9,6 +11,12 @@ namespace kalmo::test {
 namespace {
 
 const std::regex kLinks(R"re(<a href="([^"]+)")re");
+
+/// A control's text as people speak of it: without its letter, its colon, its dots.
+std::string Spoken(const std::string& text) {
+    static const QRegularExpression marks(R"re(\(&.\)|&|[ …:]+$)re");
+    return QString::fromStdString(text).simplified().remove(marks).toStdString();
+}
 
 class HelpBook : public testing::TestWithParam<std::string> {
 protected:
@@ -55,6 +63,22 @@ TEST_P(HelpBook, PagesHaveTheLinksAndPlacesOfEnglish) {
     ForEachFile(folder("en"), {".htm"}, [&](const std::filesystem::path& english) {
         const auto page = folder() / std::filesystem::relative(english, folder("en"));
         EXPECT_EQ(linksAndPlaces(page), linksAndPlaces(english)) << page;
+    });
+}
+
+TEST_P(HelpBook, TasksNameControlsAsTheWindowDoes) {
+    std::set<std::string> shown;
+    for (const auto& table : {kResources / (GetParam() + ".lproj/Localizable.strings"),
+                              kResources / (GetParam() + ".lproj/LANFax.strings"),
+                              kSources.parent_path() / "resources/kalmo-print" /
+                                  (GetParam() + ".lproj/Window.strings")}) {
+        for (const auto& [key, text] : ReadStringsTable(ReadFile(table)).texts)
+            shown.insert(Spoken(text));
+    }
+    const std::regex bold("<b>([^<]*)</b>");
+    ForEachFile(folder() / "How_to", {".htm"}, [&](const std::filesystem::path& page) {
+        for (const std::string& word : Matches(ReadFile(page), bold))
+            EXPECT_TRUE(shown.contains(Spoken(word))) << word << " of " << page;
     });
 }
 
