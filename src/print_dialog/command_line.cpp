@@ -44,7 +44,7 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     app.add_flag("--print-first-frame", into.printFirstFrame,
                  "Once the dialog has painted, write when and how much memory, and exit")
         ->excludes(noDialog);
-    app.add_option("--color-scheme", into.colorScheme, "The window's colours (default auto)")
+    app.add_option("--color-scheme", into.colorScheme, "The window's colors (default auto)")
         ->check(CLI::IsMember({"auto", "light", "dark", "contrast", "dark-contrast"}))
         ->option_text("auto|light|dark|contrast|dark-contrast");
     auto* dryRun = app.add_flag(
@@ -60,7 +60,7 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     app.footer(
         "Without a window, a job with choices that the printer cannot do together is refused, and\n"
         "standard error says what does not go together and what to change; see --print-anyway.\n\n"
-        "Exit code: 0 done, 1 failed or refused, 2 usage or unreadable input, 3 cancelled.");
+        "Exit code: 0 done, 1 failed or refused, 2 usage or unreadable input, 3 canceled.");
     printer->excludes(ppd);
     for (auto* option : {printer, ppd, app.get_option("--ticket"), app.get_option("--preset"),
                          app.get_option("--write-ticket"), app.get_option("--output")}) {

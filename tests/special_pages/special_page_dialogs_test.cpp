@@ -138,7 +138,7 @@ TEST_F(SpecialPageDialogs, ExceptionsTakeTheirPlacesInTheOrderTyped) {
         Choose(window, kShift, "Same on both sides");
         Choose(window, kUnit, "Inches");
         Type(window, kX1, "-1.00");
-        Choose(window, kUnit, "Millimetres");
+        Choose(window, kUnit, "Millimeters");
         EXPECT_EQ(Text(window, kX1), "-25.4") << "as far in the other unit";
         Type(window, kY1, "50.9");
         Press(window, kOK);

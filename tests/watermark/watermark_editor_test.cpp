@@ -83,7 +83,7 @@ TEST_F(WatermarkEditors, KeepAnOffsetInEitherUnitsAndHoldItOnThePage) {
     record->pageWidth = 595, record->pageHeight = 842, record->xOffset = 1.2345F;
     run([](QWidget& window) {
         EXPECT_EQ(Text(window, kRight), "1.2");
-        Choose(window, kUnits, "Millimetres");
+        Choose(window, kUnits, "Millimeters");
         EXPECT_EQ(Text(window, kRight), "31");
         Type(window, kUp, "149");
         Press(window, kOK);

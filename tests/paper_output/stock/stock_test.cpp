@@ -38,7 +38,7 @@ TEST_F(StockSummary, LinesSayWhatThePrinterCallsIt) {
     }
     EXPECT_EQ(shown(nullptr, JobContext::cover), "");
     const Stock unset(nullptr);
-    EXPECT_EQ(shown(&unset, JobContext::job), "Printer's default");
+    EXPECT_EQ(shown(&unset, JobContext::job), "Printer’s default");
 }
 
 TEST_F(StockSummary, OwnSizesAreToldInTheUsersUnit) {
