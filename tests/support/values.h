@@ -27,6 +27,10 @@ public:
 private:
     PMTicketRef ticket_ = PMTicketCreate();
 };
+template <typename Value>
+Owned<CFNumberRef> Number(CFNumberType type, Value value) {
+    return Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, type, &value));
+}
 inline Owned<CFDataRef> Data(const std::string& bytes) {
     return Owned<CFDataRef>::Adopt(CFDataCreate(
         nullptr, reinterpret_cast<const UInt8*>(bytes.data()), static_cast<CFIndex>(bytes.size())));

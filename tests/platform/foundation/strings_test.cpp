@@ -38,12 +38,9 @@ TEST(Strings, AreReadStrictlyInTheirEncoding) {
 }
 
 TEST(Strings, FillFormatsWithoutTrustingThem) {
-    const auto create = [](CFNumberType type, auto value) {
-        return Owned<CFNumberRef>::Adopt(CFNumberCreate(nullptr, type, &value));
-    };
-    const auto number = create(kCFNumberSInt32Type, SInt32{4});
-    const auto wide = create(kCFNumberSInt64Type, SInt64{1} << 40);
-    const auto real = create(kCFNumberFloat64Type, 0.1);
+    const auto number = Number(kCFNumberSInt32Type, SInt32{4});
+    const auto wide = Number(kCFNumberSInt64Type, SInt64{1} << 40);
+    const auto real = Number(kCFNumberFloat64Type, 0.1);
     const std::tuple<const char*, const char*> rows[] = {
         {"%d to %ld of %@, 100 %%", "4 to 1099511627776 of name, 100 %"},
         {"%3$@: %2$ld-%1$d", "name: 1099511627776-4"},
@@ -83,11 +80,6 @@ TEST(StringsTables, ReadWhatIsRightAndNameWhatIsWrong) {
                   .texts.at("k"),
               "v");
     EXPECT_FALSE(ReadStringsTable("\"k\" = \"\xE4\";").faults.empty());
-}
-
-template <typename Value>
-Owned<CFNumberRef> Number(CFNumberType type, Value value) {
-    return Owned<CFNumberRef>::Adopt(CFNumberCreate(kCFAllocatorDefault, type, &value));
 }
 
 TEST(Values, EqualAcrossNumberKindsButNeverAcrossTypes) {
