@@ -1,4 +1,5 @@
 // Cards of every version: read in all their forms, edited by single lines, refused when damaged.
+#include <cstring>
 #include <ctime>
 
 #include "contacts/card_mapping.h"
@@ -21,22 +22,6 @@ Person PersonIn(const std::string& card) {
         return {};
     }
     return std::get<Person>(*record);
-}
-
-/// Lines that only one of the two has: "-..." of the first, "+..." of the second.
-std::vector<std::string> Differences(const std::string& before, const std::string& after) {
-    const auto lines = [](const std::string& text) {
-        std::multiset<std::string> set;
-        std::istringstream stream(text);
-        for (std::string line; std::getline(stream, line);) set.insert(line);
-        return set;
-    };
-    std::vector<std::string> gone, come;
-    std::ranges::set_difference(lines(before), lines(after), std::back_inserter(gone));
-    std::ranges::set_difference(lines(after), lines(before), std::back_inserter(come));
-    for (std::string& line : gone) line = '-' + line;
-    for (const std::string& line : come) gone.push_back('+' + line);
-    return gone;
 }
 
 TEST(VCard, EntriesAreReadInEveryForm) {
@@ -64,10 +49,7 @@ TEST(VCard, EntriesAreReadInEveryForm) {
 }
 
 TEST(VCard, NamesAreReadInEveryForm) {
-    struct Row {
-        const char *version, *lines, *first, *last, *organization;
-    };
-    const Row kRows[] = {
+    const std::tuple<const char*, const char*, const char*, const char*, const char*> kRows[] = {
         {"3.0", "FN:x\r\nN:M\xC3\xBCller;Karl\\, der;K;Dr.\r\n", "Karl, der", "M\xC3\xBCller", ""},
         {"4.0", "FN:Only Name\r\nORG:A\\;B;C\r\n", "Only Name", "", "A;B"},
         {"3.0", "FN:Acme\r\nN:;;;;\r\nORG:Acme\r\n", "", "", "Acme"},
@@ -78,34 +60,13 @@ TEST(VCard, NamesAreReadInEveryForm) {
         {"2.1", "N;CHARSET=ISO-8859-15;QUOTED-PRINTABLE:=A4;K\r\n", "K", "\xE2\x82\xAC", ""},
         {"2.1", "N;CHARSET=../none;ENCODING=QUOTED-PRINTABLE:A=\r\n B;K=00\r\n", "K", "A B", ""},
     };
-    for (const Row& row : kRows) {
-        SCOPED_TRACE(row.lines);
-        const Person person = PersonIn(CardOf(row.lines, row.version));
-        EXPECT_EQ(person.first, row.first);
-        EXPECT_EQ(person.last, row.last);
-        EXPECT_EQ(person.organization, row.organization);
+    for (const auto& [version, lines, first, last, organization] : kRows) {
+        SCOPED_TRACE(lines);
+        const Person person = PersonIn(CardOf(lines, version));
+        EXPECT_EQ(person.first, first);
+        EXPECT_EQ(person.last, last);
+        EXPECT_EQ(person.organization, organization);
     }
-}
-
-TEST(VCard, EveryGoodFileStaysAsItIsUntilItIsEdited) {
-    int cards = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(
-             std::filesystem::path(KALMO_SOURCE_DIR) / "fuzz/corpus/vcard")) {
-        SCOPED_TRACE(entry.path());
-        const std::string text = ReadFile(entry.path());
-        const auto record = ReadCard(text);
-        EXPECT_EQ(record.has_value(), entry.path().stem() != "several");
-        if (!record) continue;
-        ++cards;
-        if (const auto* person = std::get_if<Person>(&*record)) {
-            EXPECT_EQ(ApplyPerson(text, *person), text);
-            EXPECT_FALSE(ApplyGroup(text, {}));
-        } else {
-            EXPECT_EQ(ApplyGroup(text, std::get<Group>(*record)), text);
-            EXPECT_FALSE(ApplyPerson(text, {}));
-        }
-    }
-    EXPECT_GT(cards, 5);
 }
 
 TEST(VCard, EditTouchesItsOwnLinesOnly) {
@@ -113,50 +74,46 @@ TEST(VCard, EditTouchesItsOwnLinesOnly) {
         "UID:u\r\nFN:Ada L\r\nN:L;Ada;;Dr.;\r\nORG:A;Dept\r\nTEL;TYPE=WORK,FAX;X-P=1:1\r\n"
         "item1.TEL;TYPE=pref:2\r\nitem1.X-ABLabel:Tor\r\nTEL;TYPE=CELL:3\r\nNOTE:fold\r\n ed\r\n"
         "CATEGORIES:Old,Keep\r\n";
-    const std::string card = CardOf(lines);
     using Edit = std::function<void(Person&)>;
-    using Lines = std::vector<std::string>;
-    const std::tuple<const char*, Edit, Lines> kRows[] = {
+    // The texts that are others, and what they become.
+    const std::tuple<const char*, Edit, std::map<const char*, const char*>> kRows[] = {
         {"a name",
          [](Person& it) { it.last = "M,"; },
-         {"-FN:Ada L\r", "-N:L;Ada;;Dr.;\r", "+FN:Ada M\\,\r", "+N:M\\,;Ada;;Dr.;\r"}},
-        {"a number",
-         [](Person& it) { it.phones[0].value = "9"; },
-         {"-TEL;TYPE=WORK,FAX;X-P=1:1\r", "+TEL;TYPE=WORK,FAX;X-P=1:9\r"}},
+         {{"FN:Ada L\r\nN:L;", "FN:Ada M\\,\r\nN:M\\,;"}}},
+        {"a number", [](Person& it) { it.phones[0].value = "9"; }, {{"X-P=1:1", "X-P=1:9"}}},
         {"one less",
          [](Person& it) { it.phones.erase(it.phones.begin() + 1); },
-         {"-item1.TEL;TYPE=pref:2\r", "-item1.X-ABLabel:Tor\r"}},
+         {{"item1.TEL;TYPE=pref:2\r\nitem1.X-ABLabel:Tor\r\n", ""}}},
         {"one more in front",
          [](Person& it) {
              it.phones.insert(it.phones.begin(), {Label::custom, "0", "Lager, Fax"});
          },
-         {"+item2.TEL:0\r", "+item2.X-ABLabel:Lager Fax\r"}},
+         {{"TEL;TYPE=WORK", "item2.TEL:0\r\nitem2.X-ABLabel:Lager Fax\r\nTEL;TYPE=WORK"}}},
         {"a label",
          [](Person& it) {
              it.phones[1] = {Label::homeFax, "2", ""};
          },
-         {"-item1.TEL;TYPE=pref:2\r", "-item1.X-ABLabel:Tor\r",
-          "+item1.TEL;TYPE=HOME,FAX;TYPE=pref:2\r"}},
+         {{"TYPE=pref:2\r\nitem1.X-ABLabel:Tor\r\n", "TYPE=HOME,FAX;TYPE=pref:2\r\n"}}},
         {"groups",
          [](Person& it) {
              it.groups = {"Keep", "New"};
          },
-         {"-CATEGORIES:Old,Keep\r", "+CATEGORIES:Keep,New\r"}},
+         {{"Old,Keep", "Keep,New"}}},
         {"a company",
          [](Person& it) {
              it.isCompany = true;
              it.full = "Ada L";
          },
-         {"-FN:Ada L\r", "+FN:A\r", "+KIND:org\r", "+X-ABShowAs:COMPANY\r"}},
-        {"the organization",
-         [](Person& it) { it.organization = ""; },
-         {"-ORG:A;Dept\r", "+ORG:;Dept\r"}},
+         {{"FN:Ada L", "FN:A"}, {"END:", "KIND:org\r\nX-ABShowAs:COMPANY\r\nEND:"}}},
+        {"the organization", [](Person& it) { it.organization = ""; }, {{"ORG:A;", "ORG:;"}}},
     };
-    for (const auto& [why, edit, differences] : kRows) {
-        SCOPED_TRACE(why);
+    for (const auto& [why, edit, changes] : kRows) {
+        std::string card = CardOf(lines);
         Person person = PersonIn(card);
         edit(person);
-        EXPECT_EQ(Differences(card, ApplyPerson(card, person).value_or("")), differences);
+        const auto edited = ApplyPerson(card, person).value_or("");
+        for (const auto& [was, is] : changes) card.replace(card.find(was), std::strlen(was), is);
+        EXPECT_EQ(edited, card) << why;
     }
 }
 

@@ -27,32 +27,26 @@ void ExpectFolder(const std::string& folder, Code why) {
 }
 
 TEST(AbsentAddressBook, GivesWayToTheFolderWhereThereIsNone) {
-    struct Row {
-        const char* why;
-        Services services;
-        const char *variable, *value;
-        Code code;
+    const char* const bus = "DBUS_SESSION_BUS_ADDRESS";
+    const std::tuple<const char*, Services, const char*, const char*, Code> rows[] = {
+        {"no bus", Services::none, bus, "", Code::unavailable},
+        {"nobody at the socket", Services::none, bus, "unix:path=/nowhere", Code::unavailable},
+        {"no service", Services::none, nullptr, nullptr, Code::unavailable},
+        {"a service that hangs", Services::hanging, nullptr, nullptr, Code::timedOut},
+        {"no settings", Services::installed, "XDG_DATA_DIRS", "/nowhere", Code::unavailable},
     };
-    for (const Row& row : {
-             Row{"no bus", Services::none, "DBUS_SESSION_BUS_ADDRESS", "", Code::unavailable},
-             Row{"nobody at the socket", Services::none, "DBUS_SESSION_BUS_ADDRESS",
-                 "unix:path=/nowhere", Code::unavailable},
-             Row{"no service", Services::none, nullptr, nullptr, Code::unavailable},
-             Row{"a service that hangs", Services::hanging, nullptr, nullptr, Code::timedOut},
-             Row{"no settings", Services::installed, "XDG_DATA_DIRS", "/nowhere",
-                 Code::unavailable},
-         }) {
-        SCOPED_TRACE(row.why);
-        const PrivateDesktop desktop(row.services);
+    for (const auto& [why, services, variable, value, code] : rows) {
+        SCOPED_TRACE(why);
+        const PrivateDesktop desktop(services);
         // The process ends at once, too, whatever hangs in it.
         EXPECT_LT(TimeOf([&] {
                       InOwnProcess([&] {
-                          if (row.variable) setenv(row.variable, row.value, 1);
-                          ExpectFolder(MakeFolder("contacts"), row.code);
+                          if (variable) setenv(variable, value, 1);
+                          ExpectFolder(MakeFolder("contacts"), code);
                       });
                   }),
                   kSoon + 1s);
-        unsetenv("DBUS_SESSION_BUS_ADDRESS");
+        unsetenv(bus);
     }
 }
 
