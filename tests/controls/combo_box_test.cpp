@@ -1,11 +1,6 @@
 // The field with fixed choices and what was typed before, driven by its keys.
 #include "controls/combo_box.h"
 
-#include <sys/prctl.h>
-#include <sys/wait.h>
-
-#include <csignal>
-
 #include "platform/toolbox/interface.h"
 #include "settings/dictionary.h"
 #include "settings/user_preferences.h"
@@ -60,34 +55,29 @@ protected:
 };
 
 TEST_F(ComboBox, TypedNumberIsHeldInRangeWhenTheFieldIsLeftAndWhenItIsRead) {
-    const struct {
-        const char *why, *locale;
-        SInt32 minimum, maximum;
-        const char* typed;
-        SInt32 read;
-        const char* shown;
-    } rows[] = {
-        {"below", "C", 10, 40, "9", 10, "10"},
-        {"above", "C", 10, 40, "41", 40, "40"},
-        {"digits of the maximum", "C", 10, 40, "1-23", 12, "12"},
-        {"no more than nine digits", "C", 0, -5, "1234567890", -5, "-5"},
-        {"a bound that is an item", "C", 50, 99, "1", 50, "Fifty"},
-        {"digits of the locale", "ar_EG", 10, 40, "41", 40, "\u0664\u0660"},
-        {"nothing typed", "C", 10, 40, "", 0, ""},
-    };
+    const std::tuple<const char*, const char*, SInt32, SInt32, const char*, SInt32, const char*>
+        rows[] = {
+            {"below", "C", 10, 40, "9", 10, "10"},
+            {"above", "C", 10, 40, "41", 40, "40"},
+            {"digits of the maximum", "C", 10, 40, "1-23", 12, "12"},
+            {"no more than nine digits", "C", 0, -5, "1234567890", -5, "-5"},
+            {"a bound that is an item", "C", 50, 99, "1", 50, "Fifty"},
+            {"digits of the locale", "ar_EG", 10, 40, "41", 40, "\u0664\u0660"},
+            {"nothing typed", "C", 10, 40, "", 0, ""},
+        };
     WriteHistory({});
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.why);
-        setenv("LC_ALL", row.locale, 1);
+    for (const auto& [why, locale, minimum, maximum, typed, number, shown] : rows) {
+        SCOPED_TRACE(why);
+        setenv("LC_ALL", locale, 1);
         const _KComboBoxOptions options = {
-            .kind = kComboBoxNumber, .minimumValue = row.minimum, .maximumValue = row.maximum};
-        open(options, row.typed);
+            .kind = kComboBoxNumber, .minimumValue = minimum, .maximumValue = maximum};
+        open(options, typed);
         interface->widget(2)->setFocus();
-        EXPECT_EQ(text(), row.shown);
-        open(options, row.typed);
+        EXPECT_EQ(text(), shown);
+        open(options, typed);
         Owned<CFTypeRef> read;
-        EXPECT_EQ(KComboBoxCopyValue(combo, read.adopt()), *row.typed ? noErr : kComboBoxEmpty);
-        EXPECT_TRUE(!read || CFEqual(read, CreateNumber(row.read)));
+        EXPECT_EQ(KComboBoxCopyValue(combo, read.adopt()), *typed ? noErr : kComboBoxEmpty);
+        EXPECT_TRUE(!read || CFEqual(read, CreateNumber(number)));
     }
 }
 
@@ -109,23 +99,6 @@ TEST_F(ComboBox, WhatIsStillValidIsOfferedAndNewInputComesFirst) {
     EXPECT_EQ(remember(limited, "y"), "y x 12 7 bad");
     EXPECT_EQ(remember({}, "Fifty"), "y x 12 7 bad") << "a choice of the map";
     EXPECT_EQ(remember({}, "z"), "z y x 12 7 bad") << "0 is no limit";
-}
-
-TEST_F(ComboBox, WritersAtOnceLeaveTheFileOfOneOfThem) {
-    const QStringList ours(300, "a"), theirs(300, "b");
-    const pid_t other = fork();
-    if (other == 0) {
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        for (;;) WriteHistory(theirs);
-    }
-    std::set<std::string> seen;
-    for (int i = 0; i < 100; ++i) {
-        WriteHistory(ours);
-        seen.insert(History());
-    }
-    kill(other, SIGKILL);
-    waitpid(other, nullptr, 0);
-    EXPECT_EQ(seen, (std::set{ours.join(' ').toStdString(), theirs.join(' ').toStdString()}));
 }
 
 }  // namespace

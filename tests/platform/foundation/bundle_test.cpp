@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <thread>
 
 #include "support/test.h"
 
@@ -31,6 +32,22 @@ TEST(Files, AreReplacedWholeOrNotAtAll) {
     const auto write = [&](CFURLRef url) {
         return CFURLWriteDataAndPropertiesToResource(url, Data("new"), &error);
     };
+    const auto replace = [&folder](const std::string& bytes) {
+        CFURLWriteDataUnsynced(FileURL(folder / "busy"), Data(bytes), nullptr);
+    };
+    const std::string ours(100'000, 'a'), theirs(100'000, 'b');
+    std::set<std::string> seen;
+    {
+        const std::jthread other([&](const std::stop_token& stop) {
+            while (!stop.stop_requested()) replace(theirs);
+        });
+        for (int i = 0; i < 100; ++i) {
+            replace(ours);
+            seen.insert(ReadFile(folder / "busy"));
+        }
+    }
+    EXPECT_TRUE(seen == std::set({ours, theirs})) << "a mixture, or half a file";
+
     const std::string odd = folder / "Entw\xFCrfe.plist";  // not in UTF-8
     EXPECT_TRUE(write(Owned<CFURLRef>::Adopt(
         CFURLCreateFromFileSystemRepresentation(nullptr, reinterpret_cast<const UInt8*>(odd.data()),
@@ -42,8 +59,8 @@ TEST(Files, AreReplacedWholeOrNotAtAll) {
     EXPECT_FALSE(write(FileURL(folder / "in the way")));
     EXPECT_FALSE(write(FileURL(folder / "no/file")));
     EXPECT_EQ(error, ENOENT);
-    const std::filesystem::directory_iterator left(folder), end;
-    EXPECT_EQ(std::distance(left, end), 2) << "a temporary file was left behind";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 3)
+        << "a temporary file was left behind";
 
     mkfifo((folder / "pipe").c_str(), 0600);
     for (const auto& [name, expected] :
