@@ -1,6 +1,7 @@
 // A page drawn into memory and read back as pixels.
 #pragma once
 
+#include <QBuffer>
 #include <QColor>
 #include <QImage>
 
@@ -40,6 +41,14 @@ inline QImage PagePicture(CGPDFDocumentRef document, double scale = 1) {
 inline QImage DrawnPage(const CGRect& box, const std::function<void(CGContextRef)>& draw,
                         double scale = 1) {
     return PagePicture(Reopened(DrawnPdf(box, draw)), scale);
+}
+
+/// The bytes of an image file.
+inline std::string Encoded(const QImage& image, const char* format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    return image.save(&buffer, format) ? bytes.toStdString() : std::string();
 }
 
 /// The smallest rectangle around all pixels that are not white, in points, y upwards.

@@ -1,8 +1,6 @@
 // Pictures: every format, turned, reduced, damaged and hostile ones.
 #include <gtest/gtest.h>
 
-#include <QBuffer>
-
 #include "support/drawn_page.h"
 #include "support/values.h"
 
@@ -17,14 +15,6 @@ QImage TwoHalves(int width, int height) {
             image.setPixelColor(x, y, x < width / 2 ? Qt::red : Qt::blue);
     }
     return image;
-}
-
-std::string Encoded(const QImage& image, const char* format) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    EXPECT_TRUE(image.save(&buffer, format)) << format;
-    return bytes.toStdString();
 }
 
 /// A JPEG file with the EXIF orientation "turn a quarter to the right".
@@ -52,11 +42,7 @@ TEST(Image, EveryFormatIsDrawnUprightInItsRectangle) {
     // Qt writes no GIF: two pixels, red and blue.
     const std::string gif(
         "GIF89a\2\0\1\0\x80\0\0\xFF\0\0\0\0\xFF,\0\0\0\0\2\0\1\0\0\2\2\x44\x0A\0;", 36);
-    const struct {
-        const char* why;
-        std::string bytes;
-        std::size_t width, height, limit;
-    } kRows[] = {
+    const std::tuple<const char*, std::string, std::size_t, std::size_t, std::size_t> kRows[] = {
         {"png", Encoded(TwoHalves(80, 40), "png"), 80, 40, 0},
         {"jpeg", jpeg, 80, 40, 0},
         {"tiff", Encoded(TwoHalves(80, 40), "tiff"), 80, 40, 0},
@@ -64,13 +50,13 @@ TEST(Image, EveryFormatIsDrawnUprightInItsRectangle) {
         {"reduced", jpeg, 80, 40, 20},
         {"larger than asked for", Encoded(TwoHalves(80, 40), "png"), 80, 40, 1000},
     };
-    for (const auto& row : kRows) {
-        SCOPED_TRACE(row.why);
-        const auto image = Decoded(row.bytes, row.limit);
+    for (const auto& [why, bytes, width, height, limit] : kRows) {
+        SCOPED_TRACE(why);
+        const auto image = Decoded(bytes, limit);
         ASSERT_TRUE(image);
-        EXPECT_EQ(CGImageGetWidth(image), row.width);
-        EXPECT_EQ(CGImageGetHeight(image), row.height);
-        EXPECT_EQ(CGImageGetPixels(image).width, row.limit == 20 ? 20 : row.width);
+        EXPECT_EQ(CGImageGetWidth(image), width);
+        EXPECT_EQ(CGImageGetHeight(image), height);
+        EXPECT_EQ(CGImageGetPixels(image).width, limit == 20 ? 20 : width);
         const QImage page = DrawnPage(CGRectMake(0, 0, 100, 100), [&](CGContextRef context) {
             CGContextSetAlpha(context, 0.5);
             CGContextDrawImage(context, CGRectMake(10, 20, 80, 40), image);
@@ -102,10 +88,7 @@ TEST(Image, HostileFilesAreRefused) {
     const auto sized = [&](const char* sides) {
         return std::string(bitmap).replace(18, 8, std::string(sides, 8));
     };
-    const struct {
-        const char* why;
-        std::string bytes;
-    } kRows[] = {
+    const std::pair<const char*, std::string> kRows[] = {
         {"text", "no picture at all"},
         {"a drawing", "<svg xmlns='http://www.w3.org/2000/svg'/>"},
         {"vast", sized("\xFF\xFF\xFF\x7F\xFF\xFF\xFF\x7F")},
@@ -113,7 +96,7 @@ TEST(Image, HostileFilesAreRefused) {
         {"cut off", png.substr(0, 60)},
         {"a photograph cut off", photograph.substr(0, photograph.size() - 40)},
     };
-    for (const auto& row : kRows) EXPECT_FALSE(Decoded(row.bytes)) << row.why;
+    for (const auto& [why, bytes] : kRows) EXPECT_FALSE(Decoded(bytes)) << why;
     Owned<GraphicsImportComponent> importer;
     EXPECT_EQ(GetGraphicsImporterForFileWithFlags(FileURL("/nowhere/x.png"), importer.adopt(), 0),
               fnfErr);

@@ -39,19 +39,8 @@ std::vector<UInt32> BreaksOf(ATSUTextLayout layout, std::size_t length, int widt
     return breaks;
 }
 
-std::vector<ATSLayoutRecord> Glyphs(ATSUTextLayout layout) {
-    const ATSLayoutRecord* records = nullptr;
-    CFIndex count = 0;
-    EXPECT_EQ(
-        ATSUDirectGetLayoutDataArrayPtrFromTextLayout(layout, 0, kATSUToTextEnd, &records, &count),
-        noErr);
-    return {records, records + count};
-}
-
 TEST(Fonts, AreFoundByExactNameAndOtherwiseByWhatTheNameTells) {
-    const struct {
-        const char *name, *face;
-    } kRows[] = {
+    const std::pair<const char*, const char*> kRows[] = {
         {"LiberationSerif-Italic", "LiberationSerif-Italic"},
         {"ArialMT", "LiberationSans"},
         {"Arial-BoldItalicMT", "LiberationSans-BoldItalic"},
@@ -60,7 +49,7 @@ TEST(Fonts, AreFoundByExactNameAndOtherwiseByWhatTheNameTells) {
         {"CourierNewPS-ItalicMT", "LiberationMono-Italic"},
         {"", "(null)"},
     };
-    for (const auto& row : kRows) EXPECT_EQ(FaceFor(row.name), row.face) << row.name;
+    for (const auto& [name, face] : kRows) EXPECT_EQ(FaceFor(name), face) << name;
     EXPECT_NE(FaceFor("NoSuchFont-\xE2\x82\xAC"), "(null)");
     const auto families = Owned<CFArrayRef>::Adopt(ATSFontCopyFamilies());
     const CFRange all{0, CFArrayGetCount(families)};
@@ -147,8 +136,11 @@ TEST(TextLayout, ALongTextBreaksAsItsPartsWould) {
 }
 
 TEST(TextLayout, TellsGlyphsInOrder) {
-    const auto glyphs = Glyphs(LayoutOf(u"aba\U0001F600\tb", 12));
-    ASSERT_EQ(glyphs.size(), 6u);
+    const auto layout = LayoutOf(u"aba\U0001F600\tb", 12);
+    const ATSLayoutRecord* glyphs = nullptr;
+    CFIndex count = 0;
+    ATSUDirectGetLayoutDataArrayPtrFromTextLayout(layout, 0, kATSUToTextEnd, &glyphs, &count);
+    ASSERT_EQ(count, 6);
     EXPECT_EQ(glyphs[0].glyphID, glyphs[2].glyphID);
     EXPECT_NE(glyphs[0].glyphID, glyphs[1].glyphID);
     EXPECT_EQ(glyphs[5].glyphID, glyphs[1].glyphID);

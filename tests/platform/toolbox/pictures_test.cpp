@@ -1,6 +1,7 @@
 #include "toolbox/pictures.h"
 
 #include "interface.h"
+#include "support/drawn_page.h"
 
 namespace kalmo::test {
 namespace {
@@ -15,14 +16,6 @@ QImage Plain() {
     return image;
 }
 
-std::string Encoded(const char* format, const QImage& image = Plain()) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes.toStdString();
-}
-
 PictureRef Load(const std::string& bytes) {
     const auto file = MakeFolder("pictures") / "picture.gif";
     WriteFile(file, bytes);
@@ -35,15 +28,15 @@ const std::string kGif =
         .toStdString();
 
 TEST(Pictures, KnownFormatsLoadWhateverTheNameSaysAndBrokenOnesAreNone) {
-    std::string huge = Encoded("bmp");  // width and height at 18 and 22
+    std::string huge = Encoded(Plain(), "bmp");  // width and height at 18 and 22
     huge[20] = huge[21] = huge[24] = huge[25] = 0x7f;
     const std::tuple<const char*, std::string, SInt32> cases[] = {
         {"svg", kBlue, 20},
         {"svg after a declaration", "<?xml version=\"1.0\"?>\n" + std::string(kBlue), 20},
-        {"png", Encoded("png"), 20},
+        {"png", Encoded(Plain(), "png"), 20},
         {"gif", kGif, 1},
         {"empty", "", 0},
-        {"cut PNG", Encoded("png").substr(0, 40), 0},
+        {"cut PNG", Encoded(Plain(), "png").substr(0, 40), 0},
         {"broken SVG", "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect", 0},
         {"another XML", "<plist/>", 0},
         {"two thousand million pixels wide", huge, 0}};
@@ -88,7 +81,7 @@ struct PictureView : testing::Test {
 };
 
 TEST_F(PictureView, FitsCentredWithItsProportionsAtAnyScale) {
-    for (const std::string& bytes : {std::string(kBlue), Encoded("png")}) {
+    for (const std::string& bytes : {std::string(kBlue), Encoded(Plain(), "png")}) {
         DisposePicture(picture);
         picture = Load(bytes);
         for (const qreal scale : {1.0, 2.0}) {
@@ -148,15 +141,12 @@ QImage Stripes(int side) {
 TEST_F(PictureView, ImagesAreSharpInTheScreensPixelsAndEvenWhenMadeSmaller) {
     QImage even(10, 10, QImage::Format_ARGB32);
     even.fill(qRgb(127, 0, 127));
-    const struct {
-        double scale;
-        QRect place;
-        QImage given, shown;
-    } cases[] = {{2, {6, 6, 20, 20}, Stripes(20), Stripes(20)},
-                 {1.25, {4, 4, 13, 13}, Stripes(13), Stripes(13)},
-                 {1, {3, 3, 10, 10}, Stripes(400), even}};
-    for (const auto& row : cases) {
-        const std::string bytes = Encoded("png", row.given);
+    const std::tuple<double, QRect, QImage, QImage> cases[] = {
+        {2, {6, 6, 20, 20}, Stripes(20), Stripes(20)},
+        {1.25, {4, 4, 13, 13}, Stripes(13), Stripes(13)},
+        {1, {3, 3, 10, 10}, Stripes(400), even}};
+    for (const auto& [scale, place, given, shown] : cases) {
+        const std::string bytes = Encoded(given, "png");
         Owned<GraphicsImportComponent> importer;
         Owned<CGImageRef> image;
         GetGraphicsImporterForBytes(bytes.data(), bytes.size(), importer.adopt());
@@ -165,9 +155,9 @@ TEST_F(PictureView, ImagesAreSharpInTheScreensPixelsAndEvenWhenMadeSmaller) {
             DrawImageInRect(GetEventDrawing(event), image, {3, 3, 13, 13});
             return FrameRect(GetEventDrawing(event), {2, 2, 14, 14});
         };
-        const QImage drawn = drawnAt(row.scale);
-        EXPECT_EQ(drawn.copy(row.place), row.shown) << row.scale;
-        EXPECT_NE(drawn.pixel(row.place.left() - 1, 10), drawn.pixel(0, 0)) << "the frame";
+        const QImage drawn = drawnAt(scale);
+        EXPECT_EQ(drawn.copy(place), shown) << scale;
+        EXPECT_NE(drawn.pixel(place.left() - 1, 10), drawn.pixel(0, 0)) << "the frame";
     }
 }
 
