@@ -1,55 +1,30 @@
 // The pane's device profile and the sample printers tell the same story.
-#include <cups/ppd.h>
-
-#include <sstream>
-
 #include "house/resource_files.h"
+#include "printing/ppd_conflicts.h"
+#include "printing/ppd_papers.h"
 #include "settings/ppd_choices.h"
-#include "support/qt_test.h"
-
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
 namespace kalmo::test {
 namespace {
 
-const std::filesystem::path kPrinters = std::filesystem::path(KALMO_SOURCE_DIR) / "printers";
-
 struct ChoiceSet {
     std::set<std::string> choices;
     std::string standard;
-    bool operator==(const ChoiceSet&) const = default;
 };
 using Printer = std::map<std::string, ChoiceSet>;
 
-struct PPDCloser {
-    void operator()(ppd_file_t* ppd) const { ppdClose(ppd); }
-};
-using OwnedPPD = std::unique_ptr<ppd_file_t, PPDCloser>;
-
-OwnedPPD SamplePrinter(const std::string& name) {
-    return OwnedPPD(ppdOpenFile((kPrinters / name).c_str()));
-}
-
-template <typename Visit>
-void ForEachOption(ppd_file_t* ppd, Visit visit) {
-    for (int group = 0; group < ppd->num_groups; ++group) {
-        for (int i = 0; i < ppd->groups[group].num_options; ++i) {
-            visit(ppd->groups[group].options[i]);
-        }
-    }
-}
-
-Printer ReadPrinter(ppd_file_t* ppd) {
+Printer ReadPrinter(const std::filesystem::path& file) {
     Printer printer;
-    ForEachOption(ppd, [&printer](const ppd_option_t& option) {
-        ChoiceSet& set = printer[option.keyword];
-        set.standard = option.defchoice;
-        for (int i = 0; i < option.num_choices; ++i) {
-            // libcups adds the custom size as a choice of its own.
-            const std::string choice = option.choices[i].choice;
-            if (choice != "Custom") set.choices.insert(choice);
-        }
-    });
+    const auto description = ReadPPDDescription(file, nullptr).value_or(PPDDescription{});
+    for (const PPDOptionTexts& option : description.options) {
+        printer[option.keyword].standard = option.defaultChoice;
+        // libcups adds the custom size as a choice of its own.
+        for (const PPDChoiceText& choice : option.choices)
+            if (choice.keyword != "Custom") printer[option.keyword].choices.insert(choice.keyword);
+    }
+    printer["PageSize"].standard = description.defaultPaper;
+    for (const PPDPaper& paper : description.papers)
+        printer["PageSize"].choices.insert(paper.keyword);
     return printer;
 }
 
@@ -85,9 +60,7 @@ Printer ReadProfile() {
 }
 
 TEST(DeviceProfile, DescribesEveryOptionOfThePrinterThatHasEverything) {
-    const OwnedPPD ppd = SamplePrinter("kalmo-production.ppd");
-    ASSERT_TRUE(ppd);
-    const Printer printer = ReadPrinter(ppd.get());
+    const Printer printer = ReadPrinter(SamplePPD("kalmo-production"));
     const Printer profile = ReadProfile();
     EXPECT_GT(printer.size(), 30u);
     for (const auto& [keyword, set] : printer) {
@@ -101,8 +74,7 @@ TEST(DeviceProfile, DescribesEveryOptionOfThePrinterThatHasEverything) {
 }
 
 TEST(SamplePrinters, OneHasEveryChoiceThatTicketsKnow) {
-    const OwnedPPD ppd = SamplePrinter("kalmo-production.ppd");
-    Printer printer = ReadPrinter(ppd.get());
+    Printer printer = ReadPrinter(SamplePPD("kalmo-production"));
     printer["PageSize"].choices.insert("Custom");
     for (const MainKeywordRow* option = MainKeywordMap; option->keyword; ++option) {
         const std::string keyword = CFStringToUTF8(option->keyword);
@@ -114,36 +86,31 @@ TEST(SamplePrinters, OneHasEveryChoiceThatTicketsKnow) {
 }
 
 TEST(SamplePrinters, StartWithoutConflictsAndSpeakEveryLanguage) {
-    for (const auto& file : std::filesystem::directory_iterator(kPrinters)) {
-        if (file.path().extension() != ".ppd") continue;
-        SCOPED_TRACE(file.path().filename());
-        const OwnedPPD ppd = SamplePrinter(file.path().filename());
-        ASSERT_TRUE(ppd);
-        EXPECT_STREQ(ppd->manufacturer, "Kalmo");
-        ppdMarkDefaults(ppd.get());
-        EXPECT_EQ(ppdConflicts(ppd.get()), 0);
-        if (ppdFindOption(ppd.get(), "StapleLocation")) {
-            ppdMarkOption(ppd.get(), "MediaType", "Transparency");
-            EXPECT_GT(ppdMarkOption(ppd.get(), "StapleLocation", "SinglePortrait"), 0);
-        }
-        // libcups itself keeps the texts of one language only.
-        const std::string text = ReadFile(file.path());
-        std::istringstream named(ppdFindAttr(ppd.get(), "cupsLanguages", nullptr)->value);
-        std::vector<std::string> languages(std::istream_iterator<std::string>(named), {});
-        std::ranges::sort(languages);
-        EXPECT_EQ(languages, Languages());
-        std::erase(languages, "en");
-        for (const std::string& language : languages) {
-            ForEachOption(ppd.get(), [&](const ppd_option_t& option) {
-                for (int i = 0; i < option.num_choices; ++i) {
-                    const std::string choice = option.choices[i].choice;
-                    if (choice == "Custom") continue;
-                    const std::string line = "*" + language + "." + option.keyword + " " + choice;
+    ForEachFile(SamplePPD("any").parent_path(), {".ppd"}, [](const std::filesystem::path& file) {
+        SCOPED_TRACE(file);
+        const std::string text = ReadFile(file);
+        EXPECT_TRUE(Contains(text, "*Manufacturer: \"Kalmo\""));
+        const Printer printer = ReadPrinter(file);
+        const auto rules = PPDConstraints::Open(file, nullptr);
+        EXPECT_TRUE(rules->conflicts({}).empty());
+        EXPECT_EQ(
+            rules->conflicts({{"MediaType", "Transparency"}, {"StapleLocation", "SinglePortrait"}})
+                .empty(),
+            !printer.contains("StapleLocation"));
+        // A reader keeps the texts of one language only.
+        const std::string named = Matches(text, std::regex("cupsLanguages: \"(.*)\"")).at(0);
+        EXPECT_EQ(named.size() + 1, 3 * Languages().size()) << named;
+        for (const std::string& language : Languages()) {
+            EXPECT_TRUE(Contains(named, language)) << named;
+            if (language == "en") continue;
+            for (const auto& [keyword, set] : printer) {
+                for (const std::string& choice : set.choices) {
+                    const std::string line = "*" + language + "." + keyword + " " + choice;
                     EXPECT_TRUE(Contains(text, line + "/")) << line;
                 }
-            });
+            }
         }
-    }
+    });
 }
 
 }  // namespace

@@ -12,56 +12,39 @@ std::string Unescaped(std::string text) {
     return text;
 }
 
-std::string WithoutEntities(std::string text) {
-    for (const auto& [entity, character] : {std::pair{"&quot;", "\""},
-                                            {"&lt;", "<"},
-                                            {"&gt;", ">"},
-                                            {"&apos;", "'"},
-                                            {"&amp;", "&"}}) {
-        for (std::size_t at = 0; (at = text.find(entity, at)) != std::string::npos; ++at)
-            text.replace(at, std::string(entity).size(), character);
-    }
-    return text;
-}
-
 /// Key to the file that uses it.
 std::map<std::string, std::string> UsedKeys() {
     std::map<std::string, std::string> used;
     const std::regex calls(R"((?:CopyText|CopyTextIfPresent|NoticeKeys|\w+WithKeys)\b([^;]*);)");
     const std::regex constants(R"re(CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
     const std::regex rows(R"re(\{\s*CFSTR\(\s*"((?:[^"\\]|\\.)*)"\s*\))re");
-    // Tables of pictures name what each of them says.
-    const std::regex descriptions(R"re("(\w+Description)")re");
-    const std::regex itemRows(
-        R"re(\{(?:nullptr|CFSTR\("\w+"\)),\s*CFSTR\("([^"]+)"\),\s*k\w+Command)re");
-    const std::regex commandRows(R"re(\{CFSTR\("([^"]+)"\),\s*(?:k\w+|'....'))re");
-    const std::regex valueRows(R"re((?:\{\w+,\s*|return |fold, |punch, )CFSTR\("([^"]+)"\))re");
-    const std::regex titles(R"re(titleKey = "(\w+)")re");
+    const std::pair<const char*, std::regex> patternsByFile[] = {
+        // Tables of pictures name what each of them says.
+        {"", std::regex(R"re("(\w+Description)")re")},
+        {"", std::regex(R"re(titleKey = "(\w+)")re")},
+        {"setting_maps.cpp", rows},
+        {"saved_job_dialog.cpp", rows},
+        {"job_notes_controls.cpp", rows},
+        // The key stands behind a feature, before a command, or behind a value.
+        {"finishing_",
+         std::regex(R"re(\{(?:nullptr|CFSTR\("\w+"\)),\s*CFSTR\("([^"]+)"\),\s*k\w+Command)re")},
+        {"finishing_", std::regex(R"re(\{CFSTR\("([^"]+)"\),\s*(?:k\w+|'....'))re")},
+        {"finishing_",
+         std::regex(R"re((?:\{\w+,\s*|return |fold, |punch, )CFSTR\("([^"]+)"\))re")}};
     ForEachFile(kSources, {".cpp"}, [&](const std::filesystem::path& file) {
-        if (file.string().find("/platform/") != std::string::npos) return;
+        if (Contains(file, "/platform/")) return;
         const std::string text = ReadFile(file);
-        for (const std::string& call : Matches(text, calls)) {
+        for (const std::string& call : Matches(text, calls))
             for (const std::string& key : Matches(call, constants)) used[Unescaped(key)] = file;
-        }
-        for (const std::regex& pattern : {descriptions, titles})
-            for (const std::string& key : Matches(text, pattern)) used[key] = file;
-        const std::set<std::string> withMaps = {"setting_maps.cpp", "saved_job_dialog.cpp",
-                                                "job_notes_controls.cpp"};
-        if (withMaps.contains(file.filename())) {
-            for (const std::string& key : Matches(text, rows)) used[Unescaped(key)] = file;
-        }
-        // Menus and summaries of finishing: the key stands behind a feature, before a command, or
-        // behind a value.
-        if (file.filename().string().find("finishing_") != std::string::npos) {
-            for (const std::regex& pattern : {itemRows, commandRows, valueRows})
-                for (const std::string& key : Matches(text, pattern)) used[key] = file;
-        }
+        for (const auto& [name, pattern] : patternsByFile)
+            if (Contains(file.filename(), name))
+                for (const std::string& key : Matches(text, pattern)) used[Unescaped(key)] = file;
     });
     const std::regex properties(
         R"re(<property name="(?:textKey|nameKey|tipKey)"[^>]*>\s*<string[^>]*>([^<]*)</string>)re");
     ForEachFile(kResources, {".ui"}, [&](const std::filesystem::path& file) {
         for (const std::string& key : Matches(ReadFile(file), properties))
-            used[WithoutEntities(key)] = file;
+            used[QTextDocumentFragment::fromHtml(key.c_str()).toPlainText().toStdString()] = file;
     });
     return used;
 }
@@ -73,11 +56,6 @@ std::map<std::size_t, std::string> Places(const std::string& text) {
     for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end; ++match)
         places[(*match)[1].matched ? std::stoul((*match)[1]) : places.size() + 1] = (*match)[2];
     return places;
-}
-
-bool IsTrimmed(const std::string& text) {
-    const auto isBlank = [](unsigned char letter) { return std::isspace(letter) != 0; };
-    return !text.empty() && !isBlank(text.front()) && !isBlank(text.back());
 }
 
 /// One letter at most is pressed with Alt; Japanese texts have it in brackets at their end.
@@ -110,7 +88,7 @@ TEST(Texts, EveryUsedKeyHasATextInEveryLanguage) {
     ASSERT_GT(used.size(), 90u) << "the patterns above no longer fit the code";
     const StringsTable english = Table(kTables[0], "en"), fax = Table(kTables[1], "en");
     const auto isOfFax = [](const std::string& file) {
-        return file.find("/src/fax/") != std::string::npos || file.ends_with("LANFAX.ui");
+        return Contains(file, "/src/fax/") || file.ends_with("LANFAX.ui");
     };
     for (const auto& [key, file] : used)
         EXPECT_TRUE(english.texts.contains(key) || (isOfFax(file) && fax.texts.contains(key)))
@@ -159,7 +137,8 @@ TEST(Texts, TranslationsKeepKeysPlacesAndLetters) {
                 }
                 const std::string& text = found->second;
                 EXPECT_EQ(Places(original), Places(text));
-                EXPECT_TRUE(IsTrimmed(text)) << text;
+                EXPECT_FALSE(text.empty());
+                EXPECT_EQ(QString::fromStdString(text).trimmed().toStdString(), text);
                 const bool isPressed = (original + text).find('&') != std::string::npos;
                 EXPECT_EQ(HasLetter(text), isPressed) << text;
             }
