@@ -18,11 +18,6 @@ void* Symbol(const char* name) {
     return dlsym(module, name);
 }
 
-void* CreateInstance() {
-    return reinterpret_cast<PDEFactory>(Symbol("KalmoPDEPluginFactory"))(
-        kCFAllocatorDefault, UUID(kDialogExtensionTypeUUID));
-}
-
 /// Kept: executables stay loaded.
 CFBundleRef TestBundle() {
     static const CFBundleRef bundle = [] {
@@ -47,16 +42,18 @@ Diary News() {
 
 /// An open pane with the panels of these names.
 struct Pane : PaneDialog {
-    explicit Pane(const Names& names) : PaneDialog((Offer(names), CreateInstance())) {
+    explicit Pane(const Names& names) : PaneDialog(InstanceWith(names)) {
         EXPECT_EQ(initialize(), noErr);
         EXPECT_EQ(open(), noErr);
         News();
     }
-    static void Offer(const Names& names) {
+    static void* InstanceWith(const Names& names) {
         TestBundle();
         auto** table = static_cast<CFStringRef*>(Symbol("PanelInterfaces"));
         std::fill_n(table, 12, nullptr);
         std::ranges::copy(names, table);
+        return reinterpret_cast<PDEFactory>(Symbol("KalmoPDEPluginFactory"))(
+            kCFAllocatorDefault, UUID(kDialogExtensionTypeUUID));
     }
     QComboBox* selector() { return FindControl<QComboBox>(window, 'Kshl', 16); }
     QStringList titles() {
