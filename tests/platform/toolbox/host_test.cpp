@@ -56,13 +56,20 @@ struct HelpBook : testing::Test {
     static QTextBrowser& pages() { return *viewer()->findChild<QTextBrowser*>(); }
 
     std::filesystem::path folder = MakeFolder("help");
-    HelpViewerTexts texts;
+    HelpViewerTexts texts = {.title = "Hilfe",
+                             .page = "Hilfeseite",
+                             .back = "&Zurück",
+                             .forward = "&Vor",
+                             .contents = "&Inhalt"};
 };
 
-TEST_F(HelpBook, ShowsPagesOfTheBookAndNothingElse) {
+TEST_F(HelpBook, ShowsPagesOfTheBookAndNothingElseInTheLanguageOfItsProgram) {
     EXPECT_EQ(show("book/none.htm"), fnfErr);
     ASSERT_EQ(show("book/sub/page.htm", CFSTR("there")), noErr);
     EXPECT_EQ(pages().source().fragment(), "there");
+    EXPECT_EQ(MnemonicTexts(*viewer()), (std::vector<std::string>{"&Zurück", "&Vor", "&Inhalt"}));
+    EXPECT_EQ(viewer()->windowTitle() + pages().accessibleName(), "HilfeHilfeseite");
+    EXPECT_EQ(WindowFaults(*viewer(), Identities::notNeeded), std::vector<std::string>());
     const QUrl page = pages().source();
     for (const char* link : {"../../outside.htm", "http://localhost/", "file:///etc/passwd"}) {
         SCOPED_TRACE(link);
@@ -78,18 +85,6 @@ TEST_F(HelpBook, ShowsPagesOfTheBookAndNothingElse) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(viewer()));
     QTest::keyClick(viewer(), Qt::Key_Left, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([] { return pages().source().fileName() == "page.htm"; }));
-}
-
-TEST_F(HelpBook, SpeaksTheLanguageOfItsProgram) {
-    texts = {.title = "Hilfe",
-             .page = "Hilfeseite",
-             .back = "&Zurück",
-             .forward = "&Vor",
-             .contents = "&Inhalt"};
-    ASSERT_EQ(show("book/index.htm"), noErr);
-    EXPECT_EQ(MnemonicTexts(*viewer()), (std::vector<std::string>{"&Zurück", "&Vor", "&Inhalt"}));
-    EXPECT_EQ(viewer()->windowTitle() + pages().accessibleName(), "HilfeHilfeseite");
-    EXPECT_EQ(WindowFaults(*viewer(), Identities::notNeeded), std::vector<std::string>());
 }
 
 /// A dialog under a Presence with windows.

@@ -59,32 +59,25 @@ protected:
 
 TEST_F(Lists, TheUserSelectsInAnOrderThatIsKept) {
     constexpr int kClick = 0;
-    const struct {
-        const char* why;
-        int key, row;
-        Qt::KeyboardModifiers with;
-        Items selected;
-        ListItem anchor;
-        const char* record;
-    } steps[] = {
-        {"one", kClick, 4, {}, {5}, 5, "s"},
-        {"more", kClick, 1, Qt::ControlModifier, {5, 2}, 2, "s"},
-        {"one less", kClick, 4, Qt::ControlModifier, {2}, 2, "s"},
-        {"a range, in the list's order", Qt::Key_Up, 0, Qt::ShiftModifier, {2, 4, 5}, 4, "s"},
-        {"many are not opened", Qt::Key_Return, 0, {}, {2, 4, 5}, 4, ""},
-        {"again one", kClick, 2, {}, {3}, 3, "s"},
-        {"opened", Qt::Key_Enter, 0, Qt::KeypadModifier, {3}, 3, "o"},
-        {"letters search nothing", Qt::Key_P, 0, {}, {3}, 3, ""},
-    };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.why);
+    const std::tuple<const char*, int, int, Qt::KeyboardModifiers, Items, ListItem, const char*>
+        steps[] = {
+            {"one", kClick, 4, {}, {5}, 5, "s"},
+            {"more", kClick, 1, Qt::ControlModifier, {5, 2}, 2, "s"},
+            {"one less", kClick, 4, Qt::ControlModifier, {2}, 2, "s"},
+            {"a range, in the list's order", Qt::Key_Up, 0, Qt::ShiftModifier, {2, 4, 5}, 4, "s"},
+            {"many are not opened", Qt::Key_Return, 0, {}, {2, 4, 5}, 4, ""},
+            {"again one", kClick, 2, {}, {3}, 3, "s"},
+            {"opened", Qt::Key_Enter, 0, Qt::KeypadModifier, {3}, 3, "o"},
+            {"letters search nothing", Qt::Key_P, 0, {}, {3}, 3, ""},
+        };
+    for (const auto& [why, key, row, with, selection, anchor, told] : steps) {
+        SCOPED_TRACE(why);
         record.clear();
-        step.key == kClick
-            ? QTest::mouseClick(view->viewport(), Qt::LeftButton, step.with, inRow(step.row))
-            : QTest::keyClick(view, Qt::Key(step.key), step.with);
-        EXPECT_EQ(GetListSelection(list), step.selected);
-        EXPECT_EQ(GetListSelectionAnchor(list), step.anchor);
-        EXPECT_EQ(record, step.record);
+        key == kClick ? QTest::mouseClick(view->viewport(), Qt::LeftButton, with, inRow(row))
+                      : QTest::keyClick(view, Qt::Key(key), with);
+        EXPECT_EQ(GetListSelection(list), selection);
+        EXPECT_EQ(GetListSelectionAnchor(list), anchor);
+        EXPECT_EQ(record, told);
     }
     SetListSelection(list, {7, 3, 0, 200'000, 7});
     EXPECT_EQ(GetListSelection(list), (Items{7, 3}));

@@ -101,10 +101,7 @@ INSTANTIATE_TEST_SUITE_P(, Fields,
 TEST_P(Fields, EveryInputComesBeforeItChangesTheText) {
     QGuiApplication::clipboard()->setText("\n1\r\n2\n");
     const QString& pasted = GetParam().pasted;
-    const struct {
-        QString seen, after;
-        void (*act)(QWidget&);
-    } rows[] = {
+    const std::tuple<QString, QString, void (*)(QWidget&)> rows[] = {
         {pasted, "a" + pasted + "c", [](auto& w) { QTest::keySequence(&w, QKeySequence::Paste); }},
         {"\b", "ac", [](auto& w) { QTest::keySequence(&w, QKeySequence::Cut); }},
         {"x", "axc", [](auto& w) { QTest::keyClick(&w, 'x'); }},
@@ -112,19 +109,19 @@ TEST_P(Fields, EveryInputComesBeforeItChangesTheText) {
         {"d ", "d abc", Drop},
         {"ka", "akac", Compose},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.seen.toStdString());
+    for (const auto& [seen, changed, act] : rows) {
+        SCOPED_TRACE(seen.toStdString());
         for (const bool refused : {true, false}) {
             SetControlTitleWithCFString(control, CFSTR("abc"));
             SetControlTextSelection(control, {1, 1});
             EXPECT_EQ(GetControlTextSelection(control).location, 1);
             record.clear();
             refuses = refused;
-            row.act(*field);
-            EXPECT_EQ(record, row.seen);
-            EXPECT_EQ(text(), refused ? "abc" : row.after);
+            act(*field);
+            EXPECT_EQ(record, seen);
+            EXPECT_EQ(text(), refused ? "abc" : changed);
         }
-        EXPECT_EQ(after, row.after) << "done when the rest has been called";
+        EXPECT_EQ(after, changed) << "done when the rest has been called";
     }
 }
 
