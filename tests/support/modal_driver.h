@@ -25,8 +25,6 @@ public:
     void expectPress(const QString& text);
     /// All that was expected came, and nothing else.
     [[nodiscard]] bool done() const { return answers_.empty() && faults_.isEmpty(); }
-    /// What went wrong, one line each.
-    [[nodiscard]] const QStringList& faults() const { return faults_; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
