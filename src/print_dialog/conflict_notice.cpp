@@ -111,12 +111,13 @@ void ConflictNotice::change() {
 }
 
 void ConflictNotice::undo() {
-    const ConflictReport report = report_;
     host_.sync(kSyncToTicket);
     host_.writeChoices(before_);
-    Q_EMIT ticketsChanged();
-    report_ = report;
-    showReport();
+    Q_EMIT ticketsChanged();  // the window then clears the band
+    // What the user has changed in the pane meanwhile may have ended the conflict.
+    report_ = CheckConflicts(host_);
+    if (!report_.conflicts.empty()) return showReport();
+    Q_EMIT solved();
 }
 
 void ConflictNotice::showReport() {

@@ -4,6 +4,8 @@
 
 #include "print_dialog/color_options.h"
 #include "print_dialog/window_texts.h"
+#include "settings/ticket.h"
+#include "settings/ticket_keys.h"
 
 namespace kalmo {
 namespace {
@@ -20,6 +22,12 @@ std::vector<PPDSelection> ChosenInTickets(const PrintJobHost& host) {
     chosen.push_back({kPaperSize, host.ppdChoice(kPaperSize)});
     std::erase_if(chosen, [](const PPDSelection& each) { return each.choice.empty(); });
     return chosen;
+}
+
+/// What the job cannot be without, whatever the printer would rather have: a booklet its two sides.
+std::vector<std::string> KeptOptions(const PrintJobHost& host) {
+    const bool booklet = host.hasPane() && FlagInTicket(host.printSettings(), kBookletLayoutKey);
+    return booklet ? std::vector<std::string>{"Duplex"} : std::vector<std::string>{};
 }
 
 template <typename Rows>
@@ -71,7 +79,7 @@ ConflictReport CheckConflicts(const PrintJobHost& host) {
         report.conflicts.push_back(Named(*host.description(), conflict));
     }
     if (report.conflicts.empty()) return report;
-    if (const auto changes = constraints->resolution(chosen)) {
+    if (const auto changes = constraints->resolution(chosen, KeptOptions(host))) {
         report.changes = Named(*host.description(), *changes);
     }
     return report;

@@ -82,6 +82,23 @@ TEST(Conflicts, EndInThePaneWithoutAnotherChange) {
     }
 }
 
+TEST(Conflicts, EndWithoutTakingABookletItsTwoSides) {
+    HostedPane pane;
+    pane.choose(SamplePPD("kalmo-production"));
+    ASSERT_EQ(pane.begin(), noErr);
+    for (const char* booklet : {"<false/>", "<true/>"}) {
+        ASSERT_TRUE(pane.host.readTicket(
+            TicketFile(std::string("<key>com.kalmo.print.BookletLayout</key>") + booklet,
+                       "<key>Duplex</key><string>DuplexTumble</string>"
+                       "<key>MediaType</key><string>Labels</string>")));
+        pane.host.sync(kSyncToTicket);
+        const auto report = CheckConflicts(pane.host);
+        ASSERT_FALSE(report.conflicts.empty() || report.changes.empty());
+        const bool givesUpTwoSides = report.changes.front().keywords.option == "Duplex";
+        EXPECT_EQ(givesUpTwoSides, booklet == std::string("<false/>"));
+    }
+}
+
 TEST(TheDialogsOwnChoices, LeaveTheRotationAsItIs) {
     HostedPane pane;
     pane.choose(SamplePPD("kalmo-office-color"));

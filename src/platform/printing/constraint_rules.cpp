@@ -69,13 +69,14 @@ auto ReluctanceTo(OptionChoice change, const ConstrainedOption& option,
 /// Goes through ever more changes, deeper by one each time; each step ends one broken rule.
 class ChangeSearch final {
 public:
-    ChangeSearch(const ConstraintRules& rules, ChosenIndices chosen)
+    ChangeSearch(const ConstraintRules& rules, ChosenIndices chosen, const std::vector<int>& kept)
         : rules_(rules), chosen_(std::move(chosen)), isFree_(chosen_.size()) {
         for (const ConstraintRule* rule : rules.broken(chosen_)) {
             for (const OptionChoice& term : rule->terms) {
                 At(isFree_, term.option) = !At(rules.options(), term.option).isInstalled;
             }
         }
+        for (const int option : kept) At(isFree_, option) = false;
     }
 
     std::optional<std::vector<OptionChoice>> run() {
@@ -194,6 +195,6 @@ std::vector<OptionChoice> ConstraintRules::waysOut(const ConstraintRule& rule,
 }
 
 std::optional<std::vector<OptionChoice>> ConstraintRules::fewestChanges(
-    const ChosenIndices& chosen) const {
-    return ChangeSearch(*this, chosen).run();
+    const ChosenIndices& chosen, const std::vector<int>& kept) const {
+    return ChangeSearch(*this, chosen, kept).run();
 }

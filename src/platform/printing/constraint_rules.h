@@ -51,9 +51,10 @@ public:
 
     /// The fewest changes of options in broken rules after which none is broken. Of equally few:
     /// what the printer prefers; another paper size last; then off, the default, the first choice.
+    /// None of the options `kept`.
     /// Nothing when there are none, or when finding them takes far longer than any printer's rules.
     [[nodiscard]] std::optional<std::vector<OptionChoice>> fewestChanges(
-        const ChosenIndices& chosen) const;
+        const ChosenIndices& chosen, const std::vector<int>& kept = {}) const;
 
     /// The changes worth trying to take `rule` out of force, best first; `isFree` by
     /// option. Of choices that all rules treat alike, the best one.

@@ -132,6 +132,8 @@ std::vector<ConstraintRule> RulesOf(const std::vector<WrittenConstraint>& constr
 
 class FileConstraints final : public PPDConstraints {
 public:
+    using PPDConstraints::resolution;
+
     explicit FileConstraints(const WrittenConstraints& written)
         : numbers_(written.options),
           rules_(numbers_.options(), RulesOf(written.constraints, numbers_)) {}
@@ -151,8 +153,14 @@ public:
     }
 
     [[nodiscard]] std::optional<std::vector<PPDSelection>> resolution(
-        const std::vector<PPDSelection>& chosen) const override {
-        const auto changes = rules_.fewestChanges(indicesOf(chosen));
+        const std::vector<PPDSelection>& chosen,
+        const std::vector<std::string>& kept) const override {
+        std::vector<int> keptIndices;
+        for (const std::string& option : kept) {
+            if (const auto found = numbers_.find({option, {}}))
+                keptIndices.push_back(found->option);
+        }
+        const auto changes = rules_.fewestChanges(indicesOf(chosen), keptIndices);
         if (!changes) return std::nullopt;
         std::vector<PPDSelection> selections;
         for (const OptionChoice& change : *changes) selections.push_back(named(change));

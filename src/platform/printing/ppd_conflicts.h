@@ -32,10 +32,14 @@ public:
     [[nodiscard]] virtual std::vector<PPDConflict> conflicts(
         const std::vector<PPDSelection>& chosen) const = 0;
     /// The fewest changes after which there is no conflict; none of an option that is in no
-    /// conflict, none of what is installed in the printer. Empty without a conflict; nothing when
-    /// no changes end them all.
+    /// conflict, none of what is installed in the printer, none of the options `kept`. Empty
+    /// without a conflict; nothing when no changes end them all.
     [[nodiscard]] virtual std::optional<std::vector<PPDSelection>> resolution(
-        const std::vector<PPDSelection>& chosen) const = 0;
+        const std::vector<PPDSelection>& chosen, const std::vector<std::string>& kept) const = 0;
+    [[nodiscard]] std::optional<std::vector<PPDSelection>> resolution(
+        const std::vector<PPDSelection>& chosen) const {
+        return resolution(chosen, {});
+    }
 };
 
 #pragma GCC visibility pop
