@@ -7,11 +7,14 @@
 
 #include "job_ticket/attachment.h"
 #include "print_dialog/conflicts.h"
+#include "print_dialog/job_paper.h"
 #include "print_dialog/job_summary.h"
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
 namespace {
+
+constexpr int kLongestOption = 2000;
 
 /// All that there is to tell.
 struct Rehearsal {
@@ -30,7 +33,8 @@ std::string Section(const std::string& title, const std::vector<std::string>& li
 
 std::string AsText(const Rehearsal& job) {
     std::vector<std::string> options;
-    for (const auto& [name, value] : job.order.options) options.push_back(name + "=" + value);
+    for (const auto& [name, value] : job.order.options)
+        options.push_back(ShownText(name + "=" + value, kLongestOption));
     auto conflicts = ConflictLines(job.report);
     for (auto& line : ChangeLines(job.report)) conflicts.push_back(std::move(line));
     return job.summary.text() + Section(HostText("Summary options"), options) +

@@ -5,8 +5,8 @@
 #include <array>
 #include <cmath>
 
-#include "foundation/locale.h"
 #include "print_dialog/color_options.h"
+#include "print_dialog/papers.h"
 #include "print_dialog/summary_phrases.h"
 #include "print_dialog/window_texts.h"
 #include "settings/dictionary.h"
@@ -17,13 +17,13 @@
 namespace kalmo {
 namespace {
 
-constexpr int kLongestText = 120;
 /// What a ticket's number for "not set" is; WriteTicketValue writes it as any other.
 constexpr SInt32 kNotSet = INT32_MIN;
 constexpr SInt32 kCustomSize = 75, kCustomColor = 10, kFromInserter = 10;
 constexpr SInt32 kPrecutTabs = 4, kCustomTabs = 6, kCustomType = 7;
 /// Tenths of a millimetre; wider or longer paper there is none.
 constexpr SInt32 kLongestSide = 200000;
+constexpr double kTenthsPerPoint = 254.0 / 72;
 
 constexpr std::array<std::string_view, 3> kLeftToPrinter = {"PrinterDefault", "SystemDefault",
                                                             "PrinterDefaultColor"};
@@ -41,13 +41,6 @@ std::string TextOfNumber(const PrintJobHost& host, CFStringRef option,
                   : std::string();
 }
 
-std::string LengthText(SInt32 tenths) {
-    const bool metric = CFLocaleUsesMetricSystem();
-    return CFStringToUTF8(
-        Owned<CFStringRef>::Adopt(metric ? CFLocaleCreateStringFromNumber(tenths / 10.0, 0, 1)
-                                         : CFLocaleCreateStringFromNumber(tenths / 254.0, 0, 2)));
-}
-
 std::string SizeText(const PrintJobHost& host, CFDictionaryRef stock) {
     const auto size = NumberIn(stock, CFSTR("Size"));
     if (size != kCustomSize) return TextOfNumber(host, CFSTR("PageSize"), size);
@@ -55,9 +48,7 @@ std::string SizeText(const PrintJobHost& host, CFDictionaryRef stock) {
     const SInt32 length = NumberIn(stock, CFSTR("Length")).value_or(0);
     const bool known = std::min(width, length) > 0 && std::max(width, length) <= kLongestSide;
     if (!known) return HostText("Summary custom size");
-    return CFLocaleUsesMetricSystem()
-               ? HostText("Summary millimetres", {LengthText(width), LengthText(length)})
-               : HostText("Summary inches", {LengthText(width), LengthText(length)});
+    return PaperSizeText(width / kTenthsPerPoint, length / kTenthsPerPoint);
 }
 
 /// In the user's words, or of tabs; empty for the types that the printer has words for.
@@ -122,15 +113,15 @@ JobPaper OwnPaper(const PrintJobHost& host, CFDictionaryRef stock) {
 
 }  // namespace
 
-std::string ShownText(const std::string& text) {
-    QString shown = QString::fromStdString(text.substr(0, 4 * kLongestText));
+std::string ShownText(const std::string& text, int longest) {
+    QString shown = QString::fromStdString(text.substr(0, 4 * static_cast<std::size_t>(longest)));
     // Nothing that ends a line, steers a terminal or turns the reading direction.
     for (QChar& character : shown) {
         if (!character.isPrint() && !character.isSurrogate()) character = ' ';
     }
     shown = shown.simplified();
-    if (shown.size() > kLongestText) {
-        const int end = kLongestText - (shown[kLongestText - 1].isHighSurrogate() ? 1 : 0);
+    if (shown.size() > longest) {
+        const int end = longest - (shown[longest - 1].isHighSurrogate() ? 1 : 0);
         shown = shown.left(end) + "…";
     }
     return shown.toStdString();
@@ -147,7 +138,10 @@ std::string ShownChoice(const PrintJobHost& host, const std::string& option,
         return ShownText(row == rows.end() || row->text.empty() ? choice : row->text);
     };
     if (!host.description()) return ShownText(choice);
-    if (option == "PageSize") return textIn(host.description()->papers);
+    if (option == "PageSize") {
+        const auto paper = FindPaper(*host.description(), choice);
+        return ShownText(paper && !paper->text.empty() ? paper->text : choice);
+    }
     const auto* known = FindOption(*host.description(), option);
     return known ? textIn(known->choices) : ShownText(choice);
 }

@@ -11,9 +11,11 @@
 
 namespace kalmo {
 
-/// One line without control characters, cut to a length that a window can show.
+/// What a window can show in a line.
+inline constexpr int kLongestText = 120;
+/// One line without control characters, cut where it is longer.
 [[nodiscard]] std::string ShownText(CFStringRef text);
-[[nodiscard]] std::string ShownText(const std::string& text);
+[[nodiscard]] std::string ShownText(const std::string& text, int longest = kLongestText);
 
 /// The printer's text for a choice, in the user's language; the keyword where it has none. Empty
 /// for a choice that leaves it to the printer.

@@ -90,16 +90,22 @@ private:
         const JobSettings& settings = host_.settings();
         const PlanInput& plan = contents_.plan;
         add("copies", HostText("Summary copies"), CopiesPhrase(settings));
-        if (!summary_.plan.sheets.empty())
+        // The plan knows booklets on both sides; another one is for the printer to make sense of.
+        const bool odd = plan.booklet && plan.sides == PrintedSides::one;
+        if (!summary_.plan.sheets.empty() && !odd)
             add("sheets", HostText("Summary sheets"), SheetsPhrase(summary_.plan));
         if (plan.booklet) {
-            add("booklet", HostText("Summary booklet"), HostText("Summary booklet layout"));
+            add("booklet", HostText("Summary booklet"),
+                odd ? HostText("Summary booklet two-sided off")
+                    : HostText("Summary booklet layout"));
         } else {
             add("sides", HostText("Summary sides"), SidesPhrase(plan.sides));
         }
+        // A side of a booklet holds two places.
+        const int places = plan.booklet ? 2 : 1;
         if (settings.pagesPerSheet > 1)
             add("pages-per-side", HostText("Summary pages per side"),
-                std::to_string(settings.pagesPerSheet));
+                std::to_string(places * settings.pagesPerSheet));
     }
 
     /// Where the document's pages lie on different papers, each paper with its pages.
@@ -159,8 +165,9 @@ private:
             inserts.push_back(NamedPhrase(InsertPhrase(insert), paperText(insert.paper)));
         for (const PageChange& change : contents_.changes) {
             const int paper = change.where.paper;
-            const auto phrase = ChangePhrase(change, paper > 0 ? paperText(paper) : "");
-            if (!phrase.empty()) exceptions.push_back(phrase);
+            const auto pages = PrintedOf(change.where.pages, plan);
+            const auto phrase = ChangePhrase(pages, change, paper > 0 ? paperText(paper) : "");
+            if (!pages.empty() && !phrase.empty()) exceptions.push_back(phrase);
         }
         addSome("insert", HostText("Summary insert"), inserts);
         addSome("exception", HostText("Summary exception"), exceptions);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "print_dialog/color_options.h"
+#include "print_dialog/papers.h"
 #include "print_dialog/reasons.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/window_texts.h"
@@ -292,8 +293,7 @@ void PrintJobHost::showPanel(const std::string& title) {
 PPDPaper PrintJobHost::paper() const {
     if (!description_) return {};
     const auto& wanted = settings_.paper.empty() ? description_->defaultPaper : settings_.paper;
-    const auto found = std::ranges::find(description_->papers, wanted, &PPDPaper::keyword);
-    return found == description_->papers.end() ? PPDPaper{} : *found;
+    return FindPaper(*description_, wanted).value_or(PPDPaper{});
 }
 
 PMTicketRef PrintJobHost::printSettings() const {

@@ -7,6 +7,7 @@
 namespace kalmo {
 
 void PrintWindow::updatePrint() {
+    summary_->setEnabled(!job_ && form_->isValid());
     const Destination& destination = form_->destination()->current();
     const bool ready = destination.kind == Destination::Kind::folder ||
                        (openingQueue_.empty() && host_.printer().name == destination.queue);
@@ -51,7 +52,7 @@ void PrintWindow::sendJob(std::function<bool()> approve) {
 }
 
 void PrintWindow::showSummary() {
-    if (form_->isValid()) host_.apply(form_->settings());
+    host_.apply(form_->settings());
     // Without a Sync back: what the pane shows stays as it is.
     host_.sync(kSyncToTicket);
     const QString note = host_.hasPane() ? QString() : WindowText("Summary without extension");
@@ -66,7 +67,6 @@ void PrintWindow::setSending(bool sending) {
     body_->setEnabled(!sending);
     help_->setEnabled(!sending);
     panels_->setEnabled(!sending);
-    summary_->setEnabled(!sending);
     updatePrint();
     if (sending) {
         cancel_->setFocus();

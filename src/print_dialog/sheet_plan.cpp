@@ -1,6 +1,7 @@
 #include "print_dialog/sheet_plan.h"
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 #include <tuple>
 
@@ -12,12 +13,9 @@ constexpr int kMostInsertSheets = 999;
 constexpr int kBookletPlaces = 4;
 
 std::vector<int> ChosenPages(const PlanInput& input) {
-    std::vector<PageRange> ranges = input.pages;
-    if (ranges.empty()) ranges = {{1, input.pageCount}};
     std::vector<int> chosen;
-    for (const PageRange& range : ranges) {
-        const int last = std::min(range.last, input.pageCount);
-        for (int page = std::max(range.first, 1); page <= last; ++page) chosen.push_back(page);
+    for (const PageRange& range : PrintedOf({1, input.pageCount}, input)) {
+        for (int page = range.first; page <= range.last; ++page) chosen.push_back(page);
     }
     return chosen;
 }
@@ -276,6 +274,18 @@ std::vector<SheetRun> SheetPlan::runs() const {
     }
     if (!runs.empty()) runs.back().pages = RangesOfPages(std::move(pages));
     return runs;
+}
+
+std::vector<PageRange> PrintedOf(const PageRange& pages, const PlanInput& input) {
+    const int count = input.pageCount > 0 ? input.pageCount : std::numeric_limits<int>::max();
+    std::vector<PageRange> printed = input.pages;
+    if (printed.empty()) printed = {{1, count}};
+    for (PageRange& range : printed) {
+        range = {std::max({range.first, pages.first, 1}),
+                 std::min({range.last, pages.last, count})};
+    }
+    std::erase_if(printed, [](const PageRange& range) { return range.first > range.last; });
+    return printed;
 }
 
 std::vector<PlanInsert> StandingInserts(const PlanInput& input) {

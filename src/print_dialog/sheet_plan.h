@@ -90,6 +90,9 @@ void AppendPages(const PlannedSheet& sheet, std::vector<int>& pages);
 /// Those of the input that come out, in their order; all of them without a document.
 [[nodiscard]] std::vector<PlanInsert> StandingInserts(const PlanInput& input);
 
+/// Those of `pages` that are printed, in order; without a document as far as it may have them.
+[[nodiscard]] std::vector<PageRange> PrintedOf(const PageRange& pages, const PlanInput& input);
+
 /// No sheets when no page is printed. Numbers outside their ranges count as the nearest end.
 [[nodiscard]] SheetPlan PlanSheets(const PlanInput& input);
 

@@ -140,11 +140,12 @@ std::string InsertPhrase(const PlanInsert& insert) {
                    HostText("Summary sheets after", {sheets, page}));
 }
 
-std::string ChangePhrase(const PageChange& change, const std::string& paper) {
+std::string ChangePhrase(const std::vector<PageRange>& pages, const PageChange& change,
+                         const std::string& paper) {
     const auto text = JoinedPhrases({change.where.sides ? SidesPhrase(*change.where.sides) : "",
                                      paper, Lightness(change.lightness),
                                      change.shifted ? HostText("Summary image shift") : ""});
-    return text.empty() ? text : NamedPhrase(PhraseOfPages({change.where.pages}), text);
+    return text.empty() ? text : NamedPhrase(PhraseOfPages(pages), text);
 }
 
 std::string JobTypePhrase(const JobContents& contents) {

@@ -28,7 +28,8 @@ namespace kalmo {
 /// "2 sheets after page 3".
 [[nodiscard]] std::string InsertPhrase(const PlanInsert& insert);
 /// "Pages 5-8: 1-sided, Blue"; empty where nothing changes. `paper` is empty for the job's own.
-[[nodiscard]] std::string ChangePhrase(const PageChange& change, const std::string& paper);
+[[nodiscard]] std::string ChangePhrase(const std::vector<PageRange>& pages,
+                                       const PageChange& change, const std::string& paper);
 /// "Secure print, passcode set". Never the passcode, nor who receives a fax.
 [[nodiscard]] std::string JobTypePhrase(const JobContents& contents);
 [[nodiscard]] std::string ExtraSheetsPhrase(const JobContents& contents);
