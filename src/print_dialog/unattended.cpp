@@ -131,7 +131,9 @@ private:
     ExitCode startPane() {
         const OSStatus status = host_.begin(window_.pane());
         if (status == fnfErr) return Stop(kExitFailed, HostText("Plug-in unfit"));
-        if (status != noErr) return kExitFailed;  // the extension has said why
+        if (status != noErr) {
+            return Stop(kExitFailed, HostText("Not a Kalmo printer", {host_.printer().name}));
+        }
         if (commandLine_.phase == Phase::open) host_.open();
         return kExitDone;
     }

@@ -90,7 +90,10 @@ TEST_F(KalmoPrintTest, AnotherMakersPrinterIsRefused) {
         const auto end = run({"--no-dialog", "--ppd", WritePPD(maker), "--write-ticket", written,
                               "--output", output_, document_});
         EXPECT_EQ(end.exitCode, 1);
-        EXPECT_EQ(end.errors, "Initialize()::GetTicketFromSession() failed.\n");
+        EXPECT_EQ(end.errors,
+                  "Initialize()::GetTicketFromSession() failed.\n"
+                  "kalmo-print: “printer” is not a Kalmo printer; print on it from the "
+                  "window, without --no-dialog\n");
         EXPECT_FALSE(exists(written));
         EXPECT_TRUE(fs::is_empty(output_));
     }
