@@ -1,5 +1,7 @@
 #include "print_dialog/preset_commands.h"
 
+#include <utility>
+
 #include "print_dialog/preset_name_dialog.h"
 #include "print_dialog/window_texts.h"
 
@@ -18,8 +20,9 @@ PresetCommands::PresetCommands(PrintJobHost& host, PresetChoice& row, WhenPaneIs
     : host_(host), row_(row), whenPaneIsFree_(std::move(whenPaneIsFree)) {
     connect(&row_, &PresetChoice::presetChosen, this, [this](const Preset& preset) {
         whenPaneIsFree_([=, this] {
-            ownSettings_ = true;
-            apply(preset, Tell::all);
+            choose(preset);
+            apply(preset_, Tell::all);
+            rememberSettings();
         });
     });
     connect(&row_, &PresetChoice::printersDefaultsChosen, this,
@@ -32,12 +35,20 @@ PresetCommands::PresetCommands(PrintJobHost& host, PresetChoice& row, WhenPaneIs
 
 Outcome PresetCommands::begin(const CommandLine& commandLine) {
     ppd_ = commandLine.ppd;
-    ownSettings_ = !commandLine.ticket.empty();
-    if (ownSettings_) row_.show({});
+    if (!commandLine.ticket.empty()) {
+        settingsChosen();
+        row_.show({});
+    }
     if (commandLine.preset.empty()) return {};
-    named_.emplace();
-    const auto found = FindPreset(commandLine.preset, &*named_);
-    return found ? CheckPreset(*named_) : found;
+    Preset named;
+    const auto found = FindPreset(commandLine.preset, &named);
+    choose(named);
+    return found ? CheckPreset(preset_) : found;
+}
+
+void PresetCommands::choose(const Preset& preset) {
+    basis_ = Basis::preset;
+    preset_ = preset;
 }
 
 std::string PresetCommands::queue() const {
@@ -51,32 +62,46 @@ std::optional<Preset> PresetCommands::firstSettings() const {
 }
 
 void PresetCommands::ready() {
-    if (!ownSettings_) {
-        // Towards the tickets alone: nothing of the pane changes.
-        host_.sync(kSyncToTicket);
-        fingerprint_ = SettingsFingerprint(host_);
-    }
+    rememberSettings();
     load();
+}
+
+void PresetCommands::rememberSettings() {
+    // Towards the tickets alone: nothing of the pane changes.
+    host_.sync(kSyncToTicket);
+    fingerprint_ = SettingsFingerprint(host_);
 }
 
 void PresetCommands::load() { row_.load(queue()); }
 
 void PresetCommands::printerLeaves() {
-    if (ownSettings_ || host_.printer().name.empty()) return;
-    ownSettings_ = SettingsFingerprint(host_) != fingerprint_;
-    if (ownSettings_) return;
+    if (host_.printer().name.empty()) return;
+    if (basis_ != Basis::own && SettingsFingerprint(host_) != fingerprint_) {
+        settingsChosen();
+        row_.show({});
+    }
+    choices_ = basis_ == Basis::own ? ChosenInWords(host_) : std::vector<NamedChoice>();
+    if (basis_ == Basis::own) return;
     ApplyPrintersDefaults(host_);
     Q_EMIT applied();
 }
 
 void PresetCommands::printerCame() {
-    if (named_) {
-        ownSettings_ = true;
-        apply(*std::exchange(named_, std::nullopt), Tell::all);
-    } else if (!ownSettings_) {
-        const auto first = firstSettings();
-        first ? apply(*first, Tell::faults) : row_.showPrintersDefaults();
+    if (basis_ == Basis::own) return tellLostChoices();
+    if (basis_ == Basis::preset) return apply(Preset(preset_), Tell::all);
+    const auto first = basis_ == Basis::first ? firstSettings() : std::nullopt;
+    first ? apply(*first, Tell::faults) : row_.showPrintersDefaults();
+}
+
+void PresetCommands::tellLostChoices() {
+    std::vector<std::string> lost;
+    if (host_.description()) {
+        for (const NamedChoice& each : std::exchange(choices_, {})) {
+            if (host_.ppdChoice(each.choice.option) != each.choice.choice)
+                lost.push_back(each.words);
+        }
     }
+    Q_EMIT told(NotApplied(lost));
 }
 
 void PresetCommands::apply(const Preset& preset, Tell what) {
@@ -84,17 +109,21 @@ void PresetCommands::apply(const Preset& preset, Tell what) {
     const auto outcome = ApplyPreset(host_, preset, &notApplied);
     if (what == Tell::faults) notApplied.clear();
     Q_EMIT told(outcome ? NotApplied(notApplied) : QString::fromStdString(outcome.error));
-    if (!outcome) return row_.show({});
+    if (!outcome) {
+        if (basis_ == Basis::preset) settingsChosen();
+        return row_.show({});
+    }
     row_.show(preset);
     Q_EMIT applied();
 }
 
 void PresetCommands::applyPrintersDefaults() {
     ApplyPrintersDefaults(host_);
-    ownSettings_ = true;
+    basis_ = Basis::defaults;
     row_.showPrintersDefaults();
     Q_EMIT told({});
     Q_EMIT applied();
+    rememberSettings();
 }
 
 void PresetCommands::save() {
@@ -105,7 +134,9 @@ void PresetCommands::save() {
         [bytes = PresetBytes(host_)](const std::string& name) { return SavePreset(name, bytes); },
         window());
     dialog.askBeforeReplacing(row_.presets());
-    if (dialog.exec() == QDialog::Accepted) showSaved(dialog.name());
+    if (dialog.exec() != QDialog::Accepted) return;
+    showSaved(dialog.name());
+    fingerprint_ = SettingsFingerprint(host_);
 }
 
 void PresetCommands::rename(const Preset& preset) {
@@ -117,14 +148,19 @@ void PresetCommands::rename(const Preset& preset) {
 
 void PresetCommands::showSaved(const std::string& name) {
     Preset saved;
-    if (FindPreset(name, &saved)) row_.show(saved);
+    if (FindPreset(name, &saved)) {
+        choose(saved);
+        row_.show(saved);
+    }
     load();
 }
 
 void PresetCommands::remove(const Preset& preset) {
     const QString question = WindowText("Delete preset?", {QString::fromStdString(preset.name)});
     if (!AskToDestroy(window(), question, WindowText("Delete"))) return;
-    Q_EMIT told(QString::fromStdString(DeletePreset(preset).error));
+    const auto deleted = DeletePreset(preset);
+    if (deleted && basis_ == Basis::preset && preset_ == preset) settingsChosen();
+    Q_EMIT told(QString::fromStdString(deleted.error));
     load();
 }
 

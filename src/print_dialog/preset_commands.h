@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "print_dialog/command_line.h"
+#include "print_dialog/foreign_settings.h"
 #include "print_dialog/preset_choice.h"
 #include "print_dialog/print_job_host.h"
 
@@ -31,9 +32,11 @@ public:
     /// Another printer comes; the tickets hold what the pane showed.
     void printerLeaves();
     /// Printer and pane are new. The first one's settings are those of the command line, of its
-    /// last use, or of the site; those of a later one likewise, unless the user has chosen
-    /// something meanwhile, which then stays.
+    /// last use, or of the site; those of a later one likewise. What the user has chosen stays: a
+    /// preset is applied anew, and of other choices those that the printer has.
     void printerCame();
+    /// The user has chosen something before there was a printer.
+    void settingsChosen() { basis_ = Basis::own; }
     /// The tickets are those of the job that was just printed.
     void jobPrinted() const;
 
@@ -49,10 +52,14 @@ private:
     /// What a printer does not have is told where the user has named the settings.
     enum class Tell { all, faults };
     void apply(const Preset& preset, Tell what);
+    void choose(const Preset& preset);
+    void tellLostChoices();
+    void rememberSettings();
     void applyPrintersDefaults();
     void save();
     void rename(const Preset& preset);
     void remove(const Preset& preset);
+    /// The settings are those of this own preset.
     void showSaved(const std::string& name);
     void load();
     /// Empty for a PPD file that was named in place of a queue.
@@ -63,10 +70,18 @@ private:
     PrintJobHost& host_;
     PresetChoice& row_;
     const WhenPaneIsFree whenPaneIsFree_;
+    /// Where the settings come from that hold now.
+    enum class Basis {
+        first,     // the printer's last use, the site, or the printer
+        preset,    // what the user has named or chosen
+        defaults,  // the printer's, chosen by the user
+        own,       // the user's alone
+    };
     std::string ppd_;
-    std::optional<Preset> named_;  // by the command line, until it was applied
-    bool ownSettings_ = false;     // nobody but the user says what holds now
-    std::string fingerprint_;      // of the settings that came without the user
+    Basis basis_ = Basis::first;
+    Preset preset_;                     // that of the basis
+    std::string fingerprint_;           // of the settings as they came from there
+    std::vector<NamedChoice> choices_;  // of the user's, as the printer before had them
 };
 
 }  // namespace kalmo

@@ -1,8 +1,8 @@
 #include "print_dialog/presets.h"
 
 #include <algorithm>
-#include <iterator>
 
+#include "print_dialog/foreign_settings.h"
 #include "print_dialog/reasons.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/window_texts.h"
@@ -11,9 +11,6 @@
 #include "settings/ticket.h"
 #include "settings/ticket_keys.h"
 #include "system/clock.h"
-
-/// In a preset: PPD main keyword to "OPTION: CHOICE", in words for people with another printer.
-#define kChoiceTextsKey CFSTR("com.kalmo.print.ChoiceTexts")
 
 namespace kalmo {
 namespace {
@@ -28,10 +25,12 @@ struct Place {
 /// What is for nobody else and for no other job; neither written nor read.
 const Place kPrivate[] = {
     {kJobTypeKey, CFSTR("SecurePrintPassword")},
+    {kJobTypeKey, CFSTR("SavedJobName")},
     {kFaxRecipientListKey},
     {kFaxOptionsKey, CFSTR("DialingPrefix")},
     {kFaxOptionsKey, CFSTR("CreditCard")},
     {kFaxOptionsKey, CFSTR("CustomRecipientText")},
+    {kFaxOptionsKey, CFSTR("CoverSheetNotes")},
     {CFSTR("com.apple.print.JobInfo")},
     {CFSTR("com.kalmo.print.nonce")},
     {CFSTR("com.kalmo.print.ClientInformation")},
@@ -41,13 +40,15 @@ const Place kPrivate[] = {
     {CFSTR("com.kalmo.print.JobNotesRecipient")},
 };
 /// What would surprise with the next job: thirty copies, no print until somebody comes to the
-/// printer, a message to somebody else.
+/// printer, a message to somebody else, other paper on pages of another document.
 const Place kOfOneJob[] = {
     {kDialogSettingsKey, kCopiesKey},
     {kJobTypeKey},
     {kFaxOptionsKey},
     {CFSTR("com.kalmo.print.JobNotesMessage")},
     {CFSTR("com.kalmo.print.JobNotesSheetMessage")},
+    {CFSTR("com.kalmo.print.SpecialPages.InsertList")},
+    {CFSTR("com.kalmo.print.SpecialPages.ExceptionList")},
 };
 /// What changes although nobody has chosen anything: the pane counts its rotation down.
 const Place kOfTheDocument[] = {{CFSTR("com.apple.print.JobInfo")}, {kRotateKey}};
@@ -60,8 +61,6 @@ const struct {
 } kLoginNames[] = {{CFSTR("com.kalmo.print.JobNotesSenderUseLoginName"),
                     CFSTR("com.kalmo.print.JobNotesSenderName")}};
 
-constexpr const char* kNothingChosen[] = {"None", "False", "Off", ""};
-constexpr std::size_t kLongestWords = 200;
 constexpr SInt64 kSecondsPerDay = 86'400;
 
 std::string Utf8(CFTypeRef value) {
@@ -73,14 +72,6 @@ std::vector<CFTypeRef> KeysOf(CFDictionaryRef dictionary) {
     std::vector<CFTypeRef> keys(static_cast<std::size_t>(CFDictionaryGetCount(dictionary)));
     CFDictionaryGetKeysAndValues(dictionary, keys.data(), nullptr);
     return keys;
-}
-
-/// A file's words go to a terminal and into a line of the window.
-std::string Printable(std::string words) {
-    if (words.size() > kLongestWords) words.resize(kLongestWords);
-    std::ranges::replace_if(
-        words, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; }, ' ');
-    return words;
 }
 
 SInt64 NextSuchTime(SInt64 moment) {
@@ -97,23 +88,25 @@ public:
         if (ReadTicketFile(session_, bytes, &reason)) return {};
         return {ReasonInWords(reason)};
     }
-    [[nodiscard]] std::string bytes(CFDictionaryRef extra = nullptr) const {
-        return WriteTicketFile(session_, extra);
+    [[nodiscard]] std::string bytes() const { return WriteTicketFile(session_, nullptr); }
+    /// With words for people whose printer does not have what that of `host` has.
+    [[nodiscard]] std::string bytesOf(const PrintJobHost& host) const {
+        if (!host.description()) return bytes();
+        return WriteTicketFile(session_, WordsForOtherPrinters(session_, *host.description()));
     }
     [[nodiscard]] PMTicketRef settings() const {
         return PMSessionGetTicket(session_, kPMPrintSettingsTicket);
     }
-    [[nodiscard]] CFMutableDictionaryRef choices() const {
-        CFMutableDictionaryRef choices = nullptr;
-        PMTicketGetPPDDict(settings(), &choices);
-        return choices;
-    }
-
     template <std::size_t Count>
     void leaveOut(const Place (&places)[Count]) const {
         for (const Place& place : places) {
             place.inner ? change(place, nullptr) : removeAll(CFStringToUTF8(place.key));
         }
+    }
+    /// A stored job of the next document has that one's name.
+    void useJobName() const {
+        if (DictionaryInTicket(settings(), kJobTypeKey))
+            change({kJobTypeKey, CFSTR("UseJobName")}, kCFBooleanTrue);
     }
     void leaveOutLoginNames() const {
         for (const auto& row : kLoginNames) {
@@ -143,6 +136,9 @@ public:
             change(place, Owned<CFNumberRef>::Adopt(
                               CFNumberCreate(kCFAllocatorDefault, kCFNumberSInt64Type, &moment)));
         }
+    }
+    std::vector<std::string> dropForeign(const PPDDescription* printer) const {
+        return DropForeignSettings(session_, printer);
     }
     void raiseRotation() const { RaiseRotation(session_); }
     /// So that what is not in it is that of a new dialog.
@@ -178,55 +174,10 @@ private:
     Owned<PMPrintSession> session_ = Owned<PMPrintSession>::Adopt(PMSessionCreate());
 };
 
-const PPDDescription& DescriptionOf(const PrintJobHost& host) {
-    static const PPDDescription nothing;
-    return host.description() ? *host.description() : nothing;
-}
-
-std::string PaperInWords(const PPDDescription& printer, const std::string& keyword) {
-    const auto paper = std::ranges::find(printer.papers, keyword, &PPDPaper::keyword);
-    return HostText("Paper size of", {paper == printer.papers.end() ? keyword : paper->text});
-}
-
-/// "OPTION: CHOICE", as far as the printer has words for them.
-std::string InWords(const PPDDescription& printer, const std::string& keyword,
-                    const std::string& choice) {
-    if (keyword == "PageSize") return PaperInWords(printer, choice);
-    const auto option = std::ranges::find(printer.options, keyword, &PPDOptionTexts::keyword);
-    if (option == printer.options.end()) return keyword + ": " + choice;
-    const auto named = std::ranges::find(option->choices, choice, &PPDChoiceText::keyword);
-    return option->text + ": " + (named == option->choices.end() ? choice : named->text);
-}
-
-Owned<CFMutableDictionaryRef> ChoiceTexts(const PPDDescription& printer, CFDictionaryRef choices) {
-    auto texts =
-        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
-    for (const CFTypeRef key : KeysOf(choices)) {
-        const std::string choice = Utf8(CFDictionaryGetValue(choices, key));
-        if (!HasChoice(printer, Utf8(key), choice)) continue;
-        const auto words =
-            Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(InWords(printer, Utf8(key), choice)));
-        CFDictionarySetValue(texts, key, words.get());
-    }
-    return texts;
-}
-
-/// Takes out what the printer does not have, and tells of it unless it chose nothing anyway.
-void DropForeign(const LooseTickets& tickets, const PPDDescription& printer,
-                 std::vector<std::string>* dropped) {
-    const auto texts =
-        Owned<CFDictionaryRef>::Retain(DictionaryInTicket(tickets.settings(), kChoiceTextsKey));
-    PMTicketReleaseItem(tickets.settings(), kChoiceTextsKey);
-    for (const CFTypeRef key : KeysOf(tickets.choices())) {
-        const std::string choice = Utf8(CFDictionaryGetValue(tickets.choices(), key));
-        if (HasChoice(printer, Utf8(key), choice)) continue;
-        const std::string words = Utf8(CFDictionaryGetValue(texts, key));
-        if (std::ranges::find(kNothingChosen, choice) == std::end(kNothingChosen)) {
-            dropped->push_back(
-                Printable(words.empty() ? InWords(printer, Utf8(key), choice) : words));
-        }
-        CFDictionaryRemoveValue(tickets.choices(), key);
-    }
+void LeaveOutPrivate(const LooseTickets& tickets) {
+    tickets.leaveOut(kPrivate);
+    tickets.leaveOutLoginNames();
+    tickets.useJobName();
 }
 
 Outcome ReadPreset(const Preset& preset, const LooseTickets& tickets) {
@@ -239,18 +190,9 @@ Outcome ReadPreset(const Preset& preset, const LooseTickets& tickets) {
 LooseTickets ToBeStored(const PrintJobHost& host) {
     LooseTickets tickets;
     static_cast<void>(tickets.read(host.ticketFile()));
-    tickets.leaveOut(kPrivate);
-    tickets.leaveOutLoginNames();
+    LeaveOutPrivate(tickets);
     tickets.takeColor(host.settings());
     return tickets;
-}
-
-std::string BytesFor(const PrintJobHost& host, const LooseTickets& tickets) {
-    const auto texts = ChoiceTexts(DescriptionOf(host), tickets.choices());
-    const auto extra =
-        Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0));
-    CFDictionarySetValue(extra, kChoiceTextsKey, texts.get());
-    return tickets.bytes(extra);
 }
 
 }  // namespace
@@ -258,14 +200,14 @@ std::string BytesFor(const PrintJobHost& host, const LooseTickets& tickets) {
 std::string PresetBytes(const PrintJobHost& host) {
     const LooseTickets tickets = ToBeStored(host);
     if (!host.settings().orientationChosen) tickets.leaveOutOrientation();
-    return BytesFor(host, tickets);
+    return tickets.bytesOf(host);
 }
 
 std::string LastSettingsBytes(const PrintJobHost& host) {
     const LooseTickets tickets = ToBeStored(host);
     tickets.leaveOut(kOfOneJob);
     tickets.leaveOutOrientation();
-    return BytesFor(host, tickets);
+    return tickets.bytesOf(host);
 }
 
 std::string SettingsFingerprint(const PrintJobHost& host) {
@@ -282,13 +224,11 @@ Outcome ApplyPreset(PrintJobHost& host, const Preset& preset,
                     std::vector<std::string>* notApplied) {
     const LooseTickets tickets;
     if (const auto read = ReadPreset(preset, tickets); !read) return read;
-    tickets.leaveOut(kPrivate);
-    tickets.leaveOutLoginNames();
+    LeaveOutPrivate(tickets);
     tickets.moveMoments();
     if (host.hasPane()) tickets.raiseRotation();
     tickets.completeDialogSettings();
-    notApplied->clear();
-    DropForeign(tickets, DescriptionOf(host), notApplied);
+    *notApplied = tickets.dropForeign(host.description());
     return host.readTicket(tickets.bytes());
 }
 

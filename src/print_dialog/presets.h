@@ -61,8 +61,8 @@ Outcome CheckPreset(const Preset& preset);
 /// Replaces the settings of the host's tickets by the preset's; a living pane shows them by one
 /// Sync towards it. What is in a preset's secret places is not taken over; a time that a job or fax
 /// waits for becomes the next such time of day; without an orientation there the host's stays.
-/// `notApplied`: what this printer does not have, "OPTION: CHOICE" in words. Fails with a line that
-/// names the file, changing nothing, when the file is none.
+/// `notApplied`: what this printer does not have, "OPTION: CHOICE" in words; nothing while there is
+/// no printer. Fails with a line that names the file, changing nothing, when the file is none.
 Outcome ApplyPreset(PrintJobHost& host, const Preset& preset, std::vector<std::string>* notApplied);
 /// Back to what the printer itself would do; a living pane shows it.
 void ApplyPrintersDefaults(PrintJobHost& host);

@@ -74,6 +74,8 @@ private:
     void chooseDestination();
     void openQueue(const std::string& queue);
     void usePrinter(const PrinterDescription& found);
+    /// What the user has set before there was a printer stays.
+    void keepTyped(const JobSettings& typed);
     /// The form's rows follow the tickets.
     void showHostSettings();
     void openPane();

@@ -70,6 +70,8 @@ void PrintWindow::usePrinter(const PrinterDescription& found) {
     DestinationChoice* destination = form_->destination();
     destination->setStatus(QString::fromStdString(found.error));
     if (found.error.empty()) {
+        const bool isFirst = host_.printer().name.empty();
+        const JobSettings typed = form_->settings();
         closePane();
         presets_->printerLeaves();
         const auto outcome = host_.setPrinter({openingQueue_, found.ppdPath});
@@ -78,9 +80,16 @@ void PrintWindow::usePrinter(const PrinterDescription& found) {
         openPane();
         presets_->printerCame();
         presets_->ready();
+        if (isFirst) keepTyped(typed);
     }
     openingQueue_.clear();
     updatePrint();
+}
+
+void PrintWindow::keepTyped(const JobSettings& typed) {
+    if (!form_->takeChanges(typed)) return;
+    presets_->settingsChosen();
+    settingsChanged();
 }
 
 void PrintWindow::whenPaneIsFree(const std::function<void()>& act) {

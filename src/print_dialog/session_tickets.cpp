@@ -4,6 +4,7 @@
 #include <limits>
 #include <vector>
 
+#include "print_dialog/papers.h"
 #include "print_dialog/sheet_layout.h"
 #include "printing/ticket.h"
 #include "settings/ppd_choices.h"
@@ -147,11 +148,7 @@ void WritePPDChoice(PMPrintSession session, const std::string& keyword, const st
 
 bool HasChoice(const PPDDescription& printer, const std::string& keyword,
                const std::string& choice) {
-    if (keyword == "PageSize" &&
-        (choice.starts_with("Custom") ||
-         std::ranges::find(printer.papers, choice, &PPDPaper::keyword) != printer.papers.end())) {
-        return true;
-    }
+    if (keyword == "PageSize" && FindPaper(printer, choice)) return true;
     const auto option = std::ranges::find(printer.options, keyword, &PPDOptionTexts::keyword);
     return option != printer.options.end() &&
            std::ranges::find(option->choices, choice, &PPDChoiceText::keyword) !=
@@ -173,14 +170,19 @@ void RaiseRotation(PMPrintSession session) {
     PMTicketSetSInt32(ticket, kTicketCreator, kRotateKey, rotation + 1, false);
 }
 
-void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer) {
+std::vector<PPDSelection> DropForeignPPDChoices(PMPrintSession session,
+                                                const PPDDescription& printer) {
+    std::vector<PPDSelection> dropped;
     const auto dictionary = PPDDictionary(session);
     std::vector<CFTypeRef> keys(static_cast<std::size_t>(CFDictionaryGetCount(dictionary)));
     CFDictionaryGetKeysAndValues(dictionary, keys.data(), nullptr);
     for (CFTypeRef key : keys) {
-        const auto choice = TextOf(CFDictionaryGetValue(dictionary, key));
-        if (!HasChoice(printer, TextOf(key), choice)) CFDictionaryRemoveValue(dictionary, key);
+        PPDSelection each{TextOf(key), TextOf(CFDictionaryGetValue(dictionary, key))};
+        if (HasChoice(printer, each.option, each.choice)) continue;
+        CFDictionaryRemoveValue(dictionary, key);
+        dropped.push_back(std::move(each));
     }
+    return dropped;
 }
 
 bool StockHasPaper(PMPrintSession session, const std::string& keyword) {

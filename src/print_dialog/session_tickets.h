@@ -6,6 +6,7 @@
 #include <string>
 
 #include "print_dialog/job_settings.h"
+#include "printing/ppd_conflicts.h"
 #include "printing/ppd_papers.h"
 #include "printing/session.h"
 
@@ -45,8 +46,9 @@ void ReplacePPDChoice(PMPrintSession session, const std::string& keyword,
 void RaiseRotation(PMPrintSession session);
 [[nodiscard]] bool HasChoice(const PPDDescription& printer, const std::string& keyword,
                              const std::string& choice);
-/// Removes choices that the printer does not have.
-void DropForeignPPDChoices(PMPrintSession session, const PPDDescription& printer);
+/// Removes choices that the printer does not have, and returns them.
+std::vector<PPDSelection> DropForeignPPDChoices(PMPrintSession session,
+                                                const PPDDescription& printer);
 
 /// Whether the job's stock names the size of that PageSize keyword, as far as stocks know it.
 [[nodiscard]] bool StockHasPaper(PMPrintSession session, const std::string& keyword);

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "print_dialog/color_options.h"
+#include "print_dialog/papers.h"
 #include "print_dialog/sheet_layout.h"
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
@@ -186,6 +187,24 @@ void SettingsForm::takeTicket(const JobSettings& ticket) {
     showSettings();
 }
 
+bool SettingsForm::takeChanges(const JobSettings& typed) {
+    const JobSettings fresh;
+    JobSettings merged = settings_;
+    const auto keep = [&](auto JobSettings::*value) {
+        if (typed.*value != fresh.*value) merged.*value = typed.*value;
+    };
+    keep(&JobSettings::copies);
+    keep(&JobSettings::collate);
+    keep(&JobSettings::pagesPerSheet);
+    if (typed.orientationChosen) {
+        merged.orientation = typed.orientation;
+        merged.orientationChosen = true;
+    }
+    if (merged == settings_) return false;
+    takeTicket(merged);
+    return true;
+}
+
 void SettingsForm::showSettings() {
     const QSignalBlocker quiet(this);
     fillPapers();
@@ -203,10 +222,14 @@ void SettingsForm::showSettings() {
 
 void SettingsForm::fillPapers() {
     papers_->clear();
-    for (const PPDPaper& paper : printer_.papers) {
+    const auto add = [this](const PPDPaper& paper) {
         papers_->addItem(QString::fromStdString(paper.text), QString::fromStdString(paper.keyword));
-    }
-    if (papers_->findData(QString::fromStdString(settings_.paper)) < 0) settings_.paper.clear();
+    };
+    std::ranges::for_each(printer_.papers, add);
+    const auto chosen = FindPaper(printer_, settings_.paper);
+    if (!chosen) settings_.paper.clear();
+    // A size that a ticket brought.
+    if (chosen && papers_->findData(QString::fromStdString(chosen->keyword)) < 0) add(*chosen);
     SelectData(papers_, QString::fromStdString(settings_.paper.empty() ? printer_.defaultPaper
                                                                        : settings_.paper));
 }
@@ -232,8 +255,7 @@ void SettingsForm::setDocument(int pageCount, Orientation orientation) {
 
 PPDPaper SettingsForm::paper() const {
     const std::string keyword = papers_->currentData().toString().toStdString();
-    const auto found = std::ranges::find(printer_.papers, keyword, &PPDPaper::keyword);
-    return found == printer_.papers.end() ? printer_.papers.front() : *found;
+    return FindPaper(printer_, keyword).value_or(printer_.papers.front());
 }
 
 bool SettingsForm::isGrey() const {

@@ -32,6 +32,8 @@ public:
     /// Takes over what a ticket says without regard to the printer: copies, collating, pages on a
     /// sheet, and the orientation with who chose it.
     void takeTicket(const JobSettings& ticket);
+    /// The same of what in `typed` is not as in a new dialog. Whether there is anything.
+    bool takeChanges(const JobSettings& typed);
 
     /// Copies, pages, paper and so on as chosen; the last valid pages while a range is none.
     [[nodiscard]] const JobSettings& settings() const { return settings_; }

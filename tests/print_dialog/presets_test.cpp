@@ -83,10 +83,11 @@ TEST_F(PresetsTest, WhatIsSecretOrOfOneJobIsNeitherWrittenNorRead) {
     std::string entries =
         "<key>com.kalmo.print.JobType</key><dict><key>JobType</key><integer>6</integer>"
         "<key>SecurePrintPassword</key>" +
-        marked +
+        marked + "<key>UseJobName</key><false/><key>SavedJobName</key>" + marked +
         "</dict>"
         "<key>com.kalmo.print.FaxOptions</key><dict><key>DialingPrefix</key>" +
         marked + "<key>CreditCard</key>" + marked + "<key>CustomRecipientText</key>" + marked +
+        "<key>CoverSheetNotes</key>" + marked +
         "</dict>"
         "<key>com.kalmo.print.FaxRecipientList</key><array><dict><key>FaxNumber</key>" +
         marked + "</dict></array>";
@@ -101,6 +102,7 @@ TEST_F(PresetsTest, WhatIsSecretOrOfOneJobIsNeitherWrittenNorRead) {
     for (const bool last : {false, true}) {
         const auto bytes = last ? LastSettingsBytes(pane_.host) : PresetBytes(pane_.host);
         EXPECT_EQ(Contains(bytes, "JobType"), !last) << "a preset of secure print asks for a code";
+        EXPECT_FALSE(Contains(bytes, "<false/>")) << "a stored job has the document's name";
         EXPECT_FALSE(Contains(bytes, "marker") || Contains(bytes, "ClientInf")) << bytes;
     }
     pane_.host.setJobName("report.pdf");
@@ -184,6 +186,30 @@ TEST_F(PresetsTest, AnotherModelTellsWhatItDoesNotHave) {
                              "<key>KLEconomode</key><string>Mo\x1B[2Jre</string><key>XStaple</key>"
                              "<string>Two</string><key>XFold</key><string>None</string>"))),
               (Words{"Toner saver: Mo [2Jre", "XStaple: Two"}));
+}
+
+TEST_F(PresetsTest, APrinterWithoutOptionsTakesNoJobsThatNeedThem) {
+    pane_.host.end(noErr);
+    pane_.choose(SamplePPD("kalmo-basic"));
+    ASSERT_EQ(pane_.begin(), noErr);
+    const std::tuple<const char*, const char*, Words> rows[] = {
+        {"JobType", "<dict><key>JobType</key><integer>3</integer></dict>", {"Job type: Saved job"}},
+        {"JobType", "<dict><key>JobType</key><integer>5</integer></dict>", {"Job type: Fax"}},
+        {"JobType", "<dict><key>JobType</key><integer>6</integer></dict>", {}},
+        {"FinishingSlipSheet", "<integer>2</integer>", {"Slip sheets"}},
+        {"FinishingSlipSheet", "<integer>1</integer>", {}},
+    };
+    for (const auto& [key, value, told] : rows) {
+        SCOPED_TRACE(value);
+        const std::string name = std::string("com.kalmo.print.") + key;
+        EXPECT_EQ(apply(handMade(TicketFile("<key>" + name + "</key>" + value))), told);
+    }
+    for (const auto& [size, isTaken] :
+         {std::pair{"Custom.10x20cm", true}, {"Custom.0x20", false}, {"CustomNonsense", false}}) {
+        const auto told = apply(handMade(
+            TicketFile("", std::string("<key>PageSize</key><string>") + size + "</string>")));
+        EXPECT_EQ(told.empty(), isTaken) << size;
+    }
 }
 
 TEST_F(PresetsTest, TheSiteComesAfterTheUser) {

@@ -149,6 +149,30 @@ TEST_F(PrintWindowQueueTest, ThePaneComesAndGoesWithThePrinter) {
     EXPECT_EQ(window_->exitCode(), kExitCancelled);
 }
 
+TEST_F(PrintWindowQueueTest, WhatTheUserHasChosenGoesAlongToOtherPrinters) {
+    ASSERT_TRUE(SavePreset("Tumble", TicketFile("",
+                                                "<key>Duplex</key><string>DuplexTumble</string>"
+                                                "<key>KLPunch</key><string>3HolePunch</string>")));
+    window_ = ShowWindow({.document = document.string(), .printer = "kalmo"});
+    window_->findChild<QSpinBox*>()->setValue(3);
+    window_->findPrinters();
+    ASSERT_TRUE(Wait([this] { return print()->isEnabled() && hasPane() && popupWith("Tumble"); }));
+    EXPECT_EQ(window_->findChild<QSpinBox*>()->value(), 3) << "typed before there was a printer";
+    choose("Tumble");
+    for (const char* name : {"other", "kalmo"}) {
+        choose(name);
+        ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
+        EXPECT_EQ(window_->findChild<PresetChoice*>()->list()->currentText(), "Tumble");
+        EXPECT_EQ(window_->findChild<SendingBar*>()->fault().contains("3HolePunch"), !hasPane());
+    }
+    EXPECT_EQ(popupWith("3 holes")->currentText(), "3 holes") << "although the other has none";
+    Pick(*popupWith("3 holes"), "2 holes");
+    choose("other");
+    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
+    EXPECT_TRUE(window_->findChild<SendingBar*>()->fault().contains("2 holes"));
+    EXPECT_EQ(window_->findChild<PresetChoice*>()->list()->currentText(), "");
+}
+
 TEST_F(PrintWindowQueueTest, PrinterAndSettingsOfTheLastJobComeBack) {
     choose("2-sided, flip on short edge");
     window_->findChild<QSpinBox*>()->setValue(3);
