@@ -32,9 +32,12 @@ TEST_P(HelpBook, EveryPageIsReachableAndNoLinkIsBroken) {
         const auto page = open.front();
         open.pop_front();
         for (const std::string& link : Matches(ReadFile(page), kLinks)) {
-            const auto target =
-                (page.parent_path() / link.substr(0, link.find('#'))).lexically_normal();
+            const std::size_t end = std::min(link.find('#'), link.size());
+            const auto target = (page.parent_path() / link.substr(0, end)).lexically_normal();
             ASSERT_TRUE(std::filesystem::exists(target)) << page << " links to " << link;
+            const std::string place = link.substr(std::min(end + 1, link.size()));
+            EXPECT_TRUE(place.empty() || Contains(ReadFile(target), "name=\"" + place + '"'))
+                << page << " links to " << link;
             if (reached.insert(target).second) open.push_back(target);
         }
     }
