@@ -6,6 +6,7 @@
 
 #include "print_dialog/print_window.h"
 #include "print_dialog/sample_documents.h"
+#include "programs/private_cupsd.h"
 #include "walk/walker.h"
 
 namespace kalmo::test {
@@ -46,28 +47,40 @@ class Windows final {
 public:
     explicit Windows(std::mt19937& random) : random_(random) {
         InstallPresence(WindowPresence());
-        setenv("CUPS_SERVER", (MakeFolder("server") / "none").c_str(), 1);
+        setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
         document_ = WriteDocument(std::vector(7, kPortraitPage)).string();
+        EXPECT_EQ(server_.problem(), "");
+        for (const std::string& printer : kPrinters) {
+            EXPECT_EQ(server_.addQueue(printer, SamplePPD("kalmo-" + printer)).exitCode, 0);
+        }
+        EXPECT_EQ(server_.addQueue("raw", {}).exitCode, 0);
     }
-    /// Another window with another printer.
+    /// Another window with another printer: one of the server's, or a file's and a folder.
     void open() {
         window_.reset();
-        const auto output = MakeFolder("out");
+        const std::string& printer = kPrinters[random_() % kPrinters.size()];
+        const bool onServer = random_() % 2 == 0;
         CommandLine commandLine;
         commandLine.document = document_;
-        commandLine.output = output.string();
         commandLine.panels = {"special-pages", "job-notes"};
-        static const std::vector<std::string> kPrinters = {"production", "office-color",
-                                                           "production", "office-mono", "basic"};
-        commandLine.ppd = SamplePPD("kalmo-" + kPrinters[random_() % kPrinters.size()]).string();
+        if (onServer) {
+            commandLine.printer = printer;
+        } else {
+            commandLine.output = MakeFolder("out").string();
+            commandLine.ppd = SamplePPD("kalmo-" + printer).string();
+        }
         window_ = std::make_unique<PrintWindow>(commandLine);
         ASSERT_EQ(window_->prepare(), kExitDone);
         window_->show();
+        window_->findPrinters();
         ++opened_;
     }
     [[nodiscard]] int opened() const { return opened_; }
 
 private:
+    inline static const std::vector<std::string> kPrinters = {"production", "office-color",
+                                                              "office-mono", "basic"};
+    PrivateCupsd server_;
     std::mt19937& random_;
     std::string document_;
     std::unique_ptr<PrintWindow> window_;
@@ -89,7 +102,8 @@ TEST(RandomWalk, EndsWell) {
     EXPECT_GE(walker.visits().size(), 3U) << "the walk came nowhere";
     for (const auto& [window, times] : walker.visits())
         std::printf("%7d %s\n", times, window.c_str());
-    std::printf("%d actions, seed %u, %d print windows\n", actions, seed, windows.opened());
+    std::printf("%d actions, seed %u, %d print windows, %zu jobs\n", actions, seed,
+                windows.opened(), JobsOnTheServer().size());
 }
 
 }  // namespace
