@@ -32,8 +32,13 @@ std::size_t FindUnquoted(std::string_view text, std::string_view marks, std::siz
     return std::string_view::npos;
 }
 
+/// Of group and name. Quotes mean nothing there.
+std::size_t EndOfName(std::string_view line) {
+    return std::min(line.find_first_of(";:"), line.size());
+}
+
 std::size_t EndOfHead(std::string_view line) {
-    const std::size_t colon = FindUnquoted(line, ":", 0);
+    const std::size_t colon = FindUnquoted(line, ":", EndOfName(line));
     // A quote that nobody closes is only a character.
     return colon == std::string_view::npos ? std::min(line.find(':'), line.size()) : colon;
 }
@@ -71,13 +76,14 @@ Parameter ReadParameter(std::string_view written) {
 }
 
 void ReadHead(std::string_view head, Property& property) {
-    const std::vector<std::string_view> parts = Parts(head, ";");
-    const std::size_t dot = parts[0].rfind('.');
+    const std::string_view name = head.substr(0, EndOfName(head));
+    const std::size_t dot = name.rfind('.');
     const bool grouped = dot != std::string_view::npos;
-    if (grouped) property.group = parts[0].substr(0, dot);
-    property.name = parts[0].substr(grouped ? dot + 1 : 0);
-    for (std::size_t i = 1; i < parts.size(); ++i) {
-        property.parameters.push_back(ReadParameter(parts[i]));
+    if (grouped) property.group = name.substr(0, dot);
+    property.name = name.substr(grouped ? dot + 1 : 0);
+    if (name.size() == head.size()) return;
+    for (const std::string_view parameter : Parts(head.substr(name.size() + 1), ";")) {
+        property.parameters.push_back(ReadParameter(parameter));
     }
 }
 
@@ -150,8 +156,8 @@ Frame FrameOf(std::string_view raw) {
 /// A line whose name itself is folded stays without one: no program writes it.
 Card::Line Named(std::string_view raw) {
     const std::string_view row = raw.substr(0, EndOfLine(raw, 0));
-    const std::size_t end = row.find_first_of(";:");
-    if (end == std::string_view::npos && row.size() < raw.size()) return {raw};
+    const std::size_t end = EndOfName(row);
+    if (end == row.size() && row.size() < raw.size()) return {raw};
     const std::string_view name = WithoutLineEnd(row).substr(0, end);
     // npos + 1 is 0: without a group the name starts the line.
     const std::size_t start = name.rfind('.') + 1;
