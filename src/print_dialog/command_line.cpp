@@ -8,6 +8,7 @@
 #include <map>
 
 #include "print_dialog/print_job_host.h"
+#include "print_dialog/text_limits.h"
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
@@ -70,13 +71,6 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     }
 }
 
-/// Names of files and a server's words must not steer a terminal.
-std::string OneLine(std::string text) {
-    std::ranges::replace_if(
-        text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-    return text;
-}
-
 }  // namespace
 
 std::string CommandLine::jobName() const {
@@ -95,7 +89,7 @@ std::variant<CommandLine, ExitCode> ParseCommandLine(int argc, const char* const
         app.exit(wish, std::cout, std::cout);
         return kExitDone;
     } catch (const CLI::Error& error) {
-        PrintMessage(OneLine(error.what()) + "; see kalmo-print --help");
+        PrintMessage(std::string(error.what()) + "; see kalmo-print --help");
         return kExitUsage;
     }
     for (const std::string& panel : result.panels) {
@@ -107,7 +101,8 @@ std::variant<CommandLine, ExitCode> ParseCommandLine(int argc, const char* const
 }
 
 void PrintMessage(const std::string& message) {
-    std::fprintf(stderr, "kalmo-print: %s\n", OneLine(message).c_str());
+    // Names of files and a server's words must not steer a terminal.
+    std::fprintf(stderr, "kalmo-print: %s\n", WithoutControls(message).c_str());
 }
 
 }  // namespace kalmo

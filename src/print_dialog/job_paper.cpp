@@ -8,6 +8,7 @@
 #include "print_dialog/color_options.h"
 #include "print_dialog/papers.h"
 #include "print_dialog/summary_phrases.h"
+#include "print_dialog/text_limits.h"
 #include "print_dialog/window_texts.h"
 #include "settings/dictionary.h"
 #include "settings/ppd_choices.h"
@@ -114,12 +115,8 @@ JobPaper OwnPaper(const PrintJobHost& host, CFDictionaryRef stock) {
 }  // namespace
 
 std::string ShownText(const std::string& text, int longest) {
-    QString shown = QString::fromStdString(text.substr(0, 4 * static_cast<std::size_t>(longest)));
-    // Nothing that ends a line, steers a terminal or turns the reading direction.
-    for (QChar& character : shown) {
-        if (!character.isPrint() && !character.isSurrogate()) character = ' ';
-    }
-    shown = shown.simplified();
+    const auto start = WithoutControls(text.substr(0, 4 * static_cast<std::size_t>(longest)));
+    QString shown = QString::fromStdString(start).simplified();
     if (shown.size() > longest) {
         const int end = longest - (shown[longest - 1].isHighSurrogate() ? 1 : 0);
         shown = shown.left(end) + "…";

@@ -1,23 +1,15 @@
 #include "print_dialog/list_printers.h"
 
-#include <algorithm>
+#include <cerrno>
 #include <cstdio>
 
 #include "print_dialog/pane_survey.h"
+#include "print_dialog/private_folder.h"
+#include "print_dialog/text_limits.h"
 #include "print_dialog/wait_for_answer.h"
 #include "print_dialog/window_texts.h"
 
 namespace kalmo {
-namespace {
-
-/// A server's words must not steer a terminal.
-std::string Printable(std::string text) {
-    std::ranges::replace_if(
-        text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-    return text;
-}
-
-}  // namespace
 
 ExitCode ListPrinters() {
     Printers printers;
@@ -31,10 +23,13 @@ ExitCode ListPrinters() {
     for (std::size_t i = 0; i < panes.size(); ++i) {
         const PrinterEntry& entry = list.printers[i];
         std::printf("%c %s\t%s\t%s\tpane: %s\n", entry.isDefault ? '*' : ' ',
-                    Printable(entry.name).c_str(), Printable(entry.makeAndModel).c_str(),
-                    Printable(entry.info).c_str(), Printable(panes[i]).c_str());
+                    WithoutControls(entry.name).c_str(),
+                    WithoutControls(entry.makeAndModel).c_str(),
+                    WithoutControls(entry.info).c_str(), WithoutControls(panes[i]).c_str());
     }
-    return kExitDone;
+    if (std::fflush(stdout) == 0) return kExitDone;
+    PrintMessage(SystemReason(HostText("Standard output"), errno));
+    return kExitFailed;
 }
 
 }  // namespace kalmo

@@ -1,6 +1,5 @@
 #include "print_dialog/print_server.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <mutex>
 #include <utility>
@@ -148,10 +147,7 @@ std::string TextAttribute(ipp_t* answer, const char* name) {
 }
 
 std::string OneLine(std::string words) {
-    words = Shortened(std::move(words), kLongestWords);
-    std::ranges::replace_if(
-        words, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
-    return words;
+    return WithoutControls(Shortened(std::move(words), kLongestWords));
 }
 
 std::string SilentServerLine() { return HostText("Server silent", {cupsServer()}); }

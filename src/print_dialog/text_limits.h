@@ -1,4 +1,4 @@
-// UTF-8 texts made to fit.
+// UTF-8 texts made fit to be shown.
 #pragma once
 
 #include <string>
@@ -11,5 +11,8 @@ namespace kalmo {
     while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) --length;
     return text.substr(0, length);
 }
+
+/// Where something would end a line, steer a terminal or turn the reading direction, a blank.
+[[nodiscard]] std::string WithoutControls(const std::string& text);
 
 }  // namespace kalmo

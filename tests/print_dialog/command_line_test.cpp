@@ -28,6 +28,7 @@ TEST(CommandLines, RefusesWhatItDoesNotUnderstandInOneLine) {
          std::vector<std::pair<const char*, std::vector<const char*>>>{
              {"unknown option", {"--frobnicate"}},
              {"unknown panel", {"--panels", "special-pages,colour"}},
+             {"what would steer a terminal", {"--panels", "a\u009b31m\u202eb"}},
              {"unknown phase", {"--no-dialog", "--phase", "close"}},
              {"a phase is for runs without a window", {"--phase", "open"}},
              {"two printers", {"-d", "office", "--ppd", "x.ppd"}},
@@ -45,6 +46,7 @@ TEST(CommandLines, RefusesWhatItDoesNotUnderstandInOneLine) {
         EXPECT_EQ(std::get<ExitCode>(parsed), kExitUsage);
         EXPECT_TRUE(message.starts_with("kalmo-print: ")) << message;
         EXPECT_EQ(message.find('\n'), message.size() - 1) << message;
+        EXPECT_FALSE(Contains(message, "\u009b") || Contains(message, "\u202e")) << message;
     }
 }
 

@@ -133,6 +133,12 @@ TEST_F(KalmoPrintQueueTest, QueuesAreListedAndAnUnknownOneIsRefused) {
     EXPECT_TRUE(Contains(listed.output, "  kalmo\tKalmo Tolvane C7030\t")) << listed.output;
     EXPECT_TRUE(Contains(listed.output, "* other\t")) << listed.output;
 
+    const auto full = RunProgram({.program = "/bin/sh",
+                                  .arguments = {"-c", "exec \"$0\" --list-printers >/dev/full",
+                                                BuiltProgram("kalmo-print")}});
+    EXPECT_EQ(full.exitCode, 1);
+    EXPECT_TRUE(Contains(full.errors, "Standard output: ")) << full.errors;
+
     const auto unknown = run({"--no-dialog", "-d", "nosuch", document});
     EXPECT_EQ(unknown.exitCode, 1);
     EXPECT_TRUE(Contains(unknown.errors, "nosuch")) << unknown.errors;
