@@ -7,6 +7,7 @@
 
 #include "print_dialog/destination_order.h"
 #include "print_dialog/window_texts.h"
+#include "toolbox/qt_strings.h"
 
 namespace kalmo {
 namespace {
@@ -107,7 +108,7 @@ QVariant DestinationModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
             return at(row).text;
         case Qt::ToolTipRole:
-            return at(row).tip;
+            return toolbox::AsPlainText(at(row).tip);
         case Qt::AccessibleTextRole:
             return spoken(row);
         case Qt::AccessibleDescriptionRole:

@@ -29,6 +29,7 @@ private:
 PaneView::PaneView(QWidget* parent)
     : QWidget(parent), scroll_(new ScreenScroll(this)), reason_(new QLabel(this)) {
     scroll_->hide();
+    reason_->setTextFormat(Qt::PlainText);
     reason_->setWordWrap(true);
     reason_->setAlignment(Qt::AlignCenter);
     reason_->setMargin(2 * kRowGap);

@@ -19,6 +19,7 @@ SendingBar::SendingBar(QWidget* parent)
       text_(new QLabel(this)),
       progress_(new QProgressBar(this)),
       fault_(CreateFaultLabel(this)) {
+    text_->setTextFormat(Qt::PlainText);
     progress_->setTextVisible(false);
     progress_->setMaximumHeight(10);
     auto* row = new QHBoxLayout(this);

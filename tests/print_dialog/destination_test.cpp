@@ -83,6 +83,8 @@ TEST_F(DestinationTest, WordsInAnyOrderFindAPrinterWhateverItsCaseAndAccents) {
         {"blanks alone", "  ", {"Ärzte", "Copies (a)", "Copies (b)", "Room 9", "Room 10"}},
     };
     DestinationModel model;
+    model.setQueues(ArrangedDestinations({{"q", "<h1>Hallo</h1>"}}), {});
+    EXPECT_TRUE(model.index(0).data(Qt::ToolTipRole).toString().startsWith("&lt;h1"));
     model.setQueues(Office(), {});
     for (const auto& [why, typed, found] : rows) {
         SCOPED_TRACE(why);

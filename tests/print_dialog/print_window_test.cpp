@@ -180,6 +180,10 @@ TEST_F(PrintWindowTest, AnotherMakersPrinterPrintsWithoutPane) {
     for (const auto* label : window_->findChild<PaneView*>()->findChildren<QLabel*>())
         said = said || (label->isVisible() && label->text().contains("not a Kalmo printer"));
     EXPECT_TRUE(said);
+    for (const QWidget* part : {static_cast<QWidget*>(window_->findChild<PaneView*>()),
+                                static_cast<QWidget*>(window_->findChild<SendingBar*>())})
+        for (const auto* label : part->findChildren<QLabel*>())
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << "names of a server's stand there";
     EXPECT_EQ(window_->findChild<QComboBox*>("panelSelector"), nullptr);
     button("&Print")->click();
     ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
