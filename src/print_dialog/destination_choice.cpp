@@ -28,6 +28,7 @@ DestinationChoice::DestinationChoice(QWidget* parent)
     column->setSpacing(4);
     column->addWidget(folderRow_);
     column->addWidget(note_);
+    connect(list_, &DestinationList::opened, this, &DestinationChoice::opened);
     connect(list_, &DestinationList::marked, this, &DestinationChoice::remember);
     connect(list_, &QComboBox::activated, this, [this] {
         status_.clear();

@@ -42,6 +42,8 @@ public:
 Q_SIGNALS:
     /// The user has chosen another one.
     void chosen();
+    /// The user looks at all there are.
+    void opened();
 
 private:
     void remember(const std::string& queue, bool isFavorite);

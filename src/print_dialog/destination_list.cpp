@@ -53,6 +53,7 @@ void DestinationList::createPopup() {
 void DestinationList::showPopup() {
     if (!popup_) createPopup();
     popup_->open(*this, current());
+    Q_EMIT opened();
 }
 
 void DestinationList::hidePopup() {

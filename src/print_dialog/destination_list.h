@@ -28,6 +28,8 @@ public:
     void hidePopup() override;
 
 Q_SIGNALS:
+    /// All printers are shown.
+    void opened();
     void marked(const std::string& queue, bool isFavorite);
 
 private:

@@ -121,6 +121,8 @@ void PrintWindow::connectWidgets() {
         destinationOpen_ = false;
         chooseDestination();
     });
+    connect(form_->destination(), &DestinationChoice::opened, this,
+            &PrintWindow::findPrintersAgain);
     connect(preview_, &Preview::openRequested, this, &PrintWindow::askForDocument);
     connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this,
             &PrintWindow::askForDocument);

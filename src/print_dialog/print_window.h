@@ -3,6 +3,7 @@
 
 #include <QBoxLayout>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QPushButton>
 #include <functional>
@@ -70,6 +71,9 @@ private:
     void chooseDirection();
     void rememberSize() const;
 
+    void listPrinters();
+    /// Where the server did not answer: it may be there now.
+    void findPrintersAgain();
     void showPrinters(const PrinterList& list);
     void chooseDestination();
     void openQueue(const std::string& queue);
@@ -130,8 +134,9 @@ private:
     bool destinationOpen_ = true;
     bool painted_ = false;
     bool stopping_ = false;
-    std::string openingQueue_;  // asked for, not yet answered
-    std::string shownPanel_;    // of the pane before
+    QElapsedTimer sinceListed_;  // while the server has not told its printers
+    std::string openingQueue_;   // asked for, not yet answered
+    std::string shownPanel_;     // of the pane before
     QPointer<QWidget> focusBefore_;
     /// The bytes being printed outlive the job's worker.
     std::shared_ptr<const PrivateCopy> printed_;

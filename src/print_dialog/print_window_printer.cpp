@@ -12,6 +12,8 @@ namespace kalmo {
 namespace {
 
 constexpr int kAskAgainMs = 100;
+/// A server that does not answer is asked for its printers as often as this.
+constexpr int kListAgainMs = 2500;
 
 /// The one that was printed on last, else the server's default; empty without either.
 std::string UsualPrinter(const std::vector<PrinterEntry>& printers) {
@@ -29,14 +31,24 @@ std::string UsualPrinter(const std::vector<PrinterEntry>& printers) {
 void PrintWindow::findPrinters() {
     presets_->ready();
     if (!commandLine_.printer.empty()) openQueue(commandLine_.printer);
+    listPrinters();
+}
+
+void PrintWindow::listPrinters() {
+    sinceListed_.start();
     form_->destination()->setStatus(WindowText("Looking for printers"));
     printers_.list([this](const PrinterList& list) { showPrinters(list); });
+}
+
+void PrintWindow::findPrintersAgain() {
+    if (sinceListed_.isValid() && sinceListed_.hasExpired(kListAgainMs)) listPrinters();
 }
 
 void PrintWindow::showPrinters(const PrinterList& list) {
     std::string preferred = commandLine_.printer;
     if (preferred.empty()) preferred = UsualPrinter(list.printers);
     DestinationChoice* destination = form_->destination();
+    if (list.error.empty()) sinceListed_.invalidate();
     destination->setStatus({});
     destination->setQueues(list.destinations, QString::fromStdString(list.error));
     if (!destinationOpen_ || job_) return;

@@ -1,6 +1,7 @@
 // The window against a real CUPS server: finding printers, changing them, printing.
 #include "print_dialog/shown_window.h"
 #include "programs/private_cupsd.h"
+#include "support/dead_servers.h"
 #include "support/pane_dialog.h"
 #include "support/ticket_files.h"
 
@@ -114,6 +115,22 @@ TEST_F(PrintWindowQueueTest, AFaxHoldsTheWindowUntilItHasARecipient) {
     const std::string arrived = ReadFile(out / "ticket");
     EXPECT_TRUE(Contains(arrived, kPasscode) && Contains(arrived, "SendSpeed")) << arrived;
     EXPECT_EQ(server.leaks(1, kPasscode), "");
+}
+
+TEST_F(PrintWindowQueueTest, AServerThatComesBackIsFoundWhereThePrintersAreListed) {
+    auto dead = std::make_unique<DeadServer>(Silence::closedPort);
+    window_ = ShowWindow({.document = document.string()});
+    window_->findPrinters();
+    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); })) << "on the folder";
+    EXPECT_EQ(popupWith("other"), nullptr);
+    dead.reset();
+    server.use();
+    auto* list = window_->findChild<DestinationChoice*>()->list();
+    EXPECT_TRUE(Wait([&] {
+        list->showPopup();
+        list->hidePopup();
+        return popupWith("other") != nullptr;
+    }));
 }
 
 TEST_F(PrintWindowQueueTest, ThePaneStaysWhileItsDialogIsOpen) {
