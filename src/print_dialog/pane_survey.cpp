@@ -17,6 +17,7 @@ bool IsDecided(const std::string& pane) { return !pane.starts_with(kUnknown); }
 
 std::string PaneOf(const PrinterDescription& queue) {
     if (!queue.error.empty()) return kUnknown + queue.error;
+    if (!queue.note.empty()) return "no, " + queue.note;
     if (queue.ppdPath.empty()) return "no, it has no PPD file";
     std::string reason;
     const auto ppd = ReadPPDDescription(queue.ppdPath, &reason);
@@ -54,7 +55,8 @@ void PaneSurvey::take(const PrinterEntry& queue, const PrinterDescription& descr
     const std::string pane = PaneOf(description);
     byName_[queue.name] = pane;
     // The server names no model where it cannot read the PPD file.
-    const bool speaksForModel = !queue.makeAndModel.empty() && !queue.isElsewhere;
+    const bool speaksForModel =
+        !queue.makeAndModel.empty() && !queue.isElsewhere && description.note.empty();
     if (IsDecided(pane) && speaksForModel) byModel_[queue.makeAndModel] = pane;
 }
 

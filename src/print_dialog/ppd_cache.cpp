@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 
 #include "print_dialog/window_texts.h"
 
@@ -35,24 +36,43 @@ std::filesystem::path CachedPPD(const PPDSource& source) {
     return CacheFolder() / name;
 }
 
+bool WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto written = write(file, bytes.data(), bytes.size());
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+FetchedPPD Write(const std::filesystem::path& copy, std::string_view bytes) {
+    auto temporary = copy.string() + ".XXXXXX";
+    const int file = MakePrivateFolder(copy.parent_path()) ? mkstemp(temporary.data()) : -1;
+    if (file < 0) {
+        return {.error = HostText("Folder unusable", {copy.parent_path().string()})};
+    }
+    const bool written = WriteAll(file, bytes);
+    if (close(file) == 0 && written && rename(temporary.c_str(), copy.c_str()) == 0) {
+        return {.path = copy.string()};
+    }
+    unlink(temporary.c_str());
+    return {.error = HostText("No room for PPD")};
+}
+
 }  // namespace
 
-FetchedPPD KeepPPD(const PPDSource& source, const std::function<FetchEnd(int file)>& fetch,
-                   const std::string& failure) {
-    const auto copy = CachedPPD(source);
-    auto fetched = copy.string() + ".XXXXXX";
-    const int file = MakePrivateFolder(copy.parent_path()) ? mkstemp(fetched.data()) : -1;
-    if (file < 0) {
-        return {{}, HostText("Folder unusable", {copy.parent_path().string()})};
+FetchedPPD KeepPPD(const PPDSource& source, const DownloadedPPD& ppd, const std::string& silence) {
+    switch (ppd.end) {
+        case DownloadedPPD::End::whole:
+            return Write(CachedPPD(source), ppd.bytes);
+        case DownloadedPPD::End::refused:
+            return {.note = HostText("Other server refuses", {source.server})};
+        case DownloadedPPD::End::silent:
+            return {.error = silence};
+        case DownloadedPPD::End::none:
+            break;
     }
-    const auto end = fetch(file);
-    const bool written = close(file) == 0;
-    if (end == FetchEnd::whole && written && rename(fetched.c_str(), copy.c_str()) == 0) {
-        return {copy.string(), {}};
-    }
-    unlink(fetched.c_str());
-    if (end == FetchEnd::none) return {};
-    return {{}, end == FetchEnd::whole ? HostText("No room for PPD") : failure};
+    return {};
 }
 
 }  // namespace kalmo

@@ -1,8 +1,9 @@
 // The user's private copies of queues' PPD files, named for where they come from.
 #pragma once
 
-#include <functional>
 #include <string>
+
+#include "print_dialog/ppd_download.h"
 
 namespace kalmo {
 
@@ -11,18 +12,15 @@ struct PPDSource {
     int port;
 };
 
-enum class FetchEnd { whole, none, failed };
-
 struct FetchedPPD {
-    std::string path;   // empty: the queue has none
-    std::string error;  // a line for the user
+    std::string path;   // empty: there is none to be had
+    std::string error;  // a line for the user: why it is not known whether there is one
+    std::string note;   // a line for the user: why it does not come
 };
 
-/// `fetch` writes into the open file that it is given. Written under a name of its own, so that
-/// whoever reads the older copy keeps it whole. `failure`: the line for FetchEnd::failed. Blocking,
-/// any thread.
-[[nodiscard]] FetchedPPD KeepPPD(const PPDSource& source,
-                                 const std::function<FetchEnd(int file)>& fetch,
-                                 const std::string& failure);
+/// Keeps what came whole. Written under a name of its own, so that whoever reads the older copy
+/// keeps it. `silence`: the line for a server that fell silent. Blocking, any thread.
+[[nodiscard]] FetchedPPD KeepPPD(const PPDSource& source, const DownloadedPPD& ppd,
+                                 const std::string& silence);
 
 }  // namespace kalmo

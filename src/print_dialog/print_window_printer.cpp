@@ -87,7 +87,7 @@ void PrintWindow::usePrinter(const PrinterDescription& found) {
         closePane();
         presets_->printerLeaves();
         const auto outcome = host_.setPrinter({openingQueue_, found.ppdPath});
-        destination->setStatus(QString::fromStdString(outcome.error));
+        destination->setStatus(QString::fromStdString(outcome ? found.note : outcome.error));
         if (!outcome) static_cast<void>(host_.setPrinter({openingQueue_, {}}));
         openPane();
         presets_->printerCame();

@@ -11,6 +11,9 @@
 namespace kalmo {
 namespace {
 
+/// Of a PPD file; a list of printers has less to say.
+constexpr std::chrono::milliseconds kFetchLimit(5000);
+
 constexpr const char* kListAttributes[] = {
     "printer-name",  "printer-info",          "printer-location",          "printer-make-and-model",
     "printer-state", "printer-state-message", "printer-is-accepting-jobs", "device-uri"};
@@ -64,12 +67,9 @@ std::vector<PrinterEntry> TakePrinters(ipp_t* answer) {
 
 /// Asking for a newer file only would save a tenth of a millisecond.
 FetchedPPD FetchPPD(http_t* http, const std::string& queue) {
-    const auto fetch = [&](int file) {
-        const auto status = cupsGetFd(http, (QueueResource(queue) + ".ppd").c_str(), file);
-        if (status == HTTP_STATUS_OK) return FetchEnd::whole;
-        return status == HTTP_STATUS_NOT_FOUND ? FetchEnd::none : FetchEnd::failed;
-    };
-    return KeepPPD({queue, cupsServer(), ippPort()}, fetch, SilentServerLine());
+    return KeepPPD({queue, cupsServer(), ippPort()},
+                   DownloadPPD(http, QueueResource(queue), Visitor::user, kFetchLimit),
+                   SilentServerLine());
 }
 
 /// That of the server that the queue stands for comes first: the settings are its printer's.
@@ -79,8 +79,7 @@ FetchedPPD FetchPPD(http_t* http, const std::string& queue, const std::string& d
     auto theirs = FetchRemotePPD(*remote);
     if (!theirs.path.empty()) return theirs;
     auto ours = FetchPPD(http, queue);
-    if (ours.path.empty() && ours.error.empty()) ours.error = std::move(theirs.error);
-    return ours;
+    return ours.path.empty() && ours.error.empty() ? theirs : ours;
 }
 
 }  // namespace
@@ -120,6 +119,7 @@ PrinterDescription FetchPrinterDescription(const std::string& queue) {
     description.name = queue;
     description.makeAndModel = TextAttribute(answer.get(), "printer-make-and-model");
     description.ppdPath = std::move(ppd.path);
+    description.note = std::move(ppd.note);
     return description;
 }
 

@@ -40,6 +40,8 @@ struct PrinterDescription {
     std::string makeAndModel;
     /// A private copy of the queue's PPD file; empty for a queue without one.
     std::string ppdPath;
+    /// One line for the user about a PPD file that there is, but does not come.
+    std::string note;
     /// One line for the user when the queue cannot be had; the rest is then empty.
     std::string error;
 };

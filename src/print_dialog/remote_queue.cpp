@@ -1,10 +1,6 @@
 #include "print_dialog/remote_queue.h"
 
-#include <cups/cups.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
 #include <chrono>
 
 #include "print_dialog/print_server.h"
@@ -14,10 +10,7 @@
 namespace kalmo {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr std::chrono::milliseconds kFetchLimit(2500);
-constexpr std::size_t kLargestPPD = 8 << 20;
 constexpr const char* kFolders[] = {"/printers/", "/classes/"};
 
 bool IsName(const std::string& text) {
@@ -32,43 +25,6 @@ bool IsQueue(const std::string& resource) {
     });
 }
 
-bool Write(int file, const char* bytes, std::size_t count) {
-    while (count > 0) {
-        const auto written = write(file, bytes, count);
-        if (written <= 0) return false;
-        bytes += written;
-        count -= static_cast<std::size_t>(written);
-    }
-    return true;
-}
-
-/// The rest of an answer; false when it breaks off, is too large or comes too slowly.
-bool SaveBody(http_t* http, int file, Clock::time_point deadline) {
-    std::array<char, 16384> buffer;
-    std::size_t total = 0;
-    for (;;) {
-        const auto count = httpRead2(http, buffer.data(), buffer.size());
-        if (count == 0) return httpGetState(http) == HTTP_STATE_WAITING && httpError(http) == 0;
-        total += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
-        if (count < 0 || total > kLargestPPD || Clock::now() > deadline ||
-            !Write(file, buffer.data(), static_cast<std::size_t>(count))) {
-            return false;
-        }
-    }
-}
-
-/// Without libcups' own download, which answers a server that asks who we are.
-FetchEnd Download(http_t* http, const std::string& resource, int file) {
-    const auto deadline = Clock::now() + kFetchLimit;
-    httpClearFields(http);
-    if (httpGet(http, resource.c_str()) != 0) return FetchEnd::failed;
-    auto status = HTTP_STATUS_CONTINUE;
-    while (status == HTTP_STATUS_CONTINUE && Clock::now() < deadline) status = httpUpdate(http);
-    if (status == HTTP_STATUS_NOT_FOUND) return FetchEnd::none;
-    return status == HTTP_STATUS_OK && SaveBody(http, file, deadline) ? FetchEnd::whole
-                                                                      : FetchEnd::failed;
-}
-
 std::string SilentLine(const RemoteQueue& queue) {
     return HostText("Other server silent", {queue.host});
 }
@@ -76,12 +32,26 @@ std::string SilentLine(const RemoteQueue& queue) {
 FetchedPPD Fetch(const RemoteQueue& queue) {
     const auto encryption = queue.encrypted ? HTTP_ENCRYPTION_ALWAYS : cupsEncryption();
     const auto http = ConnectToHost(queue.host, queue.port, encryption, kListSilence);
-    if (!http) return {{}, SilentLine(queue)};
-    const auto fetch = [&](int file) {
-        return Download(http.get(), queue.resource + ".ppd", file);
-    };
-    return KeepPPD({queue.name(), queue.host, queue.port}, fetch,
-                   HostText("Other server refuses", {queue.host}));
+    if (!http) return {.error = SilentLine(queue)};
+    return KeepPPD({queue.name(), queue.host, queue.port},
+                   DownloadPPD(http.get(), queue.resource, Visitor::nobody, kFetchLimit),
+                   SilentLine(queue));
+}
+
+struct Device {
+    std::string scheme, host, resource;
+    int port = 0;
+};
+
+std::optional<Device> DeviceOf(const std::string& uri) {
+    char scheme[32], user[HTTP_MAX_URI], host[HTTP_MAX_URI], path[HTTP_MAX_URI];
+    int port = 0;
+    if (httpSeparateURI(HTTP_URI_CODING_ALL, uri.c_str(), scheme, sizeof scheme, user, sizeof user,
+                        host, sizeof host, &port, path, sizeof path) != HTTP_URI_STATUS_OK) {
+        return std::nullopt;
+    }
+    const std::string resource(path);
+    return Device{scheme, host, resource.substr(0, resource.find('?')), port};
 }
 
 }  // namespace
@@ -89,24 +59,16 @@ FetchedPPD Fetch(const RemoteQueue& queue) {
 std::string RemoteQueue::name() const { return resource.substr(resource.rfind('/') + 1); }
 
 std::optional<RemoteQueue> RemoteQueueOf(const std::string& device) {
-    char scheme[32], user[HTTP_MAX_URI], host[HTTP_MAX_URI], resource[HTTP_MAX_URI];
-    int port = 0;
-    if (httpSeparateURI(HTTP_URI_CODING_ALL, device.c_str(), scheme, sizeof scheme, user,
-                        sizeof user, host, sizeof host, &port, resource,
-                        sizeof resource) != HTTP_URI_STATUS_OK) {
-        return std::nullopt;
-    }
-    const bool encrypted = std::string(scheme) == "ipps";
-    RemoteQueue queue{host, port, std::string(resource).substr(0, std::string(resource).find('?')),
-                      encrypted};
-    const bool speaksIpp = encrypted || std::string(scheme) == "ipp";
-    if (!speaksIpp || queue.host.empty() || !IsQueue(queue.resource)) return std::nullopt;
-    return queue;
+    const auto found = DeviceOf(device);
+    if (!found || found->host.empty() || !IsQueue(found->resource)) return std::nullopt;
+    const bool encrypted = found->scheme == "ipps";
+    if (!encrypted && found->scheme != "ipp") return std::nullopt;
+    return RemoteQueue{found->host, found->port, found->resource, encrypted};
 }
 
 FetchedPPD FetchRemotePPD(const RemoteQueue& queue) {
     const auto fetched = AnswerWithin<FetchedPPD>(kFetchLimit, [queue] { return Fetch(queue); });
-    return fetched.value_or(FetchedPPD{{}, SilentLine(queue)});
+    return fetched.value_or(FetchedPPD{.error = SilentLine(queue)});
 }
 
 }  // namespace kalmo

@@ -21,7 +21,7 @@ struct RemoteQueue {
 [[nodiscard]] std::optional<RemoteQueue> RemoteQueueOf(const std::string& device);
 
 /// Asks the other server, which gets neither password nor name, is followed nowhere else, and has
-/// 2.5 seconds and kLargestPPD bytes for all of it. Empty without an error: it has no such file.
+/// 2.5 seconds for all of it. Empty without a line: it has no such file.
 /// Blocking, for workers.
 [[nodiscard]] FetchedPPD FetchRemotePPD(const RemoteQueue& queue);
 

@@ -116,6 +116,7 @@ private:
         const auto found = WaitForAnswer<PrinterDescription>(
             [&](auto answer) { printers_.describe(queue, answer); });
         if (!found.error.empty()) return Stop(kExitFailed, queue + ": " + found.error);
+        if (!found.note.empty()) PrintMessage(queue + ": " + found.note);
         const auto outcome = host_.setPrinter({queue, found.ppdPath});
         return outcome ? kExitDone : Stop(kExitFailed, queue + ": " + outcome.error);
     }

@@ -3,8 +3,10 @@
 
 #include "print_dialog/background.h"
 #include "print_dialog/job_delivery.h"
+#include "print_dialog/printer_requests.h"
 #include "print_dialog/remote_queue.h"
 #include "print_dialog/server_encryption.h"
+#include "print_dialog/time_limit.h"
 #include "programs/failing_server.h"
 #include "programs/private_cupsd.h"
 #include "support/dead_servers.h"
@@ -137,6 +139,29 @@ TEST_F(BadNetworkTest, ACancelledJobLeavesASilentServerAtOnceAndNothingBehind) {
         EXPECT_EQ(told.result.end, JobResult::End::cancelled);
         EXPECT_LT(told.milliseconds, 3000);
         EXPECT_TRUE(server.wasAsked(IPP_OP_CANCEL_JOB));
+    }
+}
+
+TEST_F(BadNetworkTest, APPDFileThatDoesNotComeWholeIsNotKept) {
+    // What a GET asks for counts as 0 here.
+    const std::tuple<Fault, const char*, const char*> rows[] = {
+        {Fault::endless, "", "does not hand out its description file"},
+        {Fault::forbidden, "", "does not hand out its description file"},
+        {Fault::unavailable, "does not answer", ""},
+        {Fault::half, "does not answer", ""},
+    };
+    for (const auto& [fault, error, note] : rows) {
+        SCOPED_TRACE(static_cast<int>(fault));
+        FailingServer server({.faults = {{0, fault}}});
+        const auto found = AnswerWithin<PrinterDescription>(std::chrono::seconds(5), [&] {
+            cupsSetServer((kHere + server.port()).c_str());
+            return FetchPrinterDescription("office");
+        });
+        ASSERT_TRUE(found);
+        EXPECT_TRUE(Contains(found->error, error) && found->error.empty() == !*error);
+        EXPECT_TRUE(Contains(found->note, note) && found->note.empty() == !*note);
+        EXPECT_EQ(found->ppdPath, "");
+        EXPECT_FALSE(exists(fs::path(getenv("XDG_CACHE_HOME")) / "kalmo-print"));
     }
 }
 

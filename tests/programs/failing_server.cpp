@@ -130,6 +130,7 @@ bool FailingServer::fail(http_t* http, Fault fault) {
     ipp_t* busy = NewAnswer(IPP_STATUS_ERROR_BUSY);
     if (fault == Fault::busy) Write(http, HTTP_STATUS_OK, busy);
     if (fault == Fault::unavailable) Write(http, HTTP_STATUS_SERVICE_UNAVAILABLE, nullptr);
+    if (fault == Fault::forbidden) Write(http, HTTP_STATUS_FORBIDDEN, nullptr);
     if (fault == Fault::half) Send(http, kHalf);
     if (fault == Fault::endless) SendWithoutEnd(http);
     if (fault == Fault::agreesToEncrypt) Send(http, kAgreement);

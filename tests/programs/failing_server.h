@@ -11,7 +11,7 @@
 
 namespace kalmo::test {
 
-enum class Fault { silent, hangsUp, busy, unavailable, half, endless, agreesToEncrypt };
+enum class Fault { silent, hangsUp, busy, unavailable, forbidden, half, endless, agreesToEncrypt };
 
 struct ServerPlan {
     /// What it does instead of answering; 0 is HTTP's OPTIONS, which asks for encryption.

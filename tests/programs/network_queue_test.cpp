@@ -1,6 +1,7 @@
 // kalmo-print against real CUPS servers over a network: encrypted, and by way of another one.
 #include "print_dialog/printer_requests.h"
 #include "print_dialog/shown_window.h"
+#include "programs/failing_server.h"
 #include "programs/private_cupsd.h"
 #include "support/dead_servers.h"
 #include "support/ticket_files.h"
@@ -69,6 +70,8 @@ TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) 
     near.addQueueOn(far + "kalmo", "away", {});
     near.addQueueOn(far + "kalmo", "both", WritePPD("Near"));
     near.addQueueOn(far + "gone", "gone", WritePPD("Near"));
+    FailingServer miser({.faults = {{0, Fault::forbidden}}});
+    near.addQueueOn("ipp://127.0.0.1:" + miser.port() + "/printers/kalmo", "refused", {});
     near.addQueueOn(far + "strange", "wild", {});
     near.addQueueOn("ipp://" + silent + "/printers/kalmo", "silent", {});
     near.addQueueOn("ipp://" + silent + "/printers/kalmo", "known", WritePPD("Near"));
@@ -80,6 +83,9 @@ TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) 
         EXPECT_TRUE(Contains(ReadFile(found.ppdPath), "*Manufacturer: \"" + std::string(maker)))
             << queue;
     }
+    const auto refusal = FetchPrinterDescription("refused");
+    EXPECT_EQ(refusal.error + refusal.ppdPath, "") << "it opens, without a pane";
+    EXPECT_TRUE(Contains(refusal.note, "does not hand out")) << refusal.note;
     const auto lost = FetchPrinterDescription("silent");
     EXPECT_TRUE(Contains(lost.error, "is at the print server 127.0.0.1")) << lost.error;
 
