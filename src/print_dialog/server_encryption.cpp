@@ -59,7 +59,10 @@ Confidentiality JobConfidentiality(std::string_view server, bool secret) {
 }
 
 std::string WhyNotConfidential(http_t* http, const std::string& server) {
-    if (!httpIsEncrypted(http)) return HostText("Secrets unencrypted", {server});
+    if (!httpIsEncrypted(http)) {
+        const bool ours = cupsEncryption() == HTTP_ENCRYPTION_NEVER;
+        return ours ? HostText("Encryption off") : HostText("Secrets unencrypted", {server});
+    }
     const auto distrust = Distrust(http, server);
     return distrust.empty() ? "" : HostText("Server untrusted", {server, distrust});
 }

@@ -49,7 +49,7 @@ TEST_F(NetworkQueueTest, SecretsReachAnotherMachineEncryptedOrNotAtAll) {
     fs::create_directories(home / ".cups");
     for (const auto& [setting, reason] :
          {std::pair("AllowAnyRoot No", "certificate of the print server 127.1 is not trusted"),
-          std::pair("Encryption Never", "offers no encrypted connection")}) {
+          std::pair("Encryption Never", "encryption is switched off on this computer")}) {
         WriteFile(home / ".cups/client.conf", std::string(setting) + "\n");
         const auto refused = print(elsewhere, "kalmo");
         EXPECT_EQ(refused.exitCode, 1) << setting;
