@@ -4,6 +4,7 @@
 
 #include "foundation/collections.h"
 #include "job_ticket/attachment.h"
+#include "print_dialog/server_encryption.h"
 #include "print_dialog/session_tickets.h"
 #include "print_dialog/window_texts.h"
 #include "printing/ticket.h"
@@ -108,6 +109,9 @@ Outcome MakeJobOrder(const PrintJobHost& host, const JobRequest& request, JobOrd
     order->ticket = TicketWithNonce(host);
     if (order->ticket.empty()) return {HostText("Ticket not written")};
     order->secret = HoldsSecrets(host.session());
+    if (order->secret && request.folder.empty()) {
+        if (auto why = WhyNotPassedOn(host.printer().clearHost); !why.empty()) return {why};
+    }
     order->options.emplace_back(job_ticket::kDigestOption, job_ticket::TicketDigest(order->ticket));
     return {};
 }

@@ -22,10 +22,12 @@
 
 namespace kalmo {
 
-/// Plain values. `ppdPath` is a local file; empty for a queue without one.
+/// Plain values. `ppdPath` is a local file; empty for a queue without one. `clearHost` is as in
+/// PrinterDescription.
 struct HostPrinter {
     std::string name;
     std::string ppdPath;
+    std::string clearHost = {};
 };
 
 class PrintJobHost final {

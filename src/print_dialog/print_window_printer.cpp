@@ -86,7 +86,7 @@ void PrintWindow::usePrinter(const PrinterDescription& found) {
         const JobSettings typed = form_->settings();
         closePane();
         presets_->printerLeaves();
-        const auto outcome = host_.setPrinter({openingQueue_, found.ppdPath});
+        const auto outcome = host_.setPrinter({openingQueue_, found.ppdPath, found.clearHost});
         destination->setStatus(QString::fromStdString(outcome ? found.note : outcome.error));
         if (!outcome) static_cast<void>(host_.setPrinter({openingQueue_, {}}));
         openPane();

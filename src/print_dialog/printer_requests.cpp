@@ -113,13 +113,15 @@ PrinterDescription FetchPrinterDescription(const std::string& queue) {
     const auto answer =
         Ask(http.get(), std::move(request), QueueResource(queue), &description.error);
     if (!answer) return description;
-    auto ppd = FetchPPD(http.get(), queue, TextAttribute(answer.get(), "device-uri"));
+    const auto device = TextAttribute(answer.get(), "device-uri");
+    auto ppd = FetchPPD(http.get(), queue, device);
     description.error = std::move(ppd.error);
     if (!description.error.empty()) return description;
     description.name = queue;
     description.makeAndModel = TextAttribute(answer.get(), "printer-make-and-model");
     description.ppdPath = std::move(ppd.path);
     description.note = std::move(ppd.note);
+    description.clearHost = ClearHostOf(device);
     return description;
 }
 

@@ -42,6 +42,8 @@ struct PrinterDescription {
     std::string ppdPath;
     /// One line for the user about a PPD file that there is, but does not come.
     std::string note;
+    /// The other machine that its jobs go on to unencrypted; empty for none that is known of.
+    std::string clearHost;
     /// One line for the user when the queue cannot be had; the rest is then empty.
     std::string error;
 };

@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kFetchLimit(2500);
 constexpr const char* kFolders[] = {"/printers/", "/classes/"};
+constexpr std::string_view kQueueSchemes[] = {"ipp", "ipps", "http", "https"};
+constexpr const char* kEncryptedOptions[] = {"encryption=required", "encryption=always"};
+constexpr int kEncryptedPort = 443;
 
 bool IsName(const std::string& text) {
     return !text.empty() && std::ranges::none_of(text, [](unsigned char c) {
@@ -39,7 +42,7 @@ FetchedPPD Fetch(const RemoteQueue& queue) {
 }
 
 struct Device {
-    std::string scheme, host, resource;
+    std::string scheme, host, resource, options;
     int port = 0;
 };
 
@@ -51,7 +54,16 @@ std::optional<Device> DeviceOf(const std::string& uri) {
         return std::nullopt;
     }
     const std::string resource(path);
-    return Device{scheme, host, resource.substr(0, resource.find('?')), port};
+    const auto mark = std::min(resource.find('?'), resource.size());
+    return Device{scheme, host, resource.substr(0, mark), resource.substr(mark), port};
+}
+
+/// Some options of CUPS' own way to another server have it encrypted on a port that is not.
+bool IsEncrypted(const Device& device) {
+    return device.scheme.ends_with('s') || device.port == kEncryptedPort ||
+           std::ranges::any_of(kEncryptedOptions, [&](const char* option) {
+               return device.options.find(option) != std::string::npos;
+           });
 }
 
 }  // namespace
@@ -64,6 +76,13 @@ std::optional<RemoteQueue> RemoteQueueOf(const std::string& device) {
     const bool encrypted = found->scheme == "ipps";
     if (!encrypted && found->scheme != "ipp") return std::nullopt;
     return RemoteQueue{found->host, found->port, found->resource, encrypted};
+}
+
+std::string ClearHostOf(const std::string& device) {
+    const auto found = DeviceOf(device);
+    const bool known = found && IsQueue(found->resource) &&
+                       std::ranges::find(kQueueSchemes, found->scheme) != std::end(kQueueSchemes);
+    return known && !IsEncrypted(*found) && !IsLocalServer(found->host) ? found->host : "";
 }
 
 FetchedPPD FetchRemotePPD(const RemoteQueue& queue) {

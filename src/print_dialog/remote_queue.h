@@ -20,6 +20,10 @@ struct RemoteQueue {
 /// other device, a printer that speaks the protocol itself among them.
 [[nodiscard]] std::optional<RemoteQueue> RemoteQueueOf(const std::string& device);
 
+/// The machine that the jobs of a queue on this device go on to in clear, to a queue of another
+/// server there. Empty where they stay here, go encrypted, or the device is any other.
+[[nodiscard]] std::string ClearHostOf(const std::string& device);
+
 /// Asks the other server, which gets neither password nor name, is followed nowhere else, and has
 /// 2.5 seconds for all of it. Empty without a line: it has no such file.
 /// Blocking, for workers.

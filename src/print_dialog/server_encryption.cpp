@@ -18,6 +18,9 @@ struct CredentialsDeleter {
 };
 using Credentials = std::unique_ptr<cups_array_t, CredentialsDeleter>;
 
+/// What is secret, by the site's leave.
+bool MayGoInClear() { return SiteFlag(kAllowance, false); }
+
 /// An address only, so that a name such as 127.example.org is nobody's loopback.
 bool IsLoopbackAddress(const std::string& text) {
     in_addr four = {};
@@ -54,8 +57,12 @@ bool IsLocalServer(std::string_view server) {
 
 Confidentiality JobConfidentiality(std::string_view server, bool secret) {
     if (IsLocalServer(server)) return Confidentiality::asConfigured;
-    return secret && !SiteFlag(kAllowance, false) ? Confidentiality::encrypted
-                                                  : Confidentiality::encryptedWherePossible;
+    return secret && !MayGoInClear() ? Confidentiality::encrypted
+                                     : Confidentiality::encryptedWherePossible;
+}
+
+std::string WhyNotPassedOn(const std::string& host) {
+    return host.empty() || MayGoInClear() ? "" : HostText("Secrets passed on", {host});
 }
 
 std::string WhyNotConfidential(http_t* http, const std::string& server) {

@@ -22,6 +22,10 @@ enum class Confidentiality {
 /// the site allows it (network/allowUnencryptedSecrets in site.conf).
 [[nodiscard]] Confidentiality JobConfidentiality(std::string_view server, bool secret);
 
+/// Why secrets may not go to a queue that passes its jobs on to `host` in clear; empty for no host,
+/// and where the site allows it. Any thread.
+[[nodiscard]] std::string WhyNotPassedOn(const std::string& host);
+
 /// Empty when secrets may go over the connection: it is encrypted, and libcups trusts the server's
 /// certificate under the user's client.conf. Else a line for the user.
 [[nodiscard]] std::string WhyNotConfidential(http_t* http, const std::string& server);

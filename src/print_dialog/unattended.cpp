@@ -117,7 +117,7 @@ private:
             [&](auto answer) { printers_.describe(queue, answer); });
         if (!found.error.empty()) return Stop(kExitFailed, queue + ": " + found.error);
         if (!found.note.empty()) PrintMessage(queue + ": " + found.note);
-        const auto outcome = host_.setPrinter({queue, found.ppdPath});
+        const auto outcome = host_.setPrinter({queue, found.ppdPath, found.clearHost});
         return outcome ? kExitDone : Stop(kExitFailed, queue + ": " + outcome.error);
     }
 

@@ -211,20 +211,25 @@ TEST(ServerEncryptionTest, OnlyTheLoopbackIsThisMachine) {
         EXPECT_FALSE(IsLocalServer(other)) << other;
 }
 
-TEST(RemoteQueueTest, OnlyAnotherServersQueueIsAskedForItsPPD) {
-    const std::pair<const char*, const char*> rows[] = {
-        {"ipp://far.example.org/printers/kalmo", "far.example.org:631/printers/kalmo"},
-        {"ipps://u:p@far:8631/classes/all%20kalmos?waitjob=no", "far:8631/classes/all kalmos"},
-        {"ipp://far/ipp/print", ""},
-        {"ipp://far/printers/", ""},
-        {"ipp://far/printers/a/b", ""},
-        {"ipp://far/printers/a%0d%0aX-Evil", ""},
-        {"http://far/printers/kalmo", ""},
-        {"file:///printers/kalmo", ""},
-        {"socket://far:9100", ""},
-        {"", ""},
+TEST(RemoteQueueTest, OnlyAnotherServersQueueIsAskedForItsPPDAndKnownToGetJobsInClear) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"ipp://far.example.org/printers/kalmo", "far.example.org:631/printers/kalmo",
+         "far.example.org"},
+        {"ipps://u:p@far:8631/classes/all%20kalmos?waitjob=no", "far:8631/classes/all kalmos", ""},
+        {"ipp://far/printers/a?waitjob=no&encryption=required", "far:631/printers/a", ""},
+        {"ipp://localhost/printers/a", "localhost:631/printers/a", ""},
+        {"ipp://far/ipp/print", "", ""},
+        {"ipp://far/printers/", "", ""},
+        {"ipp://far/printers/a/b", "", ""},
+        {"ipp://far/printers/a%0d%0aX-Evil", "", ""},
+        {"http://far/printers/kalmo", "", "far"},
+        {"https://far/printers/kalmo", "", ""},
+        {"file:///printers/kalmo", "", ""},
+        {"socket://far:9100", "", ""},
+        {"", "", ""},
     };
-    for (const auto& [device, expected] : rows) {
+    for (const auto& [device, expected, clear] : rows) {
+        EXPECT_EQ(ClearHostOf(device), clear) << device;
         const auto queue = RemoteQueueOf(device);
         EXPECT_EQ(queue ? queue->host + ":" + std::to_string(queue->port) + queue->resource : "",
                   expected)

@@ -69,6 +69,7 @@ TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) 
     const std::string far = "ipp://127.0.0.1:" + far_.port() + "/printers/";
     near.addQueueOn(far + "kalmo", "away", {});
     near.addQueueOn(far + "kalmo", "both", WritePPD("Near"));
+    near.addQueueOn("ipp://127.1:" + far_.port() + "/printers/kalmo", "clear", {});
     near.addQueueOn(far + "gone", "gone", WritePPD("Near"));
     FailingServer miser({.faults = {{0, Fault::forbidden}}});
     near.addQueueOn("ipp://127.0.0.1:" + miser.port() + "/printers/kalmo", "refused", {});
@@ -96,6 +97,9 @@ TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) 
         EXPECT_EQ(listed.output.find(pane, at), at + 7) << queue << '\n' << listed.output;
     }
 
+    const auto refused = print(getenv("CUPS_SERVER"), "clear");
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(Contains(refused.errors, "jobs on to 127.1 unencrypted")) << refused.errors;
     const auto sent = print(getenv("CUPS_SERVER"), "away");
     EXPECT_EQ(sent.exitCode, 0) << sent.errors;
     EXPECT_EQ(near.finished(1).state, IPP_JSTATE_COMPLETED) << near.log();
