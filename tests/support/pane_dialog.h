@@ -6,6 +6,7 @@
 #include "printing/session.h"
 #include "printing/ticket.h"
 #include "support/qt_test.h"
+#include "toolbox/menus.h"
 
 namespace kalmo::test {
 
@@ -31,6 +32,13 @@ Widget* FindControl(QWidget& window, OSType signature, SInt32 id) {
     ControlRef found = nullptr;
     GetControlByID(WindowFromWidget(&window), {signature, id}, &found);
     return qobject_cast<Widget*>(WidgetFromControl(found));
+}
+
+/// The item with this text; 0 when there is none.
+inline UInt16 ItemOf(MenuRef menu, const char* text) {
+    for (UInt16 item = CountMenuItems(menu); item > 0; --item)
+        if (TakeText(CopyMenuItemTextAsCFString(menu, item)) == text) return item;
+    return 0;
 }
 
 /// One dialog with the pane of a plug-in instance, from Prologue to the last Release.

@@ -17,6 +17,13 @@ inline void Pick(QComboBox& popup, const QString& text) {
     popup.setCurrentText(text);
     Q_EMIT popup.activated(popup.currentIndex());
 }
+/// What the rows of a list say in that column.
+inline QStringList RowsOf(const QAbstractItemModel& model, int column = 0) {
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(); ++row)
+        texts << model.index(row, column).data().toString();
+    return texts;
+}
 inline void Activate(QWidget& window) {
     window.show();
     window.activateWindow();

@@ -13,6 +13,20 @@ inline std::string TicketFile(const std::string& printSettings, const std::strin
                  "</dict><key>PageFormat</key><dict>" + pageFormat + "</dict></dict>");
 }
 
+/// Of a ticket file's dictionaries.
+inline std::string TextEntry(const std::string& key, const std::string& text) {
+    return "<key>" + key + "</key><string>" + text + "</string>";
+}
+inline std::string DictionaryEntry(const std::string& key, const std::string& entries) {
+    return "<key>" + key + "</key><dict>" + entries + "</dict>";
+}
+/// A job of this type; `details` are further entries of its dictionary.
+inline std::string JobTypeEntry(int type, const std::string& details = {}) {
+    return DictionaryEntry(
+        "com.kalmo.print.JobType",
+        "<key>JobType</key><integer>" + std::to_string(type) + "</integer>" + details);
+}
+
 /// A ticket file that was written, to be asked.
 class WrittenTicket final {
 public:

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "foundation/property_list.h"
 #include "foundation/url.h"
@@ -34,6 +35,10 @@ Owned<CFNumberRef> Number(CFNumberType type, Value value) {
 inline Owned<CFDataRef> Data(const std::string& bytes) {
     return Owned<CFDataRef>::Adopt(CFDataCreate(
         nullptr, reinterpret_cast<const UInt8*>(bytes.data()), static_cast<CFIndex>(bytes.size())));
+}
+inline Owned<CFArrayRef> Array(std::vector<CFTypeRef> values) {
+    return Owned<CFArrayRef>::Adopt(CFArrayCreate(
+        nullptr, values.data(), static_cast<CFIndex>(values.size()), &kCFTypeArrayCallBacks));
 }
 inline Owned<CFURLRef> FileURL(const std::filesystem::path& file) {
     std::error_code ignored;
