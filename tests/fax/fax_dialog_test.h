@@ -16,22 +16,11 @@ inline FaxRecipient* Append(FaxRecipientList& list, const std::string& fields) {
 }
 
 struct FaxDialogTest : DialogTest {
-    FaxDialogTest() {
-        Presence presence = CurrentPresence();
-        presence.alert = [this](const AlertTexts& texts) {
-            questions.push_back(CFStringToUTF8(texts.message));
-            return agrees;
-        };
-        InstallPresence(presence);
-    }
     FaxRecipient* append(const std::string& fields) { return Append(list, fields); }
     static bool HasFocus(QWidget& window, SInt32 id) {
         return window.focusWidget() == &Control(window, id);
     }
 
-    /// What was asked, and whether that is agreed to.
-    std::vector<std::string> questions;
-    bool agrees = false;
     FaxRecipientList list;
     FaxRecipientsModel model{.bundle = bundle, .list = &list};
 };

@@ -16,6 +16,10 @@ struct DialogTest : testing::Test {
         presence.notice = [this](CFStringRef, CFStringRef message) {
             notices.push_back(CFStringToUTF8(message));
         };
+        presence.alert = [this](const AlertTexts& texts) {
+            questions.push_back(CFStringToUTF8(texts.message));
+            return agrees;
+        };
         InstallPresence(presence);
         gBundle = bundle;
     }
@@ -47,7 +51,9 @@ struct DialogTest : testing::Test {
     }
 
     Owned<CFBundleRef> bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
-    std::vector<std::string> notices;
+    /// What was told and asked, and whether the default button answers.
+    std::vector<std::string> notices, questions;
+    bool agrees = false;
     ModalDriver driver;
 };
 
