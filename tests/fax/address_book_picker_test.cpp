@@ -25,12 +25,8 @@ struct AddressBookDialogs : FaxDialogTest {
         });
         return RunModalFaxABPicker(&model);
     }
-    static std::vector<std::string> Column(QWidget& window, SInt32 view, int column = 0) {
-        const auto& rows = *Control<QTreeView>(window, view).model();
-        std::vector<std::string> texts;
-        for (int row = 0; row < rows.rowCount(); ++row)
-            texts.push_back(rows.index(row, column).data().toString().toStdString());
-        return texts;
+    static QStringList Column(QWidget& window, SInt32 view, int column = 0) {
+        return RowsOf(*Control<QTreeView>(window, view).model(), column);
     }
     static void Select(QWidget& window, SInt32 view, std::initializer_list<int> rows) {
         auto& tree = Control<QTreeView>(window, view);
@@ -51,8 +47,6 @@ struct AddressBookDialogs : FaxDialogTest {
     const CardFolder cards;
 };
 
-using Texts = std::vector<std::string>;
-
 TEST_F(AddressBookDialogs, GroupsOfferTheEntriesOfTheirMembers) {
     cards.add("mil", "N:Miller;Ann;;;\nFN:Ann Miller\n" + Phone("CELL", "9") +
                          Phone("\"WORK,FAX\"", "7") + "X-COM-KALMO-MAILBOX:12\n");
@@ -64,31 +58,32 @@ TEST_F(AddressBookDialogs, GroupsOfferTheEntriesOfTheirMembers) {
     cards.add("alone", "N:Zoe;;;;\nFN:Zoe\n" + Phone("HOME", "4"));
     cards.addGroup("ants", {"mil", "ham", "co", "mute", "gone"});
     cards.addGroup("Bare", {});
-    EXPECT_EQ(pick([&](QWidget& window) {
-                  EXPECT_EQ(Column(window, kGroups), (Texts{"ants", "Bare", "bees", "No group"}));
-                  EXPECT_EQ(Column(window, kCandidates, kNumber), (Texts{"5", "6", "7", "9"}));
-                  EXPECT_EQ(Column(window, kCandidates, kFirst)[1], "Miles Ltd");
-                  EXPECT_EQ(Column(window, kCandidates, kLast)[1], "");
-                  for (const auto& [sought, found] : {std::pair{"mil", Texts{"6", "7", "9"}},
-                                                      {"WORK F", Texts{"7"}},
-                                                      {"9", Texts{"9"}},
-                                                      {"milton", Texts{}},
-                                                      {"", Texts{"5", "6", "7", "9"}}}) {
-                      Type(window, kSearch, sought);
-                      EXPECT_EQ(Column(window, kCandidates, kNumber), found) << sought;
-                      const int meant = *sought ? !found.empty() : 4;
-                      EXPECT_EQ(Control<QLabel>(window, kCount).text(),
-                                QString("Recipients to add: %1").arg(meant));
-                  }
-                  auto& titles = *Control<QTreeView>(window, kCandidates).header();
-                  QTest::mouseClick(titles.viewport(), Qt::LeftButton, {},
-                                    {titles.sectionViewportPosition(kFirst) + 9, 5});
-                  EXPECT_EQ(Column(window, kCandidates, kNumber), (Texts{"7", "9", "5", "6"}));
-                  Select(window, kCandidates, {0});
-                  EXPECT_EQ(Control<QLabel>(window, kCount).text(), "Recipients to add: 1");
-                  Press(window, kOK);
-              }),
-              1);
+    EXPECT_EQ(
+        pick([&](QWidget& window) {
+            EXPECT_EQ(Column(window, kGroups), (QStringList{"ants", "Bare", "bees", "No group"}));
+            EXPECT_EQ(Column(window, kCandidates, kNumber), (QStringList{"5", "6", "7", "9"}));
+            EXPECT_EQ(Column(window, kCandidates, kFirst)[1], "Miles Ltd");
+            EXPECT_EQ(Column(window, kCandidates, kLast)[1], "");
+            for (const auto& [sought, found] : {std::pair{"mil", QStringList{"6", "7", "9"}},
+                                                {"WORK F", {"7"}},
+                                                {"9", {"9"}},
+                                                {"milton", {}},
+                                                {"", {"5", "6", "7", "9"}}}) {
+                Type(window, kSearch, sought);
+                EXPECT_EQ(Column(window, kCandidates, kNumber), found) << sought;
+                const int meant = *sought ? !found.empty() : 4;
+                EXPECT_EQ(Control<QLabel>(window, kCount).text(),
+                          QString("Recipients to add: %1").arg(meant));
+            }
+            auto& titles = *Control<QTreeView>(window, kCandidates).header();
+            QTest::mouseClick(titles.viewport(), Qt::LeftButton, {},
+                              {titles.sectionViewportPosition(kFirst) + 9, 5});
+            EXPECT_EQ(Column(window, kCandidates, kNumber), (QStringList{"7", "9", "5", "6"}));
+            Select(window, kCandidates, {0});
+            EXPECT_EQ(Control<QLabel>(window, kCount).text(), "Recipients to add: 1");
+            Press(window, kOK);
+        }),
+        1);
     ASSERT_EQ(list.count(), 1);
     const auto expected = Dictionary(
         "FirstName=Ann LastName=Miller FaxNumber=\"7\" PhoneNumber=\"9\" Mailbox=\"12\" UID=mil");
@@ -105,9 +100,10 @@ TEST_F(AddressBookDialogs, AllOfSeveralGroupsAreAddedUpToAThousandInTheList) {
                   Select(window, kGroups, {0, 1});
                   EXPECT_TRUE(Column(window, kCandidates).empty());
                   Press(window, kOK);
-                  EXPECT_EQ(notices, (Texts{"You chose 11 recipients. A fax takes up to 1000, so "
-                                            "there is room for 10 more. Choose fewer, then add "
-                                            "them."}));
+                  EXPECT_EQ(notices, (std::vector<std::string>{
+                                         "You chose 11 recipients. A fax takes up to 1000, so "
+                                         "there is room for 10 more. Choose fewer, then add "
+                                         "them."}));
                   EXPECT_EQ(list.count(), 990);
                   Select(window, kGroups, {0});
                   Press(window, kOK);
@@ -160,7 +156,7 @@ TEST_F(AddressBookDialogs, AGroupNeedsANameAndAPlace) {
     driver.expect([&](QWidget& window) {
         Type(window, kName, " ");
         Press(window, kOK);
-        EXPECT_EQ(notices, Texts{"Enter a name for the group."});
+        EXPECT_EQ(notices, std::vector<std::string>{"Enter a name for the group."});
         EXPECT_TRUE(HasFocus(window, kName));
         contacts::SetSettings({.source = contacts::Source::desktop, .folder = {}});
         Type(window, kName, "Friends");

@@ -29,9 +29,7 @@ struct Cover {
         return bytes;
     }
     [[nodiscard]] QImage pixels(_WatermarkData* image = nullptr) const {
-        return PictureOf(Owned<CGImageRef>::Adopt(
-                             CGPDFDocumentCreatePageImage(Reopened(pdf(image)), 1, 612, 792)))
-            .copy();
+        return PagePicture(Reopened(pdf(image)));
     }
     /// What pdftotext makes of it.
     [[nodiscard]] std::string text(const std::string& option = "-raw") const {

@@ -31,11 +31,6 @@ struct CoverSheetSetup : FaxDialogTest {
     static MenuRef Menu(QWidget& window) {
         return GetControlPopupMenu(ControlFromWidget(&Control(window, kImage)));
     }
-    static UInt16 ItemOf(MenuRef menu, const char* text) {
-        for (UInt16 item = CountMenuItems(menu); item > 0; --item)
-            if (TakeText(CopyMenuItemTextAsCFString(menu, item)) == text) return item;
-        return 0;
-    }
     static void Pick(QWidget& window, MenuRef menu, const char* text) {
         SimulateMenuChoice(ControlFromWidget(&Control(window, kImage)), menu, ItemOf(menu, text));
     }
@@ -141,10 +136,7 @@ TEST_F(CoverSheetSetup, CancelKeepsANewImageAndRestoresTheOptions) {
 }
 
 TEST_F(CoverSheetSetup, DeletingAnImageReplacesTheListOfPrintWatermarks) {
-    const auto names =
-        Owned<CFMutableArrayRef>::Adopt(CFArrayCreateMutable(nullptr, 0, &kCFTypeArrayCallBacks));
-    for (const char* name : {"Logo", "Draft", "Logo"}) CFArrayAppendValue(names, String(name));
-    saveWatermarkList(kFaxImageStore, names);
+    saveWatermarkList(kFaxImageStore, Array({CFSTR("Logo"), CFSTR("Draft"), CFSTR("Logo")}));
     run(kOK, [this](QWidget& window) {
         Pick(window, Menu(window), "Draft");
         edit(window, "Edit…", "Final");

@@ -47,10 +47,7 @@ TEST(FaxRecipientList, DuplicatesAreExact) {
 
 TEST(FaxRecipientList, ForeignElementsOfTheTicketArePassedOver) {
     const auto bea = Dictionary("FirstName=Bea");
-    const void* elements[] = {CFSTR("Ann"), bea.get(), kCFBooleanTrue};
-    const auto array =
-        Owned<CFArrayRef>::Adopt(CFArrayCreate(nullptr, elements, 3, &kCFTypeArrayCallBacks));
-    const FaxRecipientList list(array);
+    const FaxRecipientList list(Array({CFSTR("Ann"), bea.get(), kCFBooleanTrue}));
     ASSERT_EQ(list.count(), 1);
     EXPECT_TRUE(CFEqual(list.recipientAtIndex(0)->firstName(), CFSTR("Bea")));
 }

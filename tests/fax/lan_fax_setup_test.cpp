@@ -54,17 +54,23 @@ struct LANFaxSetupTest : FaxDialogTest {
     Owned<CFMutableDictionaryRef> options = Dictionary("");
 };
 
-TEST_F(LANFaxSetupTest, WithoutOptionsShowsTheDefaultsAndStoresThem) {
-    run([](QWidget& window) {
-        EXPECT_EQ(Control<QComboBox>(window, kSendSpeedID).currentIndex(), 2);
-        EXPECT_EQ(Control<QComboBox>(window, kResolutionID).currentIndex(), 1);
-        EXPECT_TRUE(Is(window, kSendNowID));
-        EXPECT_FALSE(Enabled(window, kSendTimeID) || Enabled(window, kPrefixID) ||
-                     Enabled(window, kNotesID) || Enabled(window, kSaveGroup));
-    });
-    EXPECT_TRUE(CFEqual(options, Dictionary("ConfirmationSheet=true SendSpeed=3 Resolution=2 "
-                                            "CoverSheet=false PromptDuplicate=true "
-                                            "PromptRemove=true FAXWaterMarkSelectedIndex=1")));
+TEST_F(LANFaxSetupTest, WithoutOptionsOfTheRightKindShowsTheDefaultsAndStoresThem) {
+    for (const auto& wrong :
+         {std::vector<const char*>{},
+          {"SendSpeed", "Resolution", "SendTime", "DialingPrefix", "CoverSheet"}}) {
+        for (const char* key : wrong)
+            CFDictionarySetValue(options, CFStringMakeConstant(key), Dictionary(""));
+        run([](QWidget& window) {
+            EXPECT_EQ(Control<QComboBox>(window, kSendSpeedID).currentIndex(), 2);
+            EXPECT_EQ(Control<QComboBox>(window, kResolutionID).currentIndex(), 1);
+            EXPECT_TRUE(Is(window, kSendNowID));
+            EXPECT_FALSE(Enabled(window, kSendTimeID) || Enabled(window, kPrefixID) ||
+                         Enabled(window, kNotesID) || Enabled(window, kSaveGroup));
+        });
+        EXPECT_TRUE(CFEqual(options, Dictionary("ConfirmationSheet=true SendSpeed=3 Resolution=2 "
+                                                "CoverSheet=false PromptDuplicate=true "
+                                                "PromptRemove=true FAXWaterMarkSelectedIndex=1")));
+    }
 }
 
 TEST_F(LANFaxSetupTest, SendTimeIsTheControlsMomentOrADayLater) {
@@ -85,16 +91,6 @@ TEST_F(LANFaxSetupTest, SendTimeIsTheControlsMomentOrADayLater) {
         Press(window, kSendNowID);
     });
     EXPECT_FALSE(CFDictionaryContainsKey(options, kFaxSendTimeProperty));
-}
-
-TEST_F(LANFaxSetupTest, ValuesOfTheWrongKindCountAsMissing) {
-    for (const char* key : {"SendSpeed", "Resolution", "SendTime", "DialingPrefix", "CoverSheet"})
-        CFDictionarySetValue(options, CFStringMakeConstant(key), Dictionary(""));
-    run([](QWidget&) {});
-    EXPECT_EQ(number(kFaxSendSpeedProperty), 3);
-    EXPECT_EQ(number(kFaxResolutionProperty), 2);
-    for (const CFStringRef key : {kFaxSendTimeProperty, kFaxDialingPrefixProperty})
-        EXPECT_FALSE(CFDictionaryContainsKey(options, key)) << CFStringToUTF8(key);
 }
 
 TEST_F(LANFaxSetupTest, OffMeansNoKeyWhateverTheFieldHolds) {
