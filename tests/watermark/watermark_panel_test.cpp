@@ -39,20 +39,15 @@ struct WatermarkPanel : testing::Test, PanelRig {
         }
         return texts.mid(first, count).join(", ").toStdString();
     }
-    static UInt16 itemOf(MenuRef menu, const char* text) {
-        for (UInt16 item = CountMenuItems(menu); item > 0; --item)
-            if (TakeText(CopyMenuItemTextAsCFString(menu, item)) == text) return item;
-        return 0;
-    }
     using PanelRig::choose;
     void choose(const char* text) {
-        ASSERT_NE(itemOf(menu(), text), 0) << text;
-        SimulateMenuChoice(button(), menu(), itemOf(menu(), text));
+        ASSERT_NE(ItemOf(menu(), text), 0) << text;
+        SimulateMenuChoice(button(), menu(), ItemOf(menu(), text));
         WaitForWorkers();
     }
     void chooseOption(const char* text) {
-        const MenuRef options = GetMenuItemHierarchicalMenu(menu(), itemOf(menu(), "Options"));
-        SimulateMenuChoice(button(), options, itemOf(options, text));
+        const MenuRef options = GetMenuItemHierarchicalMenu(menu(), ItemOf(menu(), "Options"));
+        SimulateMenuChoice(button(), options, ItemOf(options, text));
     }
     /// The editor that opens next gets this text and OK.
     void type(const QString& text) {
@@ -155,7 +150,7 @@ TEST_F(WatermarkPanel, ATicketsWatermarkPrintsAsItIsThereAndIsNotSavedHere) {
     EXPECT_TRUE(isStored("Draft", &stored));
     EXPECT_EQ(stored.angle, 45);
     sync(kSyncToUI);
-    EXPECT_FALSE(IsMenuItemEnabled(menu(), itemOf(menu(), "Delete"))) << "not the user's";
+    EXPECT_FALSE(IsMenuItemEnabled(menu(), ItemOf(menu(), "Delete"))) << "not the user's";
     type("Job's");
     choose("Edit…");
     EXPECT_TRUE(isStored("Job's") && isStored("Draft")) << "the user's own stays";
@@ -217,9 +212,7 @@ TEST_F(WatermarkPanel, AMissingPictureIsSaidAndTakesNothingAlong) {
     SetWatermarkText(record->filename, CFSTR("logo.png"));
     SetWatermarkText(record->filePath, CFSTR("/nowhere/logo.png"));
     saveWatermarkData(kWatermarkStore, *record);
-    const void* names[] = {CFSTR("logo.png")};
-    saveWatermarkList(kWatermarkStore, Owned<CFArrayRef>::Adopt(CFArrayCreate(
-                                           nullptr, names, 1, &kCFTypeArrayCallBacks)));
+    saveWatermarkList(kWatermarkStore, Array({CFSTR("logo.png")}));
     show();
     EXPECT_EQ(label(kWarning), "");
     choose("logo.png");
