@@ -63,34 +63,25 @@ TEST(ImageShift, ForeignDictionariesFallToTheDefaults) {
     EXPECT_EQ(read.X1, 12) << "a metric 127 is cut";
 }
 
-struct InvertImage : testing::Test {
-    InvertImage() { InvertImageInitialize(&context, &options); }
-
-    OSStatus sync(Boolean direction) {
-        return InvertImageSync(context, &options, direction, ticket);
-    }
-    std::pair<bool, bool> flags() const { return {options.NegativeImage, options.MirrorImage}; }
-
-    LooseTicket ticket;
+TEST(InvertImage, AnyNumberButZeroIsTrueAndBoxesOfItsOwnForceTheirFlags) {
+    const LooseTicket ticket;
     InvertImageContext context;
     II_Options options;
-};
-
-TEST_F(InvertImage, AnyNumberButZeroIsTrue) {
+    InvertImageInitialize(&context, &options);
+    const auto flags = [&] {
+        return std::pair<bool, bool>(options.NegativeImage, options.MirrorImage);
+    };
     InvertImageSetOptionsFromTicket(Dictionary("NegativeImage=-2 MirrorImage=\"1\""), &options);
     EXPECT_EQ(flags(), std::pair(true, false));
-}
-
-TEST_F(InvertImage, BoxesOfItsOwnForceTheirFlags) {
     QWidget window;
     for (const SInt32 id : {910, 911, 912})
         SetControlID(ControlFromWidget(new QCheckBox(&window)), {'KPDE', id});
     ControlRef pane = nullptr;
     CreateUserPaneControl(WindowFromWidget(&window), {0, 0, 100, 100}, &pane);
     ASSERT_EQ(InvertImageOpen(&context, WindowFromWidget(&window), pane), noErr);
-    sync(kSyncToTicket);
+    InvertImageSync(context, &options, kSyncToTicket, ticket);
     EXPECT_EQ(flags(), std::pair(true, true));
-    sync(kSyncToUI);
+    InvertImageSync(context, &options, kSyncToUI, ticket);
     EXPECT_EQ(GetControl32BitValue(context.mirror), 1);
     InvertImageTerminate(&context);
 }
