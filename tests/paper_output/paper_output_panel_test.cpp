@@ -124,12 +124,19 @@ TEST_F(PaperOutputPanel, OnlyTransparenciesHaveSeparators) {
         EXPECT_NE(summary(&_PaperOutputContext::stockSummary), "");
     }
     EXPECT_EQ(record().jobStock.color(), kStockColorWhite);
+    close();
+    sync(kSyncToUI);
+    EXPECT_EQ(open(), kPMInvalidPDEContext);
+    EXPECT_NE(summary(&_PaperOutputContext::stockSummary), "") << "made again";
+    EXPECT_NE(summary(&_PaperOutputContext::finishingSummary), "");
 }
 
 TEST_F(PaperOutputPanel, ABookletTakesSidesAndGivesThemBackButNotToAStaple) {
     put(CFSTR("com.kalmo.print.SpecialPages.FrontCover"),
         Owned<CFDictionaryRef>::Adopt(Cover().asTicket()));
+    put(kBookletLayoutKey, kCFBooleanTrue);
     show(kEveryDevice);
+    EXPECT_FALSE(record().bookletIsOn() || layoutInTicket()) << "the ticket's is not taken over";
     pick(kSidesPopup, control<QComboBox>(kSidesPopup)->itemText(0));
     const std::string before = shown(kSidesPopup);
     runBooklet(true);
@@ -155,22 +162,6 @@ TEST_F(PaperOutputPanel, ABookletTakesSidesAndGivesThemBackButNotToAStaple) {
     EXPECT_FALSE(IsMenuItemChecked(menu(), itemOf(kBookletCommand)));
     sync(kSyncToTicket);
     EXPECT_EQ(choice(CFSTR("StapleLocation")), "MultipleStaples");
-}
-
-TEST_F(PaperOutputPanel, ABookletOfTheTicketIsNotTakenOver) {
-    put(kBookletLayoutKey, kCFBooleanTrue);
-    show();
-    EXPECT_FALSE(record().bookletIsOn());
-    EXPECT_FALSE(layoutInTicket());
-}
-
-TEST_F(PaperOutputPanel, OpeningAgainMakesTheSummariesAgain) {
-    show();
-    close();
-    sync(kSyncToUI);
-    EXPECT_EQ(open(), kPMInvalidPDEContext);
-    EXPECT_NE(summary(&_PaperOutputContext::stockSummary), "");
-    EXPECT_NE(summary(&_PaperOutputContext::finishingSummary), "");
 }
 
 }  // namespace
