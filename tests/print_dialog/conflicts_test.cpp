@@ -2,7 +2,6 @@
 #include "print_dialog/conflicts.h"
 
 #include "print_dialog/hosted_pane.h"
-#include "print_dialog/sample_documents.h"
 #include "print_dialog/shown_window.h"
 #include "settings/ticket.h"
 #include "support/ticket_files.h"
@@ -123,14 +122,10 @@ struct ConflictsInWindow : testing::Test {
     /// On the sample printer, with one staple through labels.
     void open(const std::string& printSettings = {}) {
         InstallPresence(WindowPresence());
-        const auto ticket = MakeFolder("ticket") / "stapled.plist";
-        WriteFile(ticket, TicketFile(printSettings, kStapled));
-        out_ = MakeFolder("out");
-        CommandLine commandLine;
-        commandLine.output = out_;
-        commandLine.ticket = ticket;
-        commandLine.document = WriteDocument({kPortraitPage});
-        commandLine.ppd = SamplePPD("kalmo-office-color");
+        CommandLine commandLine = SampleJob();
+        out_ = commandLine.output;
+        commandLine.ticket = MakeFolder("ticket") / "stapled.plist";
+        WriteFile(commandLine.ticket, TicketFile(printSettings, kStapled));
         window_ = ShowWindow(commandLine);
         ASSERT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
     }
@@ -179,8 +174,11 @@ TEST_F(ConflictsInWindow, EndByOneButtonAndComeBackByOne) {
     expectPrinted("None");
 }
 
-TEST_F(ConflictsInWindow, ArePrintedAnywayOnRequest) {
+TEST_F(ConflictsInWindow, GoWithOtherSettingsAndArePrintedAnywayOnRequest) {
     open();
+    button("&Print")->click();
+    Pick(*popup("Tray 2"), "Tray 2");
+    EXPECT_FALSE(band()->isVisible()) << "it told of other settings";
     button("&Print")->click();
     Pick(*popup("3 holes"), "3 holes");
     button("Print anyway")->click();
@@ -191,18 +189,13 @@ TEST_F(ConflictsInWindow, ArePrintedAnywayOnRequest) {
     expectPrinted("SinglePortrait");
 }
 
-TEST_F(ConflictsInWindow, ComeAfterThePrintCheckAndGoWithOtherSettings) {
-    open("<key>com.kalmo.print.JobType</key><dict><key>JobType</key><integer>5</integer></dict>");
+TEST_F(ConflictsInWindow, ComeAfterThePrintCheck) {
+    open(JobTypeEntry(5));
     ModalDriver setup;
     setup.expectPress("Cancel");
     button("&Print")->click();
     EXPECT_TRUE(setup.done()) << "the fax has no recipient yet";
     EXPECT_FALSE(band()->isVisible());
-
-    open();
-    button("&Print")->click();
-    Pick(*popup("Tray 2"), "Tray 2");
-    EXPECT_FALSE(band()->isVisible()) << "it told of other settings";
 }
 
 TEST_F(ConflictsInWindow, ChangesReachTheForm) {

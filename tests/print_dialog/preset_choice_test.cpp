@@ -5,7 +5,6 @@
 
 #include "print_dialog/preset_name_dialog.h"
 #include "print_dialog/remembered_settings.h"
-#include "print_dialog/sample_documents.h"
 #include "print_dialog/shown_window.h"
 #include "support/ticket_files.h"
 
@@ -23,11 +22,9 @@ struct PresetChoiceTest : testing::Test {
                              "<key>XFold</key><string>Letter</string>"));
         InstallPresence(WindowPresence());
     }
-    void open(const CommandLine& more = {}) {
-        CommandLine commandLine = more;
-        commandLine.output = MakeFolder("out").string();
-        commandLine.document = WriteDocument({kPortraitPage}).string();
-        commandLine.ppd = SamplePPD("kalmo-office-color").string();
+    void open(const std::string& preset = {}) {
+        CommandLine commandLine = SampleJob();
+        commandLine.preset = preset;
         window_ = ShowWindow(commandLine);
         row()->load({});
         EXPECT_TRUE(Wait([this] { return row()->list()->findText("Site") > 0; }));
@@ -92,7 +89,7 @@ TEST_F(PresetChoiceTest, SavesAppliesReplacesRenamesAndDeletes) {
 
 TEST_F(PresetChoiceTest, RenamesAndDeletesTheUsersOwnOnly) {
     ASSERT_TRUE(SavePreset("Mine", TicketFile("")));
-    open({.preset = "Site"});
+    open("Site");
     EXPECT_EQ(shown(), "Site");
     EXPECT_EQ(sides()->currentIndex(), 2);
     EXPECT_TRUE(window_->findChild<SendingBar*>()->fault().contains("XFold: Letter"));

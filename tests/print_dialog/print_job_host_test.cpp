@@ -5,6 +5,7 @@
 #include "print_dialog/job.h"
 #include "settings/ticket.h"
 #include "settings/ticket_keys.h"
+#include "support/dictionaries.h"
 #include "support/ticket_files.h"
 
 namespace kalmo::test {
@@ -90,23 +91,6 @@ TEST_F(PrintJobHostTest, TheDialogsPaperReachesTheStock) {
     EXPECT_EQ(stockSize(), 5) << "a stock has no number for it";
 }
 
-TEST_F(PrintJobHostTest, FurtherPanelsAreOfferedForOneLifeOnly) {
-    const auto bundle = Owned<CFBundleRef>::Adopt(OpenExtensionBundle());
-    auto** names =
-        static_cast<CFStringRef*>(CFBundleGetDataPointerForName(bundle, CFSTR("PanelInterfaces")));
-    ASSERT_TRUE(names);
-    {
-        HostedPane pane({"special-pages", "job-notes", "special-pages"});
-        pane.beginOnSample();
-        EXPECT_TRUE(CFEqual(names[4], CFSTR("_GetSpecialPagesPanelInterface")));
-        EXPECT_TRUE(CFEqual(names[5], CFSTR("GetJobNotesPanelInterface")));
-        EXPECT_EQ(names[6], nullptr) << "a name given twice is one panel";
-    }
-    EXPECT_EQ(names[4], nullptr);
-    EXPECT_EQ(names[5], nullptr);
-    EXPECT_EQ(PanelInterfaceName("colour"), nullptr);
-}
-
 struct JobTest : PrintJobHostTest {
     /// What these settings, on top of the pane's own, send to a queue.
     JobOrder order(const std::function<void(JobSettings&)>& change) {
@@ -128,8 +112,7 @@ struct JobTest : PrintJobHostTest {
 TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
     pane_.choose(SamplePPD("kalmo-office-color"));
     ASSERT_TRUE(pane_.host.readTicket(
-        TicketFile("<key>com.kalmo.print.JobType</key><dict><key>SecurePrintPassword</key>"
-                   "<string>24680</string></dict>",
+        TicketFile(JobTypeEntry(1, TextEntry("SecurePrintPassword", "24680")),
                    "<key>KLEconomode</key><string>Draft</string><key>copies</key>"
                    "<string>99</string><key>raw</key><string>true</string>")));
     ASSERT_EQ(pane_.begin(), noErr);
@@ -155,28 +138,21 @@ TEST_F(JobTest, ChoicesAndSettingsBecomeOptions) {
 }
 
 TEST_F(JobTest, AFaxIsBlackAndConfidentialAndTheNextJobHasItsColorAgain) {
-    const auto jobType = [](int type) {
-        return "<dict><key>JobType</key><integer>" + std::to_string(type) + "</integer></dict>";
-    };
     const auto inColor = [](JobSettings& settings) {
         settings.colorOption = "KLMColor", settings.colorChoice = "Color";
     };
     ASSERT_EQ(pane_.beginOnSample(), noErr);
-    for (const char* details :
-         {"<key>com.kalmo.print.FaxRecipientList</key><array><dict><key>FaxNumber</key>"
-          "<string>12</string></dict></array>",
-          "<key>com.kalmo.print.FaxOptions</key><dict><key>CreditCard</key><string>12</string>"
-          "</dict>"}) {
+    for (const std::string& details :
+         {"<key>com.kalmo.print.FaxRecipientList</key><array><dict>" + TextEntry("FaxNumber", "1") +
+              "</dict></array>",
+          DictionaryEntry("com.kalmo.print.FaxOptions", TextEntry("CreditCard", "12"))}) {
         SCOPED_TRACE(details);
-        ASSERT_TRUE(pane_.host.readTicket(
-            TicketFile("<key>com.kalmo.print.JobType</key>" + jobType(5) + details)));
+        ASSERT_TRUE(pane_.host.readTicket(TicketFile(JobTypeEntry(5) + details)));
         EXPECT_TRUE(order(inColor).secret);
         pane_.host.sync(kSyncToTicket);
         EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "BW");
     }
-    const auto normal = ReadPlist("<plist version=\"1.0\">" + jobType(1) + "</plist>");
-    PMTicketSetCFDictionary(ticket(), kTicketCreator, kJobTypeKey,
-                            static_cast<CFDictionaryRef>(normal.get()), false);
+    PMTicketSetCFDictionary(ticket(), kTicketCreator, kJobTypeKey, Dictionary("JobType=1"), false);
     pane_.host.sync(kSyncToUI);
     pane_.host.sync(kSyncToTicket);
     EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "Color");

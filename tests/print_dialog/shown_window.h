@@ -2,10 +2,18 @@
 #pragma once
 
 #include "print_dialog/print_window.h"
-#include "support/qt_test.h"
+#include "print_dialog/sample_documents.h"
 
 namespace kalmo::test {
 
+/// A document for the sample printer that is printed into a fresh folder.
+inline CommandLine SampleJob(std::size_t pages = 1) {
+    CommandLine job;
+    job.output = MakeFolder("out").string();
+    job.document = WriteDocument(std::vector(pages, kPortraitPage)).string();
+    job.ppd = SamplePPD("kalmo-office-color").string();
+    return job;
+}
 inline std::unique_ptr<PrintWindow> ShowWindow(const CommandLine& commandLine) {
     auto window = std::make_unique<PrintWindow>(commandLine);
     EXPECT_EQ(window->prepare(), kExitDone);

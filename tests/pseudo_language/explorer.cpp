@@ -127,9 +127,7 @@ void Explorer::chooseItem(QMenu& menu) {
 
 void Explorer::turnOn(QWidget& window) {
     for (const auto& button : Usable<QAbstractButton>(window)) {
-        const bool isChoice =
-            button && (qobject_cast<QRadioButton*>(button) || (qobject_cast<QCheckBox*>(button)));
-        if (!isChoice || button->isChecked()) continue;
+        if (!button || !IsChoice(*button) || button->isChecked()) continue;
         button->click();
         look_(window);
     }

@@ -7,8 +7,7 @@
 #include "fax/card_folder.h"
 #include "house/resource_files.h"
 #include "print_dialog/address_book_dialog.h"
-#include "print_dialog/print_window.h"
-#include "print_dialog/sample_documents.h"
+#include "print_dialog/shown_window.h"
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
 #include "pseudo_language/explorer.h"
@@ -112,15 +111,13 @@ TEST_F(PseudoLanguage, EveryWindowOfAnInterfaceFile) {
 }
 
 TEST_F(PseudoLanguage, EveryWindowThatPrintingLeadsTo) {
-    CommandLine commandLine;
-    const auto output = MakeFolder("out");
-    commandLine.output = output.string();
-    commandLine.document = WriteDocument(std::vector(5, kPortraitPage)).string();
+    CommandLine commandLine = SampleJob(5);
     commandLine.ppd = (MakeFolder("ppd") / "office.ppd").string();
     commandLine.panels = {"special-pages", "job-notes"};
     WriteFile(commandLine.ppd, InPseudo(ReadFile(SamplePPD("kalmo-office-color"))));
     data_.insert(data_.begin(),
-                 {"report.pdf", "Kalmo", "Tolvane C7030", "~/" + output.filename().string(),
+                 {"report.pdf", "Kalmo", "Tolvane C7030",
+                  "~/" + std::filesystem::path(commandLine.output).filename().string(),
                   ShownPath(contacts::DefaultFolder()).toStdString()});
     Explorer explorer(
         {WindowText("Print"), WindowText("Extras"), WindowText("Cancel"), "panelSelector"},
