@@ -32,18 +32,6 @@ struct FolderDeliveryTest : testing::Test {
     DeliveryState state_;
 };
 
-TEST_F(FolderDeliveryTest, LeavesWhatLiesThereAlone) {
-    WriteFile(output_ / "report.pdf", "somebody's");
-    WriteFile(output_ / "report 2.ticket.plist", "somebody's too");
-    const auto result = deliver("report.pdf");
-    ASSERT_EQ(result.end, JobResult::End::printed) << result.message;
-    EXPECT_EQ(result.document.filename(), "report 3.pdf");
-    EXPECT_EQ(result.ticket.filename(), "report 3.ticket.plist");
-    EXPECT_EQ(ReadFile(output_ / "report.pdf"), "somebody's");
-    EXPECT_EQ(ReadFile(output_ / "report 2.ticket.plist"), "somebody's too");
-    EXPECT_EQ(FilesIn(output_).size(), 4u);
-}
-
 /// As on a network file system, in the thread that calls it.
 void RefuseRenamingWithFlags() {
     sock_filter filter[] = {

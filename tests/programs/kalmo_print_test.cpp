@@ -135,8 +135,9 @@ TEST_F(KalmoPrintTest, UnreadableInputEndsInOneLineThatNamesIt) {
 }
 
 TEST_F(KalmoPrintTest, PrintsIntoAFolder) {
-    const auto ticket = ticketWith(kForeignSettings);
-    for (const std::string stem : {"report", "report 2"}) {
+    const auto ticket = ticketWith(kForeignSettings), other = output_ / "report 2.ticket.plist";
+    WriteFile(other, "somebody's");
+    for (const std::string stem : {"report", "report 3"}) {
         SCOPED_TRACE(stem);
         const auto end = runOnSample({"--ticket", ticket, "--output", output_, document_});
         ASSERT_EQ(end.exitCode, 0) << end.errors;
@@ -156,8 +157,9 @@ TEST_F(KalmoPrintTest, PrintsIntoAFolder) {
         fs::remove(detached);
     }
     EXPECT_NE(ReadFile(output_ / "report.ticket.plist"),
-              ReadFile(output_ / "report 2.ticket.plist"))
+              ReadFile(output_ / "report 3.ticket.plist"))
         << "each job has a nonce of its own";
+    EXPECT_EQ(ReadFile(other), "somebody's");
     EXPECT_TRUE(fs::is_empty(temporary_));
 }
 
