@@ -13,6 +13,7 @@ namespace fs = std::filesystem;
 
 struct AddressBookDialogTest : testing::Test {
     AddressBookDialogTest() {
+        setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
         for (const auto& [uid, name, more] :
              {std::tuple{"a1", "Zoë Älund", "ORG:Acme\n"}, {"a2", "Ben Ode", ""}})
             cards_.add(uid, std::string("FN:") + name + "\nN:;;;;\n" + more + "TEL;TYPE=fax:12\n");
@@ -30,13 +31,10 @@ struct AddressBookDialogTest : testing::Test {
         return nullptr;
     }
     /// From the list of people, once `searched` is typed.
-    void choosePerson(const char* searched, const std::vector<std::string>& found) {
+    void choosePerson(const char* searched, const QStringList& found) {
         auto* list = dialog_->findChild<QListView*>();
         dialog_->findChild<MyCardChoice*>()->findChild<QLineEdit*>()->setText(searched);
-        std::vector<std::string> names;
-        for (int row = 0; row < list->model()->rowCount(); ++row)
-            names.push_back(list->model()->index(row, 0).data().toString().toStdString());
-        ASSERT_EQ(names, found);
+        ASSERT_EQ(RowsOf(*list->model()), found);
         const QModelIndex last = list->model()->index(list->model()->rowCount() - 1, 0);
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(last).center());
     }
@@ -88,7 +86,6 @@ TEST_F(AddressBookDialogTest, ACardThatCannotBeMarkedIsSaidAndNothingKept) {
 
 TEST_F(AddressBookDialogTest, WhatTheFileSaysWrongIsPassedOver) {
     const auto file = fs::path(getenv("XDG_CONFIG_HOME")) / "kalmo-print/window.conf";
-    const auto panels = RememberedPanels();
     ASSERT_TRUE(RememberPanels({"job-notes"}));
     ASSERT_TRUE(RememberAddressBook(own_));
     EXPECT_EQ(RememberedPanels(), std::vector<std::string>{"job-notes"});
@@ -97,7 +94,6 @@ TEST_F(AddressBookDialogTest, WhatTheFileSaysWrongIsPassedOver) {
         WriteFile(file, wrong);
         EXPECT_EQ(RememberedAddressBook(), contacts::Settings()) << wrong;
     }
-    static_cast<void>(RememberPanels(panels));
 }
 
 TEST_F(AddressBookDialogTest, EveryControlHasANameALetterAndRoom) {

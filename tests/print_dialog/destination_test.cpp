@@ -17,13 +17,9 @@ std::vector<Destination> Office() {
     });
 }
 
-void RemoveRemembered() {
-    std::filesystem::remove_all(std::filesystem::path(getenv("XDG_CONFIG_HOME")) / "kalmo-print");
-}
-
 struct DestinationTest : testing::Test {
     DestinationTest() {
-        RemoveRemembered();
+        setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
         restart();
     }
     void restart() {
@@ -44,12 +40,7 @@ struct DestinationTest : testing::Test {
     }
     [[nodiscard]] QWidget* popup() const { return window_->findChild<DestinationPopup*>(); }
     [[nodiscard]] QListView& rows() const { return *popup()->findChild<QListView*>(); }
-    [[nodiscard]] QStringList shown() const {
-        QStringList texts;
-        for (int row = 0; row < rows().model()->rowCount(); ++row)
-            texts.append(rows().model()->index(row, 0).data().toString());
-        return texts;
-    }
+    [[nodiscard]] QStringList shown() const { return RowsOf(*rows().model()); }
     void open() {
         choice_->list()->setFocus();
         QTest::keyClick(choice_->list(), Qt::Key_F4);
@@ -89,10 +80,7 @@ TEST_F(DestinationTest, WordsInAnyOrderFindAPrinterWhateverItsCaseAndAccents) {
     for (const auto& [why, typed, found] : rows) {
         SCOPED_TRACE(why);
         model.setSearch(typed);
-        QStringList texts;
-        for (int row = 0; row < model.rowCount(); ++row)
-            texts.append(model.index(row).data().toString());
-        EXPECT_EQ(texts, found + QStringList{"Save to folder"});
+        EXPECT_EQ(RowsOf(model), found + QStringList{"Save to folder"});
     }
 }
 

@@ -14,10 +14,6 @@ namespace {
 const std::vector<PageSize> kEightPages(8, {595, 842});
 constexpr char kMarker[] = "77345123";
 
-Owned<CFTypeRef> ArrayOf(CFTypeRef element) {
-    return Owned<CFTypeRef>::Adopt(CFArrayCreate(nullptr, &element, 1, &kCFTypeArrayCallBacks));
-}
-
 struct JobSummaryTest : testing::Test {
     JobSummaryTest() {
         setenv("LANGUAGE", "en", 1);
@@ -35,7 +31,7 @@ struct JobSummaryTest : testing::Test {
         const auto blue = Dictionary("Color=2");
         for (const char* inner : {"Stock", "Record"})
             CFDictionarySetValue(dictionary, String(inner), blue.get());
-        put(key, key.ends_with("List") ? ArrayOf(dictionary.get()).get() : dictionary.get());
+        put(key, key.ends_with("List") ? CFTypeRef(Array({dictionary.get()})) : dictionary.get());
     }
     /// Everything secret that a ticket can hold.
     void putSecrets(int jobType) {
@@ -132,7 +128,7 @@ TEST_F(JobSummaryTest, AnyTicketMakesLines) {
         for (const QString& key : pageKeys.split(' '))
             CFDictionarySetValue(page, String(key.toStdString()),
                                  values[values.size() - 1 - i % 7 - next++ % 9]);
-        values.push_back(Owned<CFTypeRef>::Retain(i % 2 ? page.get() : ArrayOf(page.get()).get()));
+        values.push_back(Owned<CFTypeRef>::Retain(i % 2 ? CFTypeRef(page) : Array({page.get()})));
     }
     for (std::size_t i = 0; i < values.size(); ++i) {
         std::size_t next = i;

@@ -79,24 +79,21 @@ TEST_F(PresetsTest, SavedSettingsComeBackIntoAFreshPane) {
 }
 
 TEST_F(PresetsTest, WhatIsSecretOrOfOneJobIsNeitherWrittenNorRead) {
-    const std::string marked = "<string>marker</string>";
+    const auto marked = [](const char* key) { return TextEntry(key, "marker"); };
     std::string entries =
-        "<key>com.kalmo.print.JobType</key><dict><key>JobType</key><integer>6</integer>"
-        "<key>SecurePrintPassword</key>" +
-        marked + "<key>UseJobName</key><false/><key>SavedJobName</key>" + marked +
-        "</dict>"
-        "<key>com.kalmo.print.FaxOptions</key><dict><key>DialingPrefix</key>" +
-        marked + "<key>CreditCard</key>" + marked + "<key>CustomRecipientText</key>" + marked +
-        "<key>CoverSheetNotes</key>" + marked +
-        "</dict>"
-        "<key>com.kalmo.print.FaxRecipientList</key><array><dict><key>FaxNumber</key>" +
-        marked + "</dict></array>";
+        JobTypeEntry(6, marked("SecurePrintPassword") + "<key>UseJobName</key><false/>" +
+                            marked("SavedJobName")) +
+        DictionaryEntry("com.kalmo.print.FaxOptions",
+                        marked("DialingPrefix") + marked("CreditCard") +
+                            marked("CustomRecipientText") + marked("CoverSheetNotes")) +
+        "<key>com.kalmo.print.FaxRecipientList</key><array><dict>" + marked("FaxNumber") +
+        "</dict></array>";
     for (const char* key :
          {"com.kalmo.print.nonce", "com.kalmo.print.ClientInformation.UserName",
           "com.kalmo.print.ClientInformation.Later", "com.apple.print.JobInfo.PMJobName",
           "com.kalmo.print.JobNotesJobName", "com.kalmo.print.JobNotesRecipient",
           "com.kalmo.print.JobNotesSenderName"})
-        entries += "<key>" + std::string(key) + "</key>" + marked;
+        entries += marked(key);
     const Preset preset = handMade(TicketFile(entries));
     ASSERT_TRUE(pane_.host.readTicket(ReadFile(preset.file)));
     for (const bool last : {false, true}) {
@@ -159,11 +156,10 @@ TEST_F(PresetsTest, WhatIsNoPresetIsRefusedInOneLineAndChangesNothing) {
         EXPECT_EQ(std::ranges::count(outcome.error, '\n'), 0);
         EXPECT_EQ(keptOf(pane_), before);
     }
-    apply(
-        handMade(TicketFile("<key>com.kalmo.print.JobType</key><string>marker</string>"
-                            "<key>com.kalmo.print.DialogSettings</key><dict><key>Copies</key>"
-                            "<integer>-4</integer><key>PagesPerSheet</key><integer>7</integer>"
-                            "<key>Collate</key><string>no</string></dict>")));
+    apply(handMade(TicketFile(TextEntry("com.kalmo.print.JobType", "marker") +
+                              "<key>com.kalmo.print.DialogSettings</key><dict><key>Copies</key>"
+                              "<integer>-4</integer><key>PagesPerSheet</key><integer>7</integer>"
+                              "<key>Collate</key><string>no</string></dict>")));
     EXPECT_EQ(pane_.host.settings().copies, 1);
     EXPECT_EQ(pane_.host.settings().pagesPerSheet, 1);
     EXPECT_TRUE(pane_.host.settings().collate);
@@ -234,10 +230,8 @@ TEST_F(PresetsTest, ADelayedJobWaitsForTheNextSuchTime) {
     for (const auto& [hour, day] : {std::pair{22, 17}, {7, 18}}) {
         const SInt64 stored =
             LongDateToSeconds({.year = 2026, .month = 2, .day = 3, .hour = hour, .minute = 30});
-        apply(
-            handMade(TicketFile("<key>com.kalmo.print.JobType</key><dict>"
-                                "<key>DelayedPrintTime</key><integer>" +
-                                std::to_string(stored) + "</integer></dict>")));
+        apply(handMade(TicketFile(JobTypeEntry(
+            7, "<key>DelayedPrintTime</key><integer>" + std::to_string(stored) + "</integer>"))));
         const auto* job = DictionaryInTicket(pane_.host.printSettings(), kJobTypeKey);
         CFIndex moment = 0;
         GetCFIndexFromCFDictionary(job, CFSTR("DelayedPrintTime"), &moment);
