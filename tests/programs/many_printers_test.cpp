@@ -29,15 +29,18 @@ TEST(ManyPrintersTest, EachQueueIsListedWithItsPaneOrWhyItHasNone) {
     };
     for (const auto& row : rows) ASSERT_EQ(server.addQueue(row.queue, row.ppd).exitCode, 0);
     server.damagePPD("bad", "no description at all");
+    setenv("PRINTER", "c7030", 1);
     const std::string listed = Listed();
     for (const auto& [queue, ppd, pane] : rows) {
         SCOPED_TRACE(queue);
-        const auto at = listed.find(std::string("  ") + queue + '\t');
+        const auto at = listed.find(std::string(" ") + queue + '\t');
         ASSERT_NE(at, std::string::npos) << listed;
         const std::string line = listed.substr(at, listed.find('\n', at) + 1 - at);
         EXPECT_EQ(std::ranges::count(line, '\t'), 3) << line;
         EXPECT_TRUE(Contains(line, std::string("\tpane: ") + pane)) << line;
     }
+    EXPECT_EQ(std::ranges::count(listed, '*'), 1);
+    EXPECT_TRUE(Contains(listed, "* c7030\tKalmo Tolvane C7030\t")) << "the default";
 }
 
 TEST(ManyPrintersTest, AThousandQueuesAreReadySoonAndReadOnce) {

@@ -69,16 +69,6 @@ std::string Text(ipp_attribute_t* attribute) {
     return text;
 }
 
-bool SendDocument(const std::string& queue, int job, const path& document) {
-    if (cupsStartDocument(CUPS_HTTP_DEFAULT, queue.c_str(), job, "document.pdf", CUPS_FORMAT_PDF,
-                          1) != HTTP_STATUS_CONTINUE) {
-        return false;
-    }
-    const std::string bytes = ReadFile(document);
-    cupsWriteRequestData(CUPS_HTTP_DEFAULT, bytes.data(), bytes.size());
-    return cupsFinishDocument(CUPS_HTTP_DEFAULT, queue.c_str()) <= IPP_STATUS_OK_CONFLICTING;
-}
-
 bool OpenToEverybody(const std::filesystem::directory_entry& entry) {
     return std::filesystem::is_regular_file(entry.symlink_status()) &&
            (entry.status().permissions() & perms::others_read) != perms::none;
@@ -199,29 +189,15 @@ ProgramEnd PrivateCupsd::addQueueOn(const std::string& device, const std::string
     return RunProgram({.program = "/usr/sbin/lpadmin", .arguments = arguments});
 }
 
-int PrivateCupsd::submit(const std::string& queue, const path& document, const JobOptions& options,
-                         const std::string& user) {
-    cupsSetUser(user.c_str());
-    int count = 0;
-    cups_option_t* list = nullptr;
-    for (const auto& [name, value] : options)
-        count = cupsAddOption(name.c_str(), value.c_str(), count, &list);
-    const int job = cupsCreateJob(CUPS_HTTP_DEFAULT, queue.c_str(), "A test", count, list);
-    cupsFreeOptions(count, list);
-    return job != 0 && SendDocument(queue, job, document) ? job : 0;
-}
-
-FinishedJob PrivateCupsd::finished(int job) {
-    FinishedJob result;
+bool PrivateCupsd::printed(int job) {
+    int state = IPP_JSTATE_PENDING;
     Wait([&] {
         const IppAnswer answer = AskAboutJob(job, "alice");
-        auto* state = ippFindAttribute(answer.get(), "job-state", IPP_TAG_ENUM);
-        auto* message = ippFindAttribute(answer.get(), "job-printer-state-message", IPP_TAG_TEXT);
-        if (state) result.state = static_cast<ipp_jstate_t>(ippGetInteger(state, 0));
-        if (message) result.message = ippGetString(message, 0, nullptr);
-        return result.state >= IPP_JSTATE_STOPPED;
+        state = ippGetInteger(ippFindAttribute(answer.get(), "job-state", IPP_TAG_ENUM), 0);
+        return state >= IPP_JSTATE_STOPPED;
     });
-    return result;
+    EXPECT_EQ(state, IPP_JSTATE_COMPLETED) << log();
+    return state == IPP_JSTATE_COMPLETED;
 }
 
 std::string PrivateCupsd::attributes(int job, const std::string& user) {

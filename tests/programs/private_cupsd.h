@@ -11,14 +11,6 @@
 
 namespace kalmo::test {
 
-using JobOptions = std::map<std::string, std::string>;
-
-struct FinishedJob {
-    ipp_jstate_t state = IPP_JSTATE_PENDING;
-    /// What the server tells people about it.
-    std::string message;
-};
-
 /// The numbers of all jobs that the server ever took.
 std::vector<int> JobsOnTheServer();
 
@@ -59,12 +51,9 @@ public:
     static ProgramEnd addQueueOn(const std::string& device, const std::string& queue,
                                  const std::filesystem::path& ppd);
 
-    /// Sends a PDF as `user`; the job's number, 0 on failure.
-    int submit(const std::string& queue, const std::filesystem::path& document,
-               const JobOptions& options, const std::string& user = "alice");
     /// Waits until the job is printed, cancelled, aborted or, after a failed filter, stopped; 30 s
-    /// at most.
-    FinishedJob finished(int job);
+    /// at most. False, and the log in the test's output, unless it is printed.
+    bool printed(int job);
     /// Every attribute the server tells `user` about the job, one "name=value" line each.
     std::string attributes(int job, const std::string& user);
     /// Where people other than its owner read `secret` once the job is printed: command lines,
