@@ -4,6 +4,7 @@
 
 #include "print_dialog/widgets.h"
 #include "toolbox/host.h"
+#include "toolbox/tab_order.h"
 
 namespace kalmo {
 namespace {
@@ -47,6 +48,7 @@ ControlRef PaneView::createEmbedder() {
     embedder_ = new Embedder;
     embedder_->resize(0, 0);
     scroll_->setWidget(embedder_);
+    toolbox::TabOrder(*embedder_).restoreIn(*this);
     return ControlFromWidget(embedder_);
 }
 

@@ -83,10 +83,10 @@ void PrintWindow::createWidgets() {
 
 QLayout* PrintWindow::createButtons() {
     help_ = new QPushButton(WindowText("Help"), this);
-    cancel_ = new QPushButton(WindowText("Cancel"), this);
-    print_ = new QPushButton(WindowText("Print"), this);
     panels_ = new ExtrasButton(this);
     summary_ = new QPushButton(WindowText("Summary..."), this);
+    cancel_ = new QPushButton(WindowText("Cancel"), this);
+    print_ = new QPushButton(WindowText("Print"), this);
     // Window and panes have taken all letters.
     const QKeySequence shortcut(Qt::CTRL | Qt::Key_I);
     summary_->setShortcut(shortcut);

@@ -6,6 +6,7 @@
 
 #include "print_dialog/widgets.h"
 #include "print_dialog/window_texts.h"
+#include "toolbox/tab_order.h"
 
 namespace kalmo {
 namespace {
@@ -38,6 +39,7 @@ void SendingBar::createDifferences() {
     differences_->setTabChangesFocus(true);
     differences_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     layout()->addWidget(differences_);
+    toolbox::TabOrder(*differences_).restoreIn(*this);
 }
 
 void SendingBar::showProgress(JobStage stage, int percent, const QString& destination) {

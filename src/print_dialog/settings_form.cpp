@@ -42,8 +42,7 @@ SettingsForm::SettingsForm(QWidget* parent)
     : QWidget(parent),
       rows_(new QFormLayout(this)),
       destination_(new DestinationChoice(this)),
-      presets_(new PresetChoice(this)),
-      pages_(new PagesChoice(this)) {
+      presets_(new PresetChoice(this)) {
     rows_->setContentsMargins(0, 0, 0, 0);
     rows_->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     rows_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
@@ -54,6 +53,7 @@ SettingsForm::SettingsForm(QWidget* parent)
     addRow("Settings:", createPresets(), presets_->list());
     QLayout* copies = createCopies();
     addRow("Copies:", copies, copies_);
+    pages_ = new PagesChoice(this);
     addRow("Pages:", pages_, nullptr);
     papers_ = addPopup("Paper:", &JobSettings::paper);
     addRow("Orientation:", createOrientation(), nullptr);

@@ -69,7 +69,7 @@ private:
     PresetChoice* presets_;
     QSpinBox* copies_ = nullptr;
     QCheckBox* collate_ = nullptr;
-    PagesChoice* pages_;
+    PagesChoice* pages_ = nullptr;
     QComboBox* papers_ = nullptr;
     QRadioButton* portrait_ = nullptr;
     QRadioButton* landscape_ = nullptr;

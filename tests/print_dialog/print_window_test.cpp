@@ -247,6 +247,10 @@ TEST_F(PrintWindowTest, EveryControlHasANameAndRoomForItsText) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         EXPECT_EQ(WindowFaults(window, Identities::notNeeded), std::vector<std::string>());
         EXPECT_EQ(CutTexts(window), std::vector<std::string>());
+        EXPECT_EQ(TabJumps(window), std::vector<std::string>());
+        choosePanel(1);
+        QTest::qWait(20);
+        EXPECT_EQ(TabJumps(window), std::vector<std::string>()) << "with a new pane";
     }
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }

@@ -59,8 +59,9 @@ TEST(SettingsForm, OffersWhatThePrinterHas) {
 TEST(SettingsForm, ChecksTheRangeWhileItIsTyped) {
     SettingsForm form;
     form.setDocument(5, Orientation::portrait);
-    form.show();
-    auto* text = form.findChild<QLineEdit*>();
+    Activate(form);
+    auto* text = form.findChild<PagesChoice*>()->findChild<QLineEdit*>();
+    text->setFocus();
     QTest::keyClick(text, Qt::Key_1);
     EXPECT_EQ(form.settings().pages, (std::vector<PageRange>{{1, 1}}))
         << "typing chooses the range";

@@ -85,6 +85,25 @@ std::vector<std::string> WindowFaults(QWidget& window, Identities identities) {
     return faults;
 }
 
+std::vector<std::string> TabJumps(QWidget& window) {
+    std::vector<std::string> jumps;
+    const auto place = [&window](const QWidget& widget) {
+        const QRect there(widget.mapTo(&window, QPoint()), widget.size());
+        return QStyle::visualRect(window.layoutDirection(), window.rect(), there);
+    };
+    const QWidget* before = nullptr;
+    for (QWidget* next = window.nextInFocusChain(); next != &window;
+         next = next->nextInFocusChain()) {
+        if (!next->isVisibleTo(&window) || next->focusProxy() || !TakesTab(*next)) continue;
+        const bool isOn = !before || before->isAncestorOf(next) ||
+                          place(*next).top() >= place(*before).center().y() ||
+                          place(*next).left() >= place(*before).right();
+        if (!isOn) jumps.push_back(NameOf(*before) + " leads back to " + NameOf(*next));
+        before = next;
+    }
+    return jumps;
+}
+
 std::vector<std::string> CutTexts(QWidget& window) {
     std::vector<std::string> cut;
     for (QWidget* widget : window.findChildren<QWidget*>()) {

@@ -14,6 +14,9 @@ enum class Identities { needed, notNeeded };
 /// One line for each control in `window`, shown or not, that has no name for assistive technology,
 /// no place in the tab order, or no identity.
 [[nodiscard]] std::vector<std::string> WindowFaults(QWidget& window, Identities identities);
+/// One line for each time that the Tab key leads back: neither further down nor on into another
+/// column of a window that is laid out.
+[[nodiscard]] std::vector<std::string> TabJumps(QWidget& window);
 /// One line for each label, button or check box that is narrower or lower than its text needs, in a
 /// window that is laid out.
 [[nodiscard]] std::vector<std::string> CutTexts(QWidget& window);

@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <vector>
 
+#pragma GCC visibility push(default)
+
 namespace toolbox {
 
 class TabOrder final {
@@ -20,3 +22,5 @@ private:
 };
 
 }  // namespace toolbox
+
+#pragma GCC visibility pop
