@@ -9,7 +9,6 @@
 #include <ctime>
 #include <fstream>
 
-#include "foundation/bundle.h"
 #include "print_dialog/color_scheme.h"
 #include "print_dialog/print_window.h"
 #include "print_dialog/stop_signals.h"
@@ -40,7 +39,7 @@ void PrintFirstFrame() {
 /// Texts of Qt's own windows, the file dialog above all, in the language of ours.
 void TranslateQt(QTranslator& translator) {
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    const QString language = QString::fromStdString(PreferredLanguages().front());
+    const QString language = QString::fromStdString(WindowLanguages().front());
     if (translator.load(QLocale(language), "qtbase", "_", folder)) {
         QCoreApplication::installTranslator(&translator);
     }

@@ -11,15 +11,14 @@
 namespace kalmo {
 namespace {
 
+QString TableOf(const std::string& language) {
+    return QString(":/kalmo-print/%1.lproj/Window.strings").arg(language.c_str());
+}
+
 std::vector<StringsTable> ReadTables() {
-    std::vector<std::string> languages;
-    for (const std::string& language : PreferredLanguages()) {
-        languages.push_back(language);
-        languages.push_back(language.substr(0, language.find('-')));
-    }
     std::vector<StringsTable> tables;
-    for (const std::string& language : languages) {
-        QFile file(QString(":/kalmo-print/%1.lproj/Window.strings").arg(language.c_str()));
+    for (const std::string& language : WindowLanguages()) {
+        QFile file(TableOf(language));
         if (file.open(QIODevice::ReadOnly)) {
             tables.push_back(ReadStringsTable(file.readAll().toStdString()));
         }
@@ -53,6 +52,13 @@ std::string Filled(const std::string& format, const std::vector<std::string>& ar
 }
 
 }  // namespace
+
+std::vector<std::string> WindowLanguages() {
+    std::vector<std::string> languages = PreferredLanguages();
+    std::erase_if(languages,
+                  [](const auto& language) { return !QFile::exists(TableOf(language)); });
+    return languages;
+}
 
 QString WindowText(const char* key, const QStringList& arguments) {
     std::vector<std::string> values;

@@ -5,8 +5,13 @@
 #include <QStringList>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 namespace kalmo {
+
+/// The languages that there are tables of texts in, the user's first ones first; English is last
+/// at the latest. Whatever else speaks in the window takes the first.
+[[nodiscard]] std::vector<std::string> WindowLanguages();
 
 /// From Window.strings (resources/kalmo-print/xx.lproj, compiled in): requested language, its base
 /// language, English, then the key itself. %@ are filled with `arguments` in order.

@@ -1,10 +1,11 @@
-// What people type: command lines, page ranges, signals.
+// What people say from outside: command lines, page ranges, languages, signals.
 #include "print_dialog/command_line.h"
 
 #include <csignal>
 
 #include "print_dialog/job_settings.h"
 #include "print_dialog/stop_signals.h"
+#include "print_dialog/window_texts.h"
 #include "support/qt_test.h"
 
 namespace kalmo::test {
@@ -48,6 +49,15 @@ TEST(CommandLines, RefusesWhatItDoesNotUnderstandInOneLine) {
         EXPECT_EQ(message.find('\n'), message.size() - 1) << message;
         EXPECT_FALSE(Contains(message, "\u009b") || Contains(message, "\u202e")) << message;
     }
+}
+
+TEST(Languages, TheFirstWithATextOfOursSpeaks) {
+    for (const auto& [asked, spoken] :
+         {std::pair{"ar", "en"}, {"nl:de", "de"}, {"pt_BR:fr_CA:de", "fr"}, {"", "en"}}) {
+        setenv("LANGUAGE", asked, 1);
+        EXPECT_EQ(WindowLanguages().front(), spoken) << asked;
+    }
+    unsetenv("LANGUAGE");
 }
 
 TEST(PageRanges, TextBecomesSortedMergedRangesOrNothing) {
