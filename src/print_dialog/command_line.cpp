@@ -71,6 +71,9 @@ void AddOptions(CLI::App& app, CommandLine& into) {
     }
 }
 
+/// Qt's own, which it takes away itself when the application starts: a window from right to left.
+constexpr std::string_view kMirrored = "-reverse";
+
 }  // namespace
 
 std::string CommandLine::jobName() const {
@@ -83,8 +86,10 @@ std::variant<CommandLine, ExitCode> ParseCommandLine(int argc, const char* const
                  "kalmo-print");
     CommandLine result;
     AddOptions(app, result);
+    std::vector<const char*> arguments(argv, argv + argc);
+    std::erase(arguments, kMirrored);
     try {
-        app.parse(argc, argv);
+        app.parse(static_cast<int>(arguments.size()), arguments.data());
     } catch (const CLI::Success& wish) {  // help or version
         app.exit(wish, std::cout, std::cout);
         return kExitDone;

@@ -17,7 +17,7 @@ std::variant<CommandLine, ExitCode> Parse(std::vector<const char*> arguments) {
 }
 
 TEST(CommandLines, AListOfPanelsLeavesTheDocumentAlone) {
-    const auto parsed = Parse({"--panels", "special-pages,job-notes", "report.pdf"});
+    const auto parsed = Parse({"--panels", "special-pages,job-notes", "report.pdf", "-reverse"});
     const auto& line = std::get<CommandLine>(parsed);
     EXPECT_EQ(line.panels, (std::vector<std::string>{"special-pages", "job-notes"}));
     EXPECT_EQ(line.document, "report.pdf");
