@@ -1,5 +1,6 @@
 #include "print_dialog/preview.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -23,9 +24,8 @@ QString FaultText(DocumentFault fault, const QString& name) {
     return {};
 }
 
-QToolButton* TurnButton(QWidget* parent, Qt::ArrowType arrow, const QString& name) {
+QToolButton* TurnButton(QWidget* parent, const QString& name) {
     auto* button = new QToolButton(parent);
-    button->setArrowType(arrow);
     button->setAutoRaise(true);
     button->setAutoRepeat(true);
     button->setFocusPolicy(Qt::StrongFocus);
@@ -68,8 +68,8 @@ Preview::Preview(Document& document, QWidget* parent)
 
 QWidget* Preview::createTurner() {
     auto* row = new QWidget(this);
-    back_ = TurnButton(row, Qt::LeftArrow, WindowText("Previous sheet"));
-    forward_ = TurnButton(row, Qt::RightArrow, WindowText("Next sheet"));
+    back_ = TurnButton(row, WindowText("Previous sheet"));
+    forward_ = TurnButton(row, WindowText("Next sheet"));
     position_ = new QLabel(row);
     position_->setAlignment(Qt::AlignCenter);
     auto* layout = new QHBoxLayout(row);
@@ -81,7 +81,20 @@ QWidget* Preview::createTurner() {
     layout->addStretch();
     connect(back_, &QToolButton::clicked, this, [this] { turnBy(-1); });
     connect(forward_, &QToolButton::clicked, this, [this] { turnBy(1); });
+    pointArrows();
     return row;
+}
+
+/// Arrows stay as they are when Qt mirrors a window.
+void Preview::pointArrows() {
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    back_->setArrowType(mirrored ? Qt::RightArrow : Qt::LeftArrow);
+    forward_->setArrowType(mirrored ? Qt::LeftArrow : Qt::RightArrow);
+}
+
+void Preview::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) pointArrows();
 }
 
 void Preview::setSheets(const PPDPaper& paper, const JobSettings& settings, bool grey) {
@@ -106,20 +119,14 @@ void Preview::turnBy(int sheets) {
 
 void Preview::showDocument() {
     current_ = 0;
-    const QString name = QString::fromStdString(document_.name());
     layout_ = SheetLayout(paper_, settings_, document_.pages());
     showSheet();
     open_->setVisible(document_.state() == Document::State::none ||
                       document_.state() == Document::State::failed);
-    if (document_.state() == Document::State::none) view_->showMessage(WindowText("No document"));
-    if (document_.state() == Document::State::failed) {
-        view_->showMessage(FaultText(document_.fault(), name));
-    }
-    describe();
 }
 
 void Preview::showSheet() {
-    view_->showSheet(layout_.sheet(current_));
+    view_->showSheet(layout_.sheet(current_), message());
     back_->setEnabled(current_ > 0);
     forward_->setEnabled(current_ + 1 < layout_.sheetCount());
     const bool some = layout_.sheetCount() > 0;
@@ -135,14 +142,18 @@ void Preview::requestPicture() {
     request_ = document_.draw({layout_.sheet(current_), view_->pixelsPerPoint(), grey_});
 }
 
+QString Preview::message() const {
+    if (document_.state() == Document::State::none) return WindowText("No document");
+    return FaultText(document_.fault(), QString::fromStdString(document_.name()));
+}
+
 void Preview::describe() {
     QStringList pages;
     for (const PlacedPage& page : layout_.sheet(current_).pages) {
         pages << QString::number(page.page);
     }
-    const QString name = QString::fromStdString(document_.name());
     view_->setAccessibleDescription(
-        pages.isEmpty() ? FaultText(document_.fault(), name)
+        pages.isEmpty() ? message()
                         : WindowText("Preview description", {position_->text(), pages.join(", "),
                                                              QString::fromStdString(paper_.text)}));
 }

@@ -32,12 +32,18 @@ Q_SIGNALS:
     /// The picture of the sheet shown is there.
     void painted();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     QWidget* createTurner();
+    void pointArrows();
     void turnBy(int sheets);
     void showDocument();
     void showSheet();
     void requestPicture();
+    /// What stands in the place of a sheet; empty where there are sheets, or soon will be.
+    [[nodiscard]] QString message() const;
     void describe();
 
     Document& document_;

@@ -1,5 +1,6 @@
 #include "print_dialog/sheet_view.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -28,27 +29,29 @@ QRectF Placed(const SheetBox& box, double scale, QPointF origin) {
             box.height * scale};
 }
 
+QAccessibleInterface* DescribeAsPicture(const QString&, QObject* object) {
+    auto* const view = qobject_cast<SheetView*>(object);
+    return view ? new QAccessibleWidget(view, QAccessible::Graphic) : nullptr;
+}
+
 }  // namespace
 
 SheetView::SheetView(QWidget* parent) : QWidget(parent) {
+    static const bool installed = (QAccessible::installFactory(DescribeAsPicture), true);
+    Q_UNUSED(installed);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-void SheetView::showSheet(const Sheet& sheet) {
+void SheetView::showSheet(const Sheet& sheet, const QString& message) {
     sheet_ = sheet;
     picture_ = {};
-    message_.clear();
+    message_ = message;
     update();
 }
 
 void SheetView::showPicture(const QImage& picture) {
     picture_ = picture;
-    update();
-}
-
-void SheetView::showMessage(const QString& message) {
-    message_ = message;
     update();
 }
 

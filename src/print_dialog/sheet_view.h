@@ -13,12 +13,11 @@ class SheetView final : public QWidget {
 public:
     explicit SheetView(QWidget* parent = nullptr);
 
-    /// The outline is shown at once, the picture of another sheet no longer.
-    void showSheet(const Sheet& sheet);
+    /// The outline is shown at once, the picture of another sheet no longer. In place of a sheet
+    /// `message`, unless it is empty.
+    void showSheet(const Sheet& sheet, const QString& message);
     /// Of the sheet shown.
     void showPicture(const QImage& picture);
-    /// A few words instead of a sheet; nothing with an empty text.
-    void showMessage(const QString& message);
 
     /// Device pixels per point at which the sheet fills the view.
     [[nodiscard]] double pixelsPerPoint() const;

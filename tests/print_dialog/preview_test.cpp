@@ -100,6 +100,31 @@ struct PreviewTest : testing::Test {
     Preview preview_{document_};
 };
 
+TEST_F(PreviewTest, SaysWhyThereIsNoSheetWhateverIsChosen) {
+    const auto damaged = MakeFolder("bad") / "text.pdf";
+    WriteFile(damaged, "Not a document at all");
+    for (const auto& [file, words] :
+         {std::pair<std::filesystem::path, const char*>{"", "Drop a PDF"}, {damaged, "text.pdf"}}) {
+        if (!file.empty()) Open(document_, file);
+        const QImage told = view().grab().toImage();
+        preview_.setSheets(kA4, {}, false);
+        EXPECT_EQ(view().grab().toImage(), told) << words;
+        EXPECT_TRUE(view().accessibleDescription().contains(words)) << words;
+    }
+    auto* const seen = QAccessible::queryAccessibleInterface(&view());
+    EXPECT_EQ(seen->role(), QAccessible::Graphic);
+}
+
+TEST_F(PreviewTest, ItsArrowsPointAwayFromEachOtherInEitherDirection) {
+    const auto buttons = preview_.findChildren<QToolButton*>();
+    for (const auto& [direction, outwards] :
+         {std::pair{Qt::RightToLeft, Qt::RightArrow}, {Qt::LeftToRight, Qt::LeftArrow}}) {
+        preview_.setLayoutDirection(direction);
+        EXPECT_EQ(buttons.front()->arrowType(), outwards) << "back";
+        EXPECT_NE(buttons.back()->arrowType(), outwards) << "forward";
+    }
+}
+
 TEST_F(PreviewTest, ShowsTheChosenPagesInTheirPlacesAndInGrey) {
     Open(document_, WriteDocument(std::vector(9, kPortraitPage)));
     JobSettings settings;
