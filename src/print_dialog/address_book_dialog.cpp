@@ -160,12 +160,13 @@ void AddressBookDialog::settingsChanged() {
     const contacts::Settings wanted = settings();
     folder_->setEnabled(wanted.source != Source::desktop);
     browse_->setEnabled(folder_->isEnabled());
-    fault_->hide();
+    clearFault();
     loading_.request_stop();
     contents_.reset();
     card_->setContents(nullptr);
     const bool usable = wanted.folder.empty() || wanted.folder.is_absolute();
     found_->setText(usable ? WindowText("Address book loading") : WindowText("Folder incomplete"));
+    folder_->setAccessibleDescription(usable ? QString() : found_->text());
     ok_->setEnabled(usable);
     usable ? pause_.start(kPauseMs) : pause_.stop();
 }
@@ -218,16 +219,24 @@ void AddressBookDialog::accept() {
         const contacts::Answer marked = book ? book->setMe(uid, stop) : contacts::Answer{};
         const std::string fault = marked ? RememberAddressBook(wanted).error
                                          : HostText("Card not marked", {Reason(marked)});
-        post([=, this] { finish(wanted, fault); });
+        QWidget* const about = marked ? static_cast<QWidget*>(ok_) : card_->list();
+        post([=, this] { fault.empty() ? finish(wanted) : showFault(fault, *about); });
     });
 }
 
-void AddressBookDialog::finish(const contacts::Settings& stored, const std::string& fault) {
-    fault_->setText(QString::fromStdString(fault));
-    fault_->setVisible(!fault.empty());
-    makeRoom();
+void AddressBookDialog::showFault(const std::string& fault, QWidget& about) {
     ok_->setEnabled(true);
-    if (!fault.empty()) return;
+    clearFault();
+    ShowFault(*fault_, about, QString::fromStdString(fault));
+    makeRoom();
+}
+
+void AddressBookDialog::clearFault() {
+    ShowFault(*fault_, *ok_, {});
+    ShowFault(*fault_, *card_->list(), {});
+}
+
+void AddressBookDialog::finish(const contacts::Settings& stored) {
     contacts::SetSettings(stored);
     QDialog::accept();
 }

@@ -42,7 +42,10 @@ private:
     void showContents(const std::shared_ptr<const AddressBookContents>& contents);
     /// Lines that wrap are known to the layout only once they are there.
     void makeRoom();
-    void finish(const contacts::Settings& stored, const std::string& fault);
+    void finish(const contacts::Settings& stored);
+    /// Of what OK did; `about` is where the user can do something about it.
+    void showFault(const std::string& fault, QWidget& about);
+    void clearFault();
 
     std::array<QRadioButton*, 3> sources_{};  // by contacts::Source
     QLineEdit* folder_ = nullptr;

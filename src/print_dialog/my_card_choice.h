@@ -48,6 +48,7 @@ public:
     void setContents(std::shared_ptr<const AddressBookContents> contents);
     /// uid of the chosen person; empty for None.
     [[nodiscard]] const std::string& chosen() const { return chosen_; }
+    [[nodiscard]] QWidget* list() const { return list_; }
 
 private:
     void search(const QString& text);

@@ -17,6 +17,9 @@ PagesChoice::PagesChoice(QWidget* parent)
     text_->setAccessibleName(WindowText("Page range"));
     text_->setPlaceholderText(WindowText("Page range example"));
     all_->setChecked(true);
+    for (QRadioButton* button : {all_, range_}) {
+        button->setAccessibleDescription(WindowText("Pages:"));
+    }
 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -29,6 +32,7 @@ PagesChoice::PagesChoice(QWidget* parent)
 
     connect(text_, &QLineEdit::textEdited, range_, [this] { range_->setChecked(true); });
     connect(text_, &QLineEdit::textChanged, this, &PagesChoice::check);
+    connect(text_, &QLineEdit::editingFinished, this, [this] { tell(!pages()); });
     connect(range_, &QRadioButton::toggled, this, &PagesChoice::check);
     connect(range_, &QRadioButton::clicked, text_, qOverload<>(&QWidget::setFocus));
 }
@@ -50,15 +54,19 @@ std::optional<std::vector<PageRange>> PagesChoice::pages() const {
 }
 
 void PagesChoice::check() {
-    // An empty field is not yet a mistake.
-    const bool wrong = !pages() && !text_->text().trimmed().isEmpty();
+    // An empty field is not yet a mistake, until it is left.
+    const bool isLeft = !message_->isHidden() && !text_->hasFocus();
+    tell(!pages() && (isLeft || !text_->text().trimmed().isEmpty()));
+    Q_EMIT changed();
+}
+
+void PagesChoice::tell(bool wrong) {
     const QString fault =
         wrong ? WindowText("Page range wrong", {QString::number(std::max(pageCount_, 1))})
               : QString();
     message_->setText(fault);
     message_->setVisible(wrong);
     text_->setAccessibleDescription(fault);
-    Q_EMIT changed();
 }
 
 }  // namespace kalmo

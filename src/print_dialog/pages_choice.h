@@ -27,6 +27,7 @@ Q_SIGNALS:
 
 private:
     void check();
+    void tell(bool wrong);
 
     int pageCount_ = 0;
     QRadioButton* all_;

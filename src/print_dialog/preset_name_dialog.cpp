@@ -1,6 +1,5 @@
 #include "print_dialog/preset_name_dialog.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QMessageBox>
 #include <QVBoxLayout>
@@ -54,13 +53,7 @@ PresetNameDialog::PresetNameDialog(const QString& title, const QString& name, Ac
 std::string PresetNameDialog::name() const { return name_->text().trimmed().toStdString(); }
 
 void PresetNameDialog::showFault(const std::string& fault) {
-    fault_->setText(QString::fromStdString(fault));
-    fault_->setVisible(!fault.empty());
-    name_->setAccessibleDescription(fault_->text());
-    if (fault.empty()) return;
-    name_->setFocus();
-    QAccessibleEvent alert(fault_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+    ShowFault(*fault_, *name_, QString::fromStdString(fault));
 }
 
 bool PresetNameDialog::mayReplace() {

@@ -136,6 +136,7 @@ QLayout* SettingsForm::createOrientation() {
     layout->setSpacing(kRowGap);
     for (QRadioButton* button : {portrait_, landscape_}) {
         button->setIconSize({24, 24});
+        button->setAccessibleDescription(WindowText("Orientation:"));
         group->addButton(button);
         layout->addWidget(button);
         connect(button, &QRadioButton::clicked, this, [this] {

@@ -1,5 +1,6 @@
 #include "print_dialog/widgets.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QEvent>
 
@@ -58,6 +59,16 @@ QLabel* CreateFaultLabel(QWidget* parent) {
     auto* label = new TintedLabel(TintedLabel::Tint::fault, parent);
     label->hide();
     return label;
+}
+
+void ShowFault(QLabel& line, QWidget& field, const QString& fault) {
+    line.setText(fault);
+    line.setVisible(!fault.isEmpty());
+    field.setAccessibleDescription(fault);
+    if (fault.isEmpty()) return;
+    field.setFocus();
+    QAccessibleEvent alert(&line, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 QLabel* CreateNoteLabel(QWidget* parent) {

@@ -21,6 +21,9 @@ inline constexpr int kRowGap = 12;
 
 /// A hidden line that says what is wrong, readable on light and dark.
 [[nodiscard]] QLabel* CreateFaultLabel(QWidget* parent);
+/// Says `fault` in such a line and as what `field`, which gets the focus, is described by; an empty
+/// one takes that back.
+void ShowFault(QLabel& line, QWidget& field, const QString& fault);
 /// A line of lesser weight below a control.
 [[nodiscard]] QLabel* CreateNoteLabel(QWidget* parent);
 

@@ -51,6 +51,7 @@ TEST_F(AddressBookDialogTest, TheFolderIsShownAndTheCardInItMarked) {
     auto* const field = dialog_->findChild<QLineEdit*>();
     field->setText("contacts");
     EXPECT_FALSE(find<QPushButton>("OK")->isEnabled()) << "no whole path";
+    EXPECT_TRUE(field->accessibleDescription().contains("whole path"));
     field->setText(QString::fromStdString(cards_.folder));
     EXPECT_TRUE(find<QLabel>("Loading"));
     ASSERT_TRUE(
@@ -77,9 +78,12 @@ TEST_F(AddressBookDialogTest, ACardThatCannotBeMarkedIsSaidAndNothingKept) {
     ASSERT_TRUE(Wait([this] { return find<QLabel>("Contacts: 2"); }));
     choosePerson("ben", {"None", "Ben Ode"});
     fs::remove(cards_.folder / "a2.vcf");
+    find<QPushButton>("OK")->setFocus();
     find<QPushButton>("OK")->click();
     ASSERT_TRUE(Wait([this] { return find<QLabel>("Your card cannot be marked"); }));
     EXPECT_TRUE(find<QLabel>("Your card cannot be marked")->isVisible());
+    EXPECT_EQ(dialog_->focusWidget(), dialog_->findChild<QListView*>());
+    EXPECT_TRUE(dialog_->focusWidget()->accessibleDescription().contains("cannot be marked"));
     EXPECT_TRUE(dialog_->isVisible() && find<QPushButton>("OK")->isEnabled());
     EXPECT_EQ(RememberedAddressBook(), before);
 }

@@ -75,7 +75,10 @@ TEST(SettingsForm, ChecksTheRangeWhileItIsTyped) {
         EXPECT_EQ(form.isValid(), valid);
         EXPECT_EQ(!text->accessibleDescription().isEmpty(), tellsWhy);
     }
+    form.findChild<QSpinBox*>()->setFocus();
+    EXPECT_FALSE(text->accessibleDescription().isEmpty()) << "left empty";
     form.setDocument(9, Orientation::portrait);
+    EXPECT_TRUE(text->accessibleDescription().contains("9")) << "still empty";
     text->setText("9");
     EXPECT_TRUE(form.isValid()) << "a longer document";
 }
@@ -84,8 +87,10 @@ TEST(SettingsForm, TakesTheDocumentsOrientationUntilOneIsChosen) {
     SettingsForm form;
     form.setDocument(1, Orientation::landscape);
     EXPECT_EQ(form.settings().orientation, Orientation::landscape);
-    for (auto* button : form.findChildren<QRadioButton*>())
+    for (auto* button : form.findChildren<QRadioButton*>()) {
+        EXPECT_FALSE(button->accessibleDescription().isEmpty()) << "of what it is a choice";
         if (button->text() == "Por&trait") button->click();
+    }
     EXPECT_EQ(form.settings().orientation, Orientation::portrait);
     form.setDocument(1, Orientation::landscape);
     EXPECT_EQ(form.settings().orientation, Orientation::portrait);
