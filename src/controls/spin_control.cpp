@@ -10,6 +10,7 @@
 #include "foundation/character_set.h"
 #include "foundation/locale.h"
 #include "shell/base/panel_interface.h"
+#include "shell/base/texts.h"
 
 namespace kalmo {
 namespace {
@@ -268,13 +269,25 @@ bool SpinControlIsInputValid(ControlRef arrows) {
     return valid;
 }
 
+void RefuseSpinControl(ControlRef arrows) {
+    const ControlRef field = RelatedControl(arrows, kSpinEditField);
+    SysBeep();
+    SetKeyboardFocus(field);
+    const auto least = TextOfValue(arrows, GetControl32BitMinimum(arrows));
+    const auto most = TextOfValue(arrows, GetControl32BitMaximum(arrows));
+    const CFBundleRef bundle = CFBundleGetBundleWithIdentifier(CFSTR(kKalmoBundleIdentifier));
+    const auto pattern = CopyTextIfPresent(bundle, CFSTR("Number Limits"));
+    if (!least || !most || !pattern) return;
+    DescribeControlFault(field, Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
+                                    kCFAllocatorDefault, pattern, least.get(), most.get())));
+}
+
 bool SettleSpinControl(ControlRef arrows) {
     const ControlRef field = RelatedControl(arrows, kSpinEditField);
     SpinControlValidate(field);
     if (SpinControlIsInputValid(arrows)) return true;
-    SysBeep();
     WriteBack(arrows);
-    SetKeyboardFocus(field);
+    RefuseSpinControl(arrows);
     return false;
 }
 

@@ -46,8 +46,10 @@ void SpinControlValidate(ControlRef field);
 /// Whether typed characters may enter: control characters only, or digits, separator and "-".
 [[nodiscard]] bool SpinControlValidateInput(const UniChar* characters, UInt32 byteSize);
 [[nodiscard]] bool SpinControlIsInputValid(ControlRef arrows);
-/// For a dialog that is about to close: whether the field's text is in range. If not, it beeps,
-/// puts the text right and moves the focus there, so that the user sees it.
+/// Beeps, moves the focus into the field, and describes it by the numbers that it takes.
+void RefuseSpinControl(ControlRef arrows);
+/// For a dialog that is about to close: whether the field's text is in range. If not, it is put
+/// right and refused, so that the user sees it.
 [[nodiscard]] bool SettleSpinControl(ControlRef arrows);
 /// The range of the arrows and how many of their digits are fraction; a value outside follows. The
 /// texts are those before until a value is set.

@@ -52,6 +52,8 @@ TEST_F(WatermarkEditors, TakeATextAndItsNumbers) {
                   Type(window, kSize, "1000");
                   Press(window, kOK);
                   EXPECT_EQ(Text(window, kSize), "999") << "put right, and looked at";
+                  EXPECT_EQ(Control<QWidget>(window, kSize).accessibleDescription(),
+                            "Enter a number from 1 to 999.");
                   Press(window, kOK);
               }),
               kModalOK);

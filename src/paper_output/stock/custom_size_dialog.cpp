@@ -60,8 +60,7 @@ protected:
     bool accept() override {
         for (const Side& side : {width_, length_}) {
             if (SpinControlIsInputValid(control(side.arrows))) continue;
-            SysBeep();
-            SetKeyboardFocus(control(side.field));
+            RefuseSpinControl(control(side.arrows));
             return false;
         }
         const SInt32 width = stored(width_, stock_->width());
@@ -105,10 +104,10 @@ private:
             CreateLocalizedCFStringFromNumberWithDecimals(least, unit_.decimals));
         const auto to = Owned<CFStringRef>::Adopt(
             CreateLocalizedCFStringFromNumberWithDecimals(most, unit_.decimals));
-        SetControlTitleWithCFString(
-            control(side.range), Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
-                                     kCFAllocatorDefault, CopyText(bundle(), unit_.rangeKey).get(),
-                                     from.get(), to.get())));
+        const auto range = Owned<CFStringRef>::Adopt(CFStringCreateWithFormat(
+            kCFAllocatorDefault, CopyText(bundle(), unit_.rangeKey).get(), from.get(), to.get()));
+        SetControlTitleWithCFString(control(side.range), range);
+        SetControlAccessibleDescription(control(side.field), range);
     }
 
     /// Of a unit: 72 pt are 254 tenths of a millimetre, whatever the division says.

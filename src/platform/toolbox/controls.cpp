@@ -8,6 +8,7 @@
 #include "toolbox/control_state.h"
 #include "toolbox/disposal.h"
 #include "toolbox/event_way.h"
+#include "toolbox/field_fault.h"
 #include "toolbox/picture_icon.h"
 #include "toolbox/qt_strings.h"
 #include "toolbox/widget_texts.h"
@@ -95,6 +96,10 @@ void SetControlAccessibleDescription(ControlRef control, CFStringRef description
     if (QWidget* const widget = ToWidget(control)) {
         widget->setAccessibleDescription(ToQString(description));
     }
+}
+
+void DescribeControlFault(ControlRef field, CFStringRef message) {
+    DescribeFault(ToWidget(field), ToQString(message));
 }
 
 void SetControlHelpTag(ControlRef control, CFStringRef tip) {

@@ -77,6 +77,8 @@ void SetControlTitleWithCFString(ControlRef control, CFStringRef title);
 /// description of what a picture shows now.
 void SetControlAccessibleName(ControlRef control, CFStringRef name);
 void SetControlAccessibleDescription(ControlRef control, CFStringRef description);
+/// What is wrong with a text field; `message` describes it until its text changes.
+void DescribeControlFault(ControlRef field, CFStringRef message);
 void SetControlHelpTag(ControlRef control, CFStringRef tip);
 /// A button's picture, drawn at the button's icon size. Null takes it away.
 void SetControlPicture(ControlRef control, PictureRef picture);

@@ -45,13 +45,15 @@ bool Describe(QWidget* widget, const QString& message) {
 
 }  // namespace
 
+void DescribeFault(QWidget* field, const QString& message) {
+    if (auto* const popup = qobject_cast<QComboBox*>(field)) field = popup->lineEdit();
+    if (!Describe<QLineEdit>(field, message)) Describe<QPlainTextEdit>(field, message);
+}
+
 void DescribeFaultOfFocusedField(QWidget& window, const QString& message) {
     // The window may not be active again yet: its own focus counts, not the application's.
-    QTimer::singleShot(0, &window, [&window, message] {
-        QWidget* focused = window.focusWidget();
-        if (auto* const popup = qobject_cast<QComboBox*>(focused)) focused = popup->lineEdit();
-        if (!Describe<QLineEdit>(focused, message)) Describe<QPlainTextEdit>(focused, message);
-    });
+    QTimer::singleShot(0, &window,
+                       [&window, message] { DescribeFault(window.focusWidget(), message); });
 }
 
 }  // namespace toolbox

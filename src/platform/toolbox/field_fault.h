@@ -5,8 +5,11 @@
 
 namespace toolbox {
 
-/// Whatever field has the window's focus when the events at hand are done is described by `message`
-/// until its text changes.
+/// `field`, or the text field of a popup, is described by `message` until its text changes. Of
+/// another view nothing is said.
+void DescribeFault(QWidget* field, const QString& message);
+
+/// Whatever field has the window's focus when the events at hand are done is described so.
 void DescribeFaultOfFocusedField(QWidget& window, const QString& message);
 
 }  // namespace toolbox

@@ -18,13 +18,16 @@ struct StockDialogs : DialogTest {
             EXPECT_EQ(Text(window, field), shown);
             Type(window, field, typed);
             Press(window, 10);
-            if (beeps.take() > 0) Press(window, 11);
+            if (beeps.take() == 0) return;
+            EXPECT_EQ(window.focusWidget()->accessibleDescription(), fault);
+            Press(window, 11);
         });
         return RunModalCustomSizeDialog(bundle, &stock);
     }
 
     CountedBeeps beeps;
     Stock stock;
+    QString fault;  // what a field is described by that the focus comes back to
 };
 
 TEST_F(StockDialogs, SizeIsAskedInTheUsersUnitAndStaysWhereItIsLeftAlone) {
@@ -43,6 +46,7 @@ TEST_F(StockDialogs, SizeThatThePrinterRefusesIsRefused) {
         "*ParamCustomPageSize Height: 2 points 420 1000.5\n" +
         PPDOption("PageSize", "A4", {"A4"}));
     setenv("LC_ALL", "de_DE.UTF-8", 1);
+    fault = "Geben Sie eine Zahl von 148,2 bis 352,9 ein.";
     EXPECT_EQ(enterSize(kLength, "297,0", "353"), kModalCancel);
     EXPECT_EQ(stock.size(), kUnset);
     EXPECT_EQ(enterSize(kLength, "297,0", "352,9"), kModalOK);
