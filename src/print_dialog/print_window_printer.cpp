@@ -105,9 +105,10 @@ void PrintWindow::keepTyped(const JobSettings& typed) {
 }
 
 void PrintWindow::whenPaneIsFree(const std::function<void()>& act) {
-    // A dialog of the pane works on what the pane holds: the pane stays until it is answered, and
-    // until a job on its way has come to its end.
-    if (!QApplication::activeModalWidget() && !job_) return act();
+    // A dialog of the pane works on what the pane holds, and an open list or menu is a part of it:
+    // the pane stays until they are left, and until a job on its way has come to its end.
+    const bool isOpen = QApplication::activeModalWidget() || QApplication::activePopupWidget();
+    if (!isOpen && !job_) return act();
     QTimer::singleShot(kAskAgainMs, this, [this, act] { whenPaneIsFree(act); });
 }
 

@@ -127,8 +127,13 @@ void Walker::click(QWidget& front) {
     const QPoint place(below(std::max(1, target->width())), below(std::max(1, target->height())));
     const auto button = below(20) == 0 ? Qt::RightButton : Qt::LeftButton;
     note("click", *target);
-    if (below(12) == 0) return QTest::mouseDClick(target, button, {}, place);
-    QTest::mouseClick(target, button, {}, place);
+    // A press may open a menu, and the pane be another's once that is left.
+    const QPointer<QWidget> living = target;
+    std::vector<QTest::MouseAction> events = {QTest::MousePress, QTest::MouseRelease};
+    if (below(12) == 0) events.insert(events.end(), {QTest::MouseDClick, QTest::MouseRelease});
+    for (const QTest::MouseAction event : events) {
+        if (living) QTest::mouseEvent(event, living.data(), button, {}, place);
+    }
 }
 
 void Walker::press(QWidget& front) {
