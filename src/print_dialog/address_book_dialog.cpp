@@ -219,8 +219,11 @@ void AddressBookDialog::accept() {
         const contacts::Answer marked = book ? book->setMe(uid, stop) : contacts::Answer{};
         const std::string fault = marked ? RememberAddressBook(wanted).error
                                          : HostText("Card not marked", {Reason(marked)});
-        QWidget* const about = marked ? static_cast<QWidget*>(ok_) : card_->list();
-        post([=, this] { fault.empty() ? finish(wanted) : showFault(fault, *about); });
+        // The dialog may be gone before the worker is done: only the answer may look at it.
+        post([=, this, isMarked = static_cast<bool>(marked)] {
+            if (fault.empty()) return finish(wanted);
+            showFault(fault, isMarked ? static_cast<QWidget&>(*ok_) : *card_->list());
+        });
     });
 }
 
