@@ -15,6 +15,7 @@ constexpr const char* kFolders[] = {"/printers/", "/classes/"};
 constexpr std::string_view kQueueSchemes[] = {"ipp", "ipps", "http", "https"};
 constexpr const char* kEncryptedOptions[] = {"encryption=required", "encryption=always"};
 constexpr int kEncryptedPort = 443;
+constexpr std::string_view kClearService = "._ipp._tcp.";
 
 bool IsName(const std::string& text) {
     return !text.empty() && std::ranges::none_of(text, [](unsigned char c) {
@@ -49,8 +50,9 @@ struct Device {
 std::optional<Device> DeviceOf(const std::string& uri) {
     char scheme[32], user[HTTP_MAX_URI], host[HTTP_MAX_URI], path[HTTP_MAX_URI];
     int port = 0;
+    // Above "OK" it only remarks on something, on a scheme that it does not know among them.
     if (httpSeparateURI(HTTP_URI_CODING_ALL, uri.c_str(), scheme, sizeof scheme, user, sizeof user,
-                        host, sizeof host, &port, path, sizeof path) != HTTP_URI_STATUS_OK) {
+                        host, sizeof host, &port, path, sizeof path) < HTTP_URI_STATUS_OK) {
         return std::nullopt;
     }
     const std::string resource(path);
@@ -64,6 +66,14 @@ bool IsEncrypted(const Device& device) {
            std::ranges::any_of(kEncryptedOptions, [&](const char* option) {
                return device.options.find(option) != std::string::npos;
            });
+}
+
+/// A queue that another server announces in the network, "Office @ server": its name where jobs go
+/// to it in clear. Its device names the service, and "/cups" in place of the queue.
+std::string ClearServiceOf(const Device& device) {
+    if (device.scheme != "dnssd" || device.resource != "/cups" || IsEncrypted(device)) return "";
+    const auto mark = device.host.find(kClearService);
+    return mark == std::string::npos ? "" : device.host.substr(0, mark);
 }
 
 }  // namespace
@@ -80,9 +90,11 @@ std::optional<RemoteQueue> RemoteQueueOf(const std::string& device) {
 
 std::string ClearHostOf(const std::string& device) {
     const auto found = DeviceOf(device);
-    const bool known = found && IsQueue(found->resource) &&
+    if (!found) return "";
+    const bool known = IsQueue(found->resource) &&
                        std::ranges::find(kQueueSchemes, found->scheme) != std::end(kQueueSchemes);
-    return known && !IsEncrypted(*found) && !IsLocalServer(found->host) ? found->host : "";
+    if (!known) return ClearServiceOf(*found);
+    return !IsEncrypted(*found) && !IsLocalServer(found->host) ? found->host : "";
 }
 
 FetchedPPD FetchRemotePPD(const RemoteQueue& queue) {

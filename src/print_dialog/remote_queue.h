@@ -21,7 +21,8 @@ struct RemoteQueue {
 [[nodiscard]] std::optional<RemoteQueue> RemoteQueueOf(const std::string& device);
 
 /// The machine that the jobs of a queue on this device go on to in clear, to a queue of another
-/// server there. Empty where they stay here, go encrypted, or the device is any other.
+/// server there, or that queue's name in the network. Empty where they stay here, go encrypted, or
+/// the device is any other.
 [[nodiscard]] std::string ClearHostOf(const std::string& device);
 
 /// Asks the other server, which gets neither password nor name, is followed nowhere else, and has

@@ -226,6 +226,9 @@ TEST(RemoteQueueTest, OnlyAnotherServersQueueIsAskedForItsPPDAndKnownToGetJobsIn
         {"https://far/printers/kalmo", "", ""},
         {"file:///printers/kalmo", "", ""},
         {"socket://far:9100", "", ""},
+        {"dnssd://Office%20%40%20far._ipp._tcp.local/cups?uuid=1", "", "Office @ far"},
+        {"dnssd://Office%20%40%20far._ipps._tcp.local/cups?uuid=1", "", ""},
+        {"dnssd://Kalmo._ipp._tcp.local/?uuid=1", "", ""},
         {"", "", ""},
     };
     for (const auto& [device, expected, clear] : rows) {
