@@ -39,6 +39,11 @@ std::string ChoiceOf(const std::string& choice) {
     return isTyped || choice.starts_with('{') ? std::string(kTyped) : choice;
 }
 
+/// One without a keyword, or whose keyword reads as a typed value, could not be asked for.
+bool CanBeChosen(const std::string& choice) {
+    return !choice.empty() && ChoiceOf(choice) == choice;
+}
+
 /// "CustomPageSize True" is how files say "PageSize Custom".
 PPDSelection WithTypedChoice(PPDSelection selection) {
     if (!selection.option.starts_with(kTyped) || !AreSame(selection.choice, "True"))
@@ -78,7 +83,7 @@ private:
         // One that the file names twice is one choice: its second naming is no way out.
         for (const std::string& choice : option.choices) {
             const int index = static_cast<int>(added.choices.size());
-            if (indices.try_emplace(choice, index).second)
+            if (CanBeChosen(choice) && indices.try_emplace(choice, index).second)
                 added.choices.push_back({choice, IsOff(choice)});
         }
         added.defaultChoice = indexOf(number, ChoiceOf(option.defaultChoice));
