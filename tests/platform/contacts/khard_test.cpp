@@ -1,5 +1,4 @@
-// The folder shared with khard, a program that many use on such folders: each reads and edits what
-// the other wrote.
+// The folder shared with khard, a program that many use on such folders.
 #include "platform/contacts/conformance.h"
 #include "support/programs.h"
 
@@ -72,28 +71,6 @@ TEST(Khard, ReadsAndEditsWhatWeWrote) {
     EXPECT_EQ(book->save(changes, {}).code, Code::conflict) << "khard wrote in between";
     EXPECT_TRUE(PersonOfUid(contacts, changes.persons[1].uid)->isCompany);
     EXPECT_EQ(contacts.groups.at(0).members, group.groups[0].members);
-}
-
-TEST(Khard, WhatItWroteIsReadAndEdited) {
-    const Khard khard;
-    khard({"new", "-a", "shared", "-i",
-           khard.typed("First name : Grace\nLast name : Hopper\nOrganisation : Navy\nPhone :\n"
-                       "    \"work, fax\" : +1 555 1\n    Tor : 2\nNickname : Amazing\n"
-                       "Private :\n    Com-Kalmo-Mailbox : 77\n")});
-    const auto book = OpenFolder(khard.cards);
-    Contacts contacts;
-    ASSERT_TRUE(book->load(contacts, {}));
-    ASSERT_EQ(contacts.persons.size(), 1u);
-    Person& grace = contacts.persons[0];
-    EXPECT_EQ(grace.first + ' ' + grace.last + ' ' + grace.organization, "Grace Hopper Navy");
-    EXPECT_EQ(grace.mailbox, "77");
-    EXPECT_EQ(std::ranges::count(grace.phones, Entry{Label::workFax, "+1 555 1", ""}), 1);
-    EXPECT_EQ(std::ranges::count(grace.phones, Entry{Label::custom, "2", "Tor"}), 1);
-    grace.mailbox = "78";
-    Changes changes{{grace}, {}};
-    ASSERT_TRUE(book->save(changes, {}));
-    const std::string shown = khard({"show", "Hopper"});
-    EXPECT_TRUE(Contains(shown, "78") && Contains(shown, "Amazing")) << shown;
 }
 
 }  // namespace
