@@ -16,14 +16,6 @@ TEST(URLs, KeepEveryByteOfAPath) {
     const auto back =
         Owned<CFURLRef>::Adopt(CFURLCreateWithString(nullptr, CFURLGetString(url), nullptr));
     EXPECT_EQ(TakeText(CFURLCopyFileSystemPath(back)), path);
-    UInt8 buffer[kMaximumPathSize];
-    for (const std::size_t length : {1022, 1023})
-        EXPECT_EQ(CFURLGetFileSystemRepresentation(FileURL("/" + std::string(length, 'a')), true,
-                                                   buffer, kMaximumPathSize),
-                  length == 1022);
-    const auto web = Owned<CFURLRef>::Adopt(
-        CFURLCreateWithString(nullptr, CFSTR("https://example.org/"), nullptr));
-    EXPECT_EQ(CFURLCopyFileSystemPath(web), nullptr);
 }
 
 TEST(Files, AreReplacedWholeOrNotAtAll) {

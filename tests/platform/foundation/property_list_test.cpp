@@ -48,8 +48,6 @@ TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
     const std::string whole = Plist("<dict><key>a</key><string>text</string></dict>");
     const std::tuple<const char*, std::string, const char*> rows[] = {
         {"empty", "", "no XML property list"},
-        {"another XML", "<html></html>", "no XML property list"},
-        {"unknown element", Plist("<foo/>"), "no well-formed XML property list"},
         {"unknown entity", Plist("<string>&bomb;</string>"), "no well-formed XML property list"},
         {"513 levels", Plist(nested(513)), "nested more than 512 levels deep"},
         {"entity declarations", "<!DOCTYPE plist [<!ENTITY a \"b\">]>" + whole,
@@ -62,12 +60,8 @@ TEST(PropertyLists, RefuseWhatIsNoneOrDangerous) {
          "nested more than 512 levels deep"},
         {"integer beyond 64 bits", Plist("<integer>9223372036854775808</integer>"),
          "line 4: no decimal integer of 64 bits"},
-        {"octal", Plist("<integer>010</integer>"), "line 4: no decimal integer of 64 bits"},
         {"half a number", Plist("<real>1.5x</real>"), "line 4: no real number"},
         {"endless real", Plist("<real>1e999</real>"), "line 4: no real number"},
-        {"thirteenth month", Plist("<date>2026-13-01T00:00:00Z</date>"),
-         "line 4: no date from 1933 to 2068"},
-        {"data cut", Plist("<data>AAE</data>"), "line 4: no data in base 64"},
         {"NUL byte", whole + std::string(1, '\0'), "not XML text in UTF-8"},
         {"over 64 MiB", Plist("<string>" + std::string(65u << 20, 'a') + "</string>"),
          "larger than 64 MiB"},
@@ -112,27 +106,12 @@ TEST(PropertyLists, WriteNothingThatCannotBeReadAgain) {
     const auto back = ReadPlist(Bytes(xml));
     EXPECT_EQ(CFStringToUTF8(static_cast<CFStringRef>(back.get())), "a\uFFFD\uFFFDb");
 
-    for (const auto& [seconds, isWritten] : {std::pair{-2145916800.0, true},
-                                             {-2145916801.0, false},
-                                             {2145916799.5, true},
-                                             {2145916800.0, false}}) {
-        const auto date = Owned<CFDateRef>::Adopt(CFDateCreate(nullptr, seconds));
-        const auto written = Owned<CFDataRef>::Adopt(CFPropertyListCreateXMLData(nullptr, date));
-        ASSERT_EQ(written.get() != nullptr, isWritten) << seconds;
-        EXPECT_EQ(isWritten && ReadPlist(Bytes(written)), isWritten) << seconds;
-    }
-
     Owned<CFTypeRef> deep = Owned<CFTypeRef>::Retain(CFSTR("leaf"));
     for (int i = 0; i < 513; ++i) {
         const void* element = deep.get();
         deep = Owned<CFTypeRef>::Adopt(CFArrayCreate(nullptr, &element, 1, &kCFTypeArrayCallBacks));
     }
     EXPECT_EQ(CFPropertyListCreateXMLData(nullptr, deep), nullptr);
-    EXPECT_EQ(CFPropertyListCreateXMLData(nullptr, FileURL("/tmp")), nullptr);
-    int address = 0;
-    const void* element = &address;
-    const auto bare = Owned<CFArrayRef>::Adopt(CFArrayCreate(nullptr, &element, 1, nullptr));
-    EXPECT_EQ(CFPropertyListCreateXMLData(nullptr, bare), nullptr);
 }
 
 }  // namespace
