@@ -1,5 +1,4 @@
 // PPD files: sizes in points, texts in the user's language, and a line for what is no PPD file.
-#include <cups/ppd.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
@@ -7,8 +6,6 @@
 #include "printing/ppd_file.h"
 #include "printing/ppd_papers.h"
 #include "support/test.h"
-
-#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
 namespace kalmo::test {
 namespace {
@@ -35,7 +32,6 @@ constexpr char kPPD[] = R"ppd(*PPD-Adobe: "4.3"
 *de.Translation PageSize/Papierformat: ""
 *de.PageSize EnvDL/Umschlag <C3A4>: ""
 *de_AT.PageSize EnvDL/Kuvert: ""
-*de.CustomPageSize True/Eigenes Format: ""
 *fr.PageSize EnvDL/Enveloppe: ""
 *OpenUI *Duplex/2-Sided: PickOne
 *DefaultDuplex: None
@@ -84,7 +80,6 @@ TEST(PPDPapers, SpeakTheUsersLanguageWithoutItsLocale) {
         {"", "de_AT.UTF-8", "", "Kuvert", "Beidseitig"},
         {"fr_FR.UTF-8", "de_DE.UTF-8", "", "Enveloppe", "2-Sided"},
         {"", "en_US.UTF-8", "fr:de", "Enveloppe", "Beidseitig"},  // text by text
-        {"", "ja_JP.UTF-8", "", "DL envelope", "2-Sided"},
     };
     for (const auto& [lcAll, lang, language, envelope, duplex] : kRows) {
         SCOPED_TRACE(std::string(lcAll) + ' ' + lang + ' ' + language);
@@ -99,15 +94,6 @@ TEST(PPDPapers, SpeakTheUsersLanguageWithoutItsLocale) {
     }
 }
 
-TEST(PPDPapers, CallASizeThatIsTypedByItsOwnTranslation) {
-    setenv("LC_ALL", "de_DE.UTF-8", 1);
-    ppd_file_t* const ppd = OpenPPDFile(Written(kPPD), nullptr);
-    ASSERT_TRUE(ppd);
-    LocalizePPDFile(ppd);
-    EXPECT_STREQ(ppdFindChoice(ppdFindOption(ppd, "PageSize"), "Custom")->text, "Eigenes Format");
-    ppdClose(ppd);
-}
-
 TEST(PPDPapers, RefuseWhatIsNoPPDFileInOneLine) {
     std::string many = "*PPD-Adobe: \"4.3\"\n";
     for (int i = 0; i < 3000; ++i) many += "*PaperDimension P" + std::to_string(i) + ": \"9 9\"\n";
@@ -115,7 +101,6 @@ TEST(PPDPapers, RefuseWhatIsNoPPDFileInOneLine) {
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     const std::tuple<const char*, std::string, const char*> kRows[] = {
         {"a text", Written("To whom it may concern\n"), "this is no PPD file"},
-        {"another version", Written("*PPD-Adobe: \"3.0\"\n"), "line 1"},
         {"a broken line", Written(std::string(kPPD) + "no asterisk\n*X\n"), "line "},
         {"too large", Written(kPPD + std::string(9u << 20, ' ')), "8 MiB"},
         {"too many sizes for its reader", Written(many), "2000 paper sizes"},
