@@ -26,11 +26,9 @@ TEST(MachineFiles, PrimaryInterfaceHasTheDefaultRouteOfLeastMetric) {
     const std::string lan = "eth9\t0000A8C0\t00000000\t0001\t0\t0\t0\t00FFFFFF\t0\t0\t0\n";
     const std::string half = "tun0\t00000000\t0101A8C0\t0003\t0\t0\t0\t00000080\t0\t0\t0\n";
     const std::string refused = "eth8\t00000000\t00000000\t0201\t0\t0\t0\t00000000\t0\t0\t0\n";
-    const std::string down = "eth7\t00000000\t00000000\t0002\t0\t0\t0\t00000000\t0\t0\t0\n";
     const std::string loop = "lo\t00000000\t00000000\t0001\t0\t0\t0\t00000000\t0\t0\t0\n";
-    EXPECT_EQ(DefaultRouteInterface(head + lan + wlan + half + wire + refused + down + loop),
-              "enp3s0");
-    EXPECT_EQ(DefaultRouteInterface(head + lan + half + refused + down + loop), "");
+    EXPECT_EQ(DefaultRouteInterface(head + lan + wlan + half + wire + refused + loop), "enp3s0");
+    EXPECT_EQ(DefaultRouteInterface(head + lan + half + refused + loop), "");
     EXPECT_EQ(DefaultRouteInterface(head + "wlan0\t0000"), "");
 }
 
