@@ -15,8 +15,8 @@ public:
         : bundle_(Owned<CFBundleRef>::Adopt(OpenBundle(WriteBundle(
               MakeFolder("interface"), "Test", "test.interface",
               {{"Resources/Panel.ui", ui}, {"Resources/en.lproj/Localizable.strings", texts}})))) {
-        opened = CreateNibReferenceWithCFBundle(bundle_, CFSTR("Panel"), &nib_);
-        if (opened == noErr) opened = CreateWindowFromNib(nib_, CFSTR("Window"), &window);
+        EXPECT_EQ(CreateNibReferenceWithCFBundle(bundle_, CFSTR("Panel"), &nib_), noErr);
+        EXPECT_EQ(CreateWindowFromNib(nib_, CFSTR("Window"), &window), noErr);
     }
     ~Interface() {
         DisposeWindow(window);
@@ -33,8 +33,6 @@ public:
     }
     [[nodiscard]] QWidget* windowWidget() const { return WidgetFromWindow(window); }
 
-    /// The status of the first call that failed.
-    OSStatus opened = noErr;
     WindowRef window = nullptr;
 
 private:
@@ -56,10 +54,6 @@ inline std::string WidgetText(const std::string& type, SInt32 id, const std::str
            "\"><property name=\"controlSignature\" stdset=\"0\"><string>KPDE</string></property>"
            "<property name=\"controlID\" stdset=\"0\"><number>" +
            number + "</number></property>" + more + "</widget>";
-}
-
-inline std::string StringProperty(const std::string& name, const std::string& text) {
-    return "<property name=\"" + name + "\" stdset=\"0\"><string>" + text + "</string></property>";
 }
 
 inline std::string Geometry(int x, int y, int width, int height) {
