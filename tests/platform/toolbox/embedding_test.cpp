@@ -103,29 +103,5 @@ TEST_F(Embedding, LabelsShareOneWidthAndRowsStackAnew) {
     EXPECT_GE(top(after), top(moved(302)) + moved(302)->height());
 }
 
-TEST_F(Embedding, PanesKeepTheirDistancesAndHiddenOnesTheirRoom) {
-    ControlRef second = nullptr;
-    CreateUserPaneControl(dialogRef, {10, 20, 110, 270}, &second);
-    EmbedControl(second, ControlFromWidget(view));
-    HideControl(pane);
-    moveSections();
-    dialog.show();
-    dialog.resize(600, 500);
-    settle();
-    const QRect place = WidgetFromControl(second)->geometry();
-    EXPECT_EQ(place, view->rect().adjusted(20, 10, -30, -10));
-    const QSize least = dialog.minimumSizeHint();
-    moved(202)->setMinimumSize(700, 200);
-    HideControl(second);
-    ShowControl(pane);
-    settle();
-    EXPECT_GT(dialog.minimumSizeHint().width(), least.width());
-    EXPECT_GT(dialog.minimumSizeHint().height(), least.height());
-    const QSize withPane = dialog.minimumSizeHint();
-    HideControl(pane);
-    settle();
-    EXPECT_EQ(dialog.minimumSizeHint(), withPane) << "changing panes does not change the window";
-}
-
 }  // namespace
 }  // namespace kalmo::test

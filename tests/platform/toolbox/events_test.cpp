@@ -78,26 +78,5 @@ TEST_F(Events, ControlsAndWindowsMayGoInsideAHandler) {
     EXPECT_EQ(gone, nullptr);
 }
 
-TEST_F(Events, ControlsTakeLeaveOnceAndFromTheInside) {
-    struct Leave {
-        WindowRef window;
-        std::vector<ControlRef> controls;
-        static OSStatus Handle(EventHandlerCallRef, EventRef event, void* data) {
-            auto* const leave = static_cast<Leave*>(data);
-            leave->controls.push_back(GetEventControl(event));
-            DisposeWindow(leave->window);
-            SimulateControlHit(GetEventControl(event));
-            return noErr;
-        }
-    } leave{WindowFromWidget(window.get()), {}};
-    const std::vector leaving{control, ControlFromWidget(pane), ControlFromWidget(window.get())};
-    const EventTypeSpec dispose{kEventClassControl, kEventControlDispose};
-    InstallWindowEventHandler(leave.window, Leave::Handle, 1, &dispose, &leave, nullptr);
-    const QPointer<QWidget> gone = window.release();
-    DisposeWindow(leave.window);
-    EXPECT_EQ(leave.controls, leaving);
-    EXPECT_EQ(gone, nullptr);
-}
-
 }  // namespace
 }  // namespace kalmo::test

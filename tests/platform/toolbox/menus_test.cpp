@@ -138,18 +138,5 @@ TEST_F(Button, ShowsWhatItsOwnerMadeAboveWhereNoRoomIsBelow) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&button())->role(), QAccessible::ButtonMenu);
 }
 
-TEST_F(Button, SubmenusBelongToTheirItem) {
-    const MenuRef inner = CreateNewMenu();
-    const QPointer<QObject> watched = reinterpret_cast<QObject*>(inner);
-    Append(inner, "x");
-    EXPECT_EQ(SetMenuItemHierarchicalMenu(submenu, 2, inner), noErr);
-    EXPECT_EQ(SetMenuItemHierarchicalMenu(submenu, 1, inner), paramErr) << "in two places";
-    EXPECT_EQ(SetMenuItemHierarchicalMenu(inner, 1, submenu), paramErr) << "in itself";
-    DisposeMenu(inner);
-    EXPECT_EQ(GetMenuItemHierarchicalMenu(submenu, 2), inner) << "not its maker's any more";
-    DeleteMenuItem(menu, 1);
-    EXPECT_EQ(watched, nullptr);
-}
-
 }  // namespace
 }  // namespace kalmo::test

@@ -70,17 +70,6 @@ TEST_F(Waiting, TheUserGivesUpAndTheWorkKeepsWhatItUses) {
     }
 }
 
-TEST_F(Waiting, WindowInADialogGoesWhenTheWorkIsDone) {
-    Interface interface(WindowFile(Geometry(0, 0, 200, 100)));
-    Stuck stuck;
-    driver.expect([&stuck](QWidget& dialog) {
-        EXPECT_TRUE(RunAndWait(kTexts, [&](const std::stop_token&) { stuck.free.acquire(); }));
-        dialog.close();
-    });
-    driver.expect([&stuck](QWidget&) { stuck.free.release(); });
-    EXPECT_EQ(RunAppModalLoopForWindow(interface.window, nullptr), kModalCancel);
-}
-
 TEST_F(Waiting, AProgramThatQuitsDoesNotWait) {
     const auto stuck = std::make_shared<Stuck>();
     QTimer::singleShot(50, qApp, &QApplication::quit);
