@@ -1,6 +1,4 @@
 // The Image Options panel between ticket and controls.
-#include <QAccessible>
-
 #include "image_options/image_options_panel.h"
 #include "settings/ticket.h"
 #include "settings/ticket_keys.h"
@@ -75,33 +73,6 @@ TEST_F(ImageOptionsPanel, ControlsShowTheTicketAndTheTicketTheControls) {
     EXPECT_EQ(choice(CFSTR("Resolution")), "200x200dpi");
     EXPECT_EQ(choice(CFSTR("KLEconomode")), "Draft");
     EXPECT_EQ(invert(), std::pair(false, true));
-}
-
-TEST_F(ImageOptionsPanel, MissingArgumentsAreRefused) {
-    const PDEInterfaceTable& panel = operations();
-    EXPECT_EQ(panel.Initialize(context, nullptr, nullptr, nullptr, nullptr), kPMInvalidPDEContext);
-    EXPECT_EQ(panel.Sync(context, nullptr, kSyncToUI), kPMInvalidPrintSession);
-    CFArrayRef titles = reinterpret_cast<CFArrayRef>(this), values = titles;
-    EXPECT_EQ(panel.GetSummaryText(nullptr, &titles, &values), kPMInvalidPDEContext);
-    EXPECT_TRUE(!titles && !values);
-}
-
-TEST_F(ImageOptionsPanel, PicturesAndTheirDescriptionsFollowTheChoice) {
-    show();
-    std::set<QString> descriptions;
-    const auto see = [&](SInt32 id) {
-        auto* const picture = QAccessible::queryAccessibleInterface(control(id));
-        EXPECT_TRUE(descriptions.insert(picture->text(QAccessible::Description)).second);
-    };
-    for (const SInt32 id : {1303, 1503, 2104}) see(id);
-    control<QCheckBox>(1302)->click();
-    see(1303);
-    pick(1502, "1800 dpi");
-    see(1503);
-    for (const SInt32 box : {2102, 2103, 2102}) {
-        control<QCheckBox>(box)->click();
-        see(2104);
-    }
 }
 
 }  // namespace
