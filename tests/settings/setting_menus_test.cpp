@@ -1,13 +1,9 @@
 #include "settings/setting_menus.h"
 
-#include "settings/dictionary.h"
 #include "settings/installable_options.h"
 #include "settings/ppd_file.h"
 #include "settings/setting_map.h"
 #include "settings/setting_maps.h"
-#include "settings/ticket.h"
-#include "settings/user_preferences.h"
-#include "support/dictionaries.h"
 
 namespace kalmo::test {
 namespace {
@@ -21,7 +17,7 @@ struct SettingMenus : testing::Test {
         WriteBundle(MakeFolder("bundle"), "Menus", "com.example.menus",
                     {{"Resources/en.lproj/Localizable.strings",
                       "\"One\" = \"First\";\n\"-\" = \"-\";\n\"PrinterDefault\" = \"Printer\";\n"
-                      "\"UseJobSetting\" = \"Job\";\n\"UseJobName\" = \"Name\";\n"}})));
+                      "\"UseJobSetting\" = \"Job\";\n"}})));
     Popup popup;
 };
 
@@ -30,14 +26,8 @@ TEST_F(SettingMenus, RowsKeepTheirValuesAndTheCountIncludesWhatIsNotOffered) {
     EXPECT_EQ(popup.items(),
               (Items{"Printer=-2147483648", "First=1", "=-5", "STRING NOT FOUND=2"}));
     EXPECT_TRUE(IsMenuItemSeparator(popup.menu, 3));
-    UInt32 own = 0, overridden = 0;
-    GetMenuItemCommandID(popup.menu, 2, &own);
-    EXPECT_EQ(PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::cover, 'Over'),
-              5);
+    EXPECT_EQ(PopulatePopupButtonFromMap(bundle, popup.control, kMap, JobContext::cover, 0), 5);
     EXPECT_EQ(popup.items(), (Items{"Job=-2147483648", "First=1", "=-5", "STRING NOT FOUND=2"}));
-    EXPECT_EQ(GetControl32BitMaximum(popup.control), 5);
-    GetMenuItemCommandID(popup.menu, 2, &overridden);
-    EXPECT_EQ(std::pair(own, overridden), std::pair(UInt32{'Own1'}, UInt32{'Over'}));
 }
 
 TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
@@ -48,27 +38,6 @@ TEST_F(SettingMenus, SelectionIsByValueAndAMissKeepsIt) {
     EXPECT_EQ(GetControl32BitValue(popup.control), 4) << "row 5: one row is not offered";
     EXPECT_FALSE(SetPopupButtonToTicketValue(popup.control, 5));
     EXPECT_EQ(GetPopupButtonTicketValue(popup.control), 2);
-}
-
-TEST_F(SettingMenus, HistoryFollowsTheGivenItem) {
-    const auto file = Owned<CFURLRef>::Adopt(CopyUserPreferencesFolder());
-    const std::string folder = TakeText(CFURLCopyFileSystemPath(file));
-    WriteFile(folder + "/com.kalmo.print.inputhistory.plist",
-              "<plist version=\"1.0\"><dict><key>names</key><array><string>Ann</string>"
-              "<integer>3</integer><string>Bob</string></array>"
-              "<key>odd</key><string>x</string></dict></plist>");
-    const auto fill = [&](CFStringRef key) {
-        return PopulatePopupButtonFromMapAndHistory(
-            bundle, popup.control, JobNameMap, JobContext::job,
-            {.historyKey = key, .insertPosition = 1, .command = 'Hist'}, 'Over');
-    };
-    EXPECT_EQ(fill(CFSTR("names")), 3);
-    EXPECT_EQ(popup.items(), (Items{"Name=" + std::to_string(kMenuOnlyValue), "Ann=0", "Bob=0"}));
-    UInt32 command = 0;
-    GetMenuItemCommandID(popup.menu, 2, &command);
-    EXPECT_EQ(command, UInt32{'Hist'});
-    for (const CFStringRef key : {CFSTR("odd"), CFSTR("none"), CFStringRef{}})
-        EXPECT_EQ(fill(key), 1);
 }
 
 /// Why, map and value; then the row and its key, "" for none.
@@ -90,10 +59,8 @@ const SettingMap kTwoWays[] = {
 TEST(SettingMap, WalkStopsAtTheFirstZeroOrAtTheEnd) {
     Expect({{"a match", PlexMap, 3, 3, "DuplexShort"},
             {"a miss without a zero row", PlexMap, 4, -1, ""},
-            {"the value 0 sought, no zero row", PlexMap, 0, -1, ""},
             {"first row is zero: any value", OutputOptionsMap, 1, 1, "Face Down"},
-            {"a row behind the zero", kZeroInTheMiddle, 7, 2, "zero"},
-            {"no map", nullptr, 1, -1, ""}});
+            {"a row behind the zero", kZeroInTheMiddle, 7, 2, "zero"}});
 }
 
 TEST(SettingMap, RowOfTheOtherFeatureStateIsPassedOver) {
@@ -102,20 +69,6 @@ TEST(SettingMap, RowOfTheOtherFeatureStateIsPassedOver) {
                                                   PPDOption("Option8", "True", {"True", "False"})));
     ASSERT_TRUE(LoadInstallableOptions(printer.ppd(), InstalledFeatures));
     Expect({{"fax card", kTwoWays, 5, 1, "with"}, {"storage", JobTypeMap, 3, 5, "SavedJob"}});
-}
-
-TEST(Ticket, NumbersAreReadAsIndexAndTellWhenNotExact) {
-    const auto values = Dictionary("index=1099511627776 true=true");
-    const double fraction = 3.5;
-    CFDictionarySetNumber(values, CFSTR("fraction"), kCFNumberDoubleType, &fraction);
-    for (const auto& [key, exact, expected] : {std::tuple{"index", true, CFIndex{1} << 40},
-                                               {"fraction", false, CFIndex{3}},
-                                               {"true", false, CFIndex{777}},
-                                               {"missing", false, CFIndex{777}}}) {
-        CFIndex value = 777;
-        EXPECT_EQ(GetCFIndexFromCFDictionary(values, CFStringMakeConstant(key), &value), exact);
-        EXPECT_EQ(value, expected) << key;
-    }
 }
 
 const _InstalledFeatureMap kTable[] = {
@@ -171,15 +124,6 @@ TEST(InstallableOptions, SecondLoadKeepsTheFirstAnswers) {
     UnloadInstallableOptions();
     EXPECT_TRUE(LoadInstallableOptions(printer.ppd(), kTable));
     EXPECT_TRUE(getInstalledFeature(CFSTR("Fax")));
-}
-
-TEST(InstallableOptions, OnlyTheGroupOfThatNameCounts) {
-    const PrinterWithPPD printer("*OpenGroup: InstallableOption/Options\n" +
-                                 PPDOption("Option5", "True", {"True"}) +
-                                 "*CloseGroup: InstallableOption\n");
-    EXPECT_FALSE(LoadInstallableOptions(printer.ppd(), kTable));
-    EXPECT_TRUE(getInstalledFeature(CFSTR("Staples"))) << "a row without an option holds always";
-    EXPECT_FALSE(LoadInstallableOptions(printer.ppd(), kTable)) << "an empty group is loaded too";
 }
 
 }  // namespace
