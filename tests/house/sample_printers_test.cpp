@@ -1,4 +1,4 @@
-// The pane's device profile and the sample printers tell the same story.
+// The sample printers: what tickets know, no conflicts, every language.
 #include "house/resource_files.h"
 #include "printing/ppd_conflicts.h"
 #include "printing/ppd_papers.h"
@@ -7,80 +7,29 @@
 namespace kalmo::test {
 namespace {
 
-struct ChoiceSet {
-    std::set<std::string> choices;
-    std::string standard;
-};
-using Printer = std::map<std::string, ChoiceSet>;
+/// The choices of each option.
+using Printer = std::map<std::string, std::set<std::string>>;
 
 Printer ReadPrinter(const std::filesystem::path& file) {
     Printer printer;
     const auto description = ReadPPDDescription(file, nullptr).value_or(PPDDescription{});
     for (const PPDOptionTexts& option : description.options) {
-        printer[option.keyword].standard = option.defaultChoice;
         // libcups adds the custom size as a choice of its own.
         for (const PPDChoiceText& choice : option.choices)
-            if (choice.keyword != "Custom") printer[option.keyword].choices.insert(choice.keyword);
+            if (choice.keyword != "Custom") printer[option.keyword].insert(choice.keyword);
     }
-    printer["PageSize"].standard = description.defaultPaper;
-    for (const PPDPaper& paper : description.papers)
-        printer["PageSize"].choices.insert(paper.keyword);
+    for (const PPDPaper& paper : description.papers) printer["PageSize"].insert(paper.keyword);
     return printer;
-}
-
-CFDictionaryRef Part(CFDictionaryRef dictionary, CFStringRef key) {
-    return static_cast<CFDictionaryRef>(CFDictionaryGetValue(dictionary, key));
-}
-
-template <typename Visit>
-void ForEachEntry(CFDictionaryRef dictionary, Visit visit) {
-    std::vector<CFTypeRef> keys(CFDictionaryGetCount(dictionary));
-    std::vector<CFTypeRef> values(keys.size());
-    CFDictionaryGetKeysAndValues(dictionary, keys.data(), values.data());
-    for (std::size_t i = 0; i < keys.size(); ++i)
-        visit(CFStringToUTF8(static_cast<CFStringRef>(keys[i])),
-              static_cast<CFDictionaryRef>(values[i]));
-}
-
-Printer ReadProfile() {
-    const auto list = ReadPlist(ReadFile(kResources / "Device Profile.plist"));
-    Printer printer;
-    const auto features = Part(static_cast<CFDictionaryRef>(list.get()), CFSTR("Features"));
-    ForEachEntry(features, [&printer](const std::string& name, CFDictionaryRef feature) {
-        ChoiceSet& set = printer[name];
-        const auto keywords = Part(Part(feature, CFSTR("Syntax")), CFSTR("Keyword"));
-        ForEachEntry(keywords, [&set](const std::string& choice, CFDictionaryRef keyword) {
-            set.choices.insert(choice);
-            if (CFDictionaryGetValue(keyword, CFSTR("Default")) == kCFBooleanTrue) {
-                set.standard += choice;
-            }
-        });
-    });
-    return printer;
-}
-
-TEST(DeviceProfile, DescribesEveryOptionOfThePrinterThatHasEverything) {
-    const Printer printer = ReadPrinter(SamplePPD("kalmo-production"));
-    const Printer profile = ReadProfile();
-    EXPECT_GT(printer.size(), 30u);
-    for (const auto& [keyword, set] : printer) {
-        ASSERT_TRUE(profile.contains(keyword)) << keyword;
-        EXPECT_EQ(profile.at(keyword).standard, set.standard) << keyword;
-        EXPECT_EQ(profile.at(keyword).choices, set.choices) << keyword;
-    }
-    // What takes a text or a number has no keywords.
-    const auto hasKeywords = [](const auto& row) { return !row.second.choices.empty(); };
-    EXPECT_EQ(std::ranges::count_if(profile, hasKeywords), std::ssize(printer));
 }
 
 TEST(SamplePrinters, OneHasEveryChoiceThatTicketsKnow) {
     Printer printer = ReadPrinter(SamplePPD("kalmo-production"));
-    printer["PageSize"].choices.insert("Custom");
+    printer["PageSize"].insert("Custom");
     for (const MainKeywordRow* option = MainKeywordMap; option->keyword; ++option) {
         const std::string keyword = CFStringToUTF8(option->keyword);
         for (const PPDChoiceRow* row = option->choices; row->choice; ++row) {
             const std::string choice = CFStringToUTF8(row->choice);
-            EXPECT_TRUE(printer[keyword].choices.contains(choice)) << keyword << ' ' << choice;
+            EXPECT_TRUE(printer[keyword].contains(choice)) << keyword << ' ' << choice;
         }
     }
 }
@@ -103,8 +52,8 @@ TEST(SamplePrinters, StartWithoutConflictsAndSpeakEveryLanguage) {
         for (const std::string& language : Languages()) {
             EXPECT_TRUE(Contains(named, language)) << named;
             if (language == "en") continue;
-            for (const auto& [keyword, set] : printer) {
-                for (const std::string& choice : set.choices) {
+            for (const auto& [keyword, choices] : printer) {
+                for (const std::string& choice : choices) {
                     const std::string line = "*" + language + "." + keyword + " " + choice;
                     EXPECT_TRUE(Contains(text, line + "/")) << line;
                 }
