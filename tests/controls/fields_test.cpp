@@ -1,7 +1,5 @@
-// Fields for numbers and limited texts, and pictures by name.
-#include "controls/custom_value_dialog.h"
+// Fields for numbers and limited texts.
 #include "controls/input_limits.h"
-#include "controls/pictures.h"
 #include "controls/spin_control.h"
 #include "platform/toolbox/interface.h"
 #include "support/beeps.h"
@@ -47,8 +45,6 @@ TEST_F(Fields, TypedNumberSetsTheValueAndIsReplacedWhenTheFieldIsLeft) {
             {"other minus", "sv_SE", {.minimum = -9, .maximum = 9}, "-7", -7, true, "\u22127"},
             {"comma", "de_DE", {.maximum = 999, .decimals = 1}, "1.2,5", 125, true, "12,5"},
             {"point", "C", {.maximum = 999, .decimals = 1}, "1,2.5", 125, true, "12.5"},
-            {"single precision", "C", {.maximum = 99, .decimals = 2}, "0.53", 52, true, "0.52"},
-            {"not double", "C", {.maximum = 99, .decimals = 2}, "0.29", 29, true, "0.29"},
             {"sign", "C", {.maximum = 99, .sign = Sign::angle}, "45", 45, true, "45\u02DA"},
         };
     for (const auto& [why, locale, setup, typed, number, valid, left] : rows) {
@@ -82,8 +78,6 @@ TEST_F(Fields, StepsEndAtTheBoundWithABeep) {
         QTest::keyClick(&field(), key);
     EXPECT_EQ(value(), -5);
     EXPECT_EQ(beeps.take(), 2) << "Return and Enter";
-    QTest::keyClick(interface->widget(kSlider), Qt::Key_End);
-    EXPECT_EQ(text(), "12%");
 }
 
 TEST_F(Fields, SliderAndFieldFollowEachOther) {
@@ -100,37 +94,12 @@ TEST_F(Fields, SliderAndFieldFollowEachOther) {
     }
 }
 
-TEST_F(Fields, RefusedValueChangesTheArrowsOnly) {
-    open({.maximum = 10});
-    SetSpinControlValue(arrows(), 3);
-    EXPECT_EQ(SetSpinControlValue(arrows(), 11), paramErr);
-    EXPECT_EQ(value(), 10);
-    EXPECT_EQ(interface->widget<QSlider>(kSlider)->value(), 3);
-    DisposeControl(arrows());
-    field(kOther).setFocus();
-    EXPECT_EQ(text(), "3") << "the field outlives its arrows";
-}
-
-TEST_F(Fields, LimitedTextIsCheckedAtEachInput) {
+TEST_F(Fields, LimitedTextRefusesWhatIsTypedOrPastedBeyond) {
     open({});
-    const ControlRef control = interface->control(kOther);
-    std::string checks;
-    std::pair<UInt32, Recorder> recorders[] = {{kEventInputEmpty, {'e', &checks, noErr}},
-                                               {kEventInputTooShort, {'s', &checks, noErr}},
-                                               {kEventInputLongEnough, {'l', &checks, noErr}}};
-    for (auto& [kind, recorder] : recorders) {
-        const EventTypeSpec type = {kEventClassInputCheck, kind};
-        InstallControlEventHandler(control, Recorder::Handle, 1, &type, &recorder, nullptr);
-    }
     const auto letters = Owned<CFCharacterSetRef>::Adopt(
         CFCharacterSetCreateWithCharactersInString(kCFAllocatorDefault, CFSTR("abcdxy")));
-    const CFIndex references = CFGetRetainCount(letters);
-    LimitInputLengthAndCharacters(control, 0, 4, letters);
-    QTest::keyClicks(&field(kOther), "a1");
-    LimitInputLengthAndCharacters(control, 2, 4, letters);
-    QTest::keyClicks(&field(kOther), "b\b\b");
-    EXPECT_EQ(checks, "llse");
-    QTest::keyClicks(&field(kOther), "abcdx");
+    LimitInputLengthAndCharacters(interface->control(kOther), 0, 4, letters);
+    QTest::keyClicks(&field(kOther), "a1bcdx");
     for (const char* pasted : {"xyx", "xy"}) {
         field(kOther).setSelection(1, 2);
         QApplication::clipboard()->setText(pasted);
@@ -138,55 +107,6 @@ TEST_F(Fields, LimitedTextIsCheckedAtEachInput) {
     }
     EXPECT_EQ(field(kOther).text(), "axyd");
     EXPECT_EQ(beeps.take(), 3);
-    DisposeControl(control);
-    EXPECT_EQ(CFGetRetainCount(letters), references);
-}
-
-TEST_F(Fields, CustomValueIsAskedForUntilItIsLongEnough) {
-    ModalDriver driver;
-    const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
-    CFStringRef text = CFSTR("Red");
-    SInt32 button = 0;
-    driver.expect([](QWidget& window) {
-        auto& line = *window.findChild<QLineEdit*>();
-        EXPECT_EQ(line.selectedText(), "Red");
-        QTest::keyClicks(&line, "B\rlue!!!\r");
-    });
-    EXPECT_EQ(RunModalCustomValueDialog(bundle, 2, 5, &text, &button), noErr);
-    EXPECT_EQ(button, kCustomValueOK);
-    const auto typed = Owned<CFStringRef>::Adopt(text);
-    EXPECT_EQ(CFStringToUTF8(typed), "Blue!");
-    driver.expect([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
-    RunModalCustomValueDialog(bundle, 2, 5, &text, &button);
-    EXPECT_EQ(button, kCustomValueCancel);
-    EXPECT_EQ(text, nullptr);
-}
-
-constexpr char kWideSvg[] =
-    "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"60\" height=\"20\"><rect width=\"60\" "
-    "height=\"20\"/></svg>";
-
-TEST(ImageCache, PrefersTheDrawingAndLoadsOnce) {
-    const auto folder = MakeFolder("pictures");
-    WriteFile(folder / "Both.svg", kWideSvg);
-    QImage(10, 10, QImage::Format_RGB32).save(QString::fromStdString(folder / "Both.png"));
-    QImage(8, 4, QImage::Format_RGB32).save(QString::fromStdString(folder / "Only.png"));
-    WriteFile(folder / "Broken.gif", "no picture");
-    ImageCache cache(FileURL(folder));
-
-    const auto widthOf = [&](CFStringRef name) {
-        SInt32 width = 0, height = 0;
-        if (const PictureRef picture = cache.picture(name))
-            GetPictureSize(picture, &width, &height);
-        return width;
-    };
-    EXPECT_EQ(widthOf(CFSTR("Both.png")), 60);
-    EXPECT_EQ(widthOf(CFSTR("Only.png")), 8);
-    EXPECT_EQ(cache.picture(CFSTR("Broken.gif")), nullptr);
-
-    const PictureRef loaded = cache.picture(CFSTR("Both.png"));
-    std::filesystem::remove(folder / "Both.svg");
-    EXPECT_EQ(cache.picture(CFSTR("Both.png")), loaded);
 }
 
 }  // namespace
