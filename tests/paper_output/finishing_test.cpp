@@ -19,33 +19,13 @@ std::string Text(const Finishing& f) {
 
 TEST(Finishing, ACommandSettlesWhatDoesNotGoWithIt) {
     const std::tuple<UInt32, SInt32, const char*> rows[] = {
-        {'Stp0', 1, "1 1 1 3 20 99"},   {'Stp1', 5, "5 1 1 3 1 4"},
-        {'Stp2', 10, "1 10 1 3 1 9"},   {'Stp4', 7, "1 1 54 1 1 53"},
-        {'Hpn0', 1, "6 12 55 1 20 99"}, {'HPun', 2, "6 12 1 2 1 30"},
-        {'Hpn3', 4, "6 12 1 4 1 30"},   {'Fld0', 1, "6 12 55 3 1 99"},
-        {'Zfol', 36, "1 1 1 1 36 40"},  {'Bkcr', 0, "6 12 55 3 20 99"}};
+        {'Stp0', 1, "1 1 1 3 20 99"},  {'Stp1', 5, "5 1 1 3 1 4"},    {'Stp2', 10, "1 10 1 3 1 9"},
+        {'Stp4', 7, "1 1 54 1 1 53"},  {'HPun', 2, "6 12 1 2 1 30"},  {'Fld0', 1, "6 12 55 3 1 99"},
+        {'Zfol', 36, "1 1 1 1 36 40"}, {'Bkcr', 0, "6 12 55 3 20 99"}};
     for (const auto& [command, value, after] : rows) {
         Finishing finishing{99, 6, 12, 55, 20, 1, 3};
         EXPECT_EQ(ApplyFinishingCommand(&finishing, command, value), value != 0);
         EXPECT_EQ(Text(finishing), after);
-    }
-}
-
-TEST(Finishing, OneLocationBelongsToOneGroupOfStaples) {
-    for (const auto& [value, located, chosen] : {std::tuple{5, "5 1 1", "5 1 1"},
-                                                 {8, "8 1 1", "1 1 1"},
-                                                 {9, "1 1 1", "1 1 1"},
-                                                 {11, "1 11 1", "1 1 1"},
-                                                 {12, "1 12 1", "1 12 1"},
-                                                 {54, "1 1 54", "1 1 54"},
-                                                 {57, "1 1 57", "1 1 1"},
-                                                 {-1, "1 1 1", "1 1 1"}}) {
-        Finishing byLocation{.dualStaple = 99, .custom = {}}, byChoice = byLocation;
-        SetStapleLocation(&byLocation, value);
-        ChooseStaple(&byChoice, value);
-        EXPECT_EQ(Text(byLocation), std::string(located) + " 0 0 0");
-        EXPECT_EQ(Text(byChoice), std::string(chosen) + " 0 0 0");
-        EXPECT_TRUE(StapleLocation(byChoice) == 1 || StapleLocation(byChoice) == value);
     }
 }
 
@@ -60,33 +40,6 @@ TEST(Finishing, TheSummaryHasALineForEachDeviceOrForTheBooklet) {
         EXPECT_EQ(TakeText(CreateFinishingString(bundle, finishing, layout, {true, true, true})),
                   lines);
     EXPECT_EQ(TakeText(CreateFinishingString(bundle, {}, false, {})), "");
-}
-
-TEST(Finishing, PicturesShowTheFoldElseStaplesWithHoles) {
-    const std::tuple<Finishing, bool, const char*> rows[] = {
-        {{0, 1, 1, 1, 0, 0, 1}, true, "OfficeFinishing_Bklt_Layout.gif"},
-        {{0, 5, 1, 1, 1, 0, 1}, true, "OfficeFinishing_1St.gif"},
-        {{0, 1, 10, 1, 1, 0, 2}, false, "OfficeFinishing_2St&3Hp.gif"},
-        {{0, 5, 1, 1, 36, 0, 2}, true, "ProductionFinishing_ZFold_Half_Left.gif"},
-        {{0, 1, 1, 1, 53, 0, 1}, false, "OfficeFinishing_BKlt_Fold&Stple.gif"},
-        {{0, 1, 1, 1, 53, 0, 1}, true, "OfficeFinishing_Bklt_Fold&Stpl_Layout.gif"}};
-    for (const auto& [finishing, layout, picture] : rows)
-        EXPECT_EQ(FinishingPicture(finishing, layout), picture);
-}
-
-TEST(Finishing, ASquareFoldNeedsAPaperThatFolds) {
-    const PrinterWithPPD printer("");
-    const _InstalledFeatureMap table[] = {{CFSTR("SquareFoldTrimmerKey")}, {}};
-    LoadInstallableOptions(printer.ppd(), table);
-    for (const auto& [type, allowed] :
-         {std::pair{kUnset, true}, {1, true}, {9, false}, {2, false}, {4, false}, {5, false}}) {
-        Stock stock(nullptr);
-        stock.setType(type);
-        Finishing finishing{.squareFold = true};
-        EXPECT_EQ(CoupleSquareFold(&finishing, stock), !allowed);
-        EXPECT_EQ(finishing.squareFold, allowed);
-        EXPECT_FALSE(CoupleSquareFold(&finishing, stock)) << "nothing more to change";
-    }
 }
 
 TEST(Booklet, ABookletFoldIsTheOnlyFinishing) {
@@ -110,11 +63,6 @@ TEST(Booklet, ABookletFoldIsTheOnlyFinishing) {
     finishing.option = kOptionPunch;
     choose(kNoFinishing);
     EXPECT_EQ(finishing.option, kOptionPunch) << "there was no booklet fold to undo";
-    choose(kFoldBi);
-    record.duplex = kOneSided;
-    LeaveBooklet(&record);
-    EXPECT_EQ(std::pair(finishing.option, finishing.fold), std::pair(kOptionNone, kNoFinishing));
-    EXPECT_EQ(record.duplex, kOneSided) << "the layout was off";
 }
 
 using Features = std::vector<CFStringRef>;
@@ -178,23 +126,23 @@ TEST_F(FinishingMenu, MarksFollowTheChoiceAndABookletStandsAlone) {
     EXPECT_EQ(marked(finishing, false), booklet);
 }
 
-TEST_F(FinishingMenu, CoilPunchGoesWithAPaperThatCannotHaveIt) {
-    install({CFSTR("GBCAdvancedPunchKey")});
-    PopulateOfficeFinishingMenu(popup.menu, bundle);
-    const std::tuple<SInt32, SInt32, bool> rows[] = {
-        {1, kUnset, true},  {1, 217, false}, {1, 216, true},     {9, 100, false},
-        {kUnset, 80, true}, {2, 80, false},  {kUnset, 79, false}};
-    for (const auto& [type, weight, available] : rows) {
+TEST_F(FinishingMenu, APaperTakesAwayASquareFoldAndACoilPunchThatItCannotHave) {
+    install({CFSTR("SquareFoldTrimmerKey"), CFSTR("GBCAdvancedPunchKey")});
+    const std::tuple<SInt32, SInt32, bool, bool> rows[] = {
+        {1, kUnset, true, true}, {1, 217, true, false}, {1, 216, true, true},
+        {9, 100, false, false},  {2, 80, false, false}, {kUnset, 80, true, true},
+        {4, 80, false, true},    {5, 80, false, true},  {kUnset, 79, true, false}};
+    for (const auto& [type, weight, folds, punches] : rows) {
+        SCOPED_TRACE(std::to_string(type) + " of " + std::to_string(weight));
         Stock stock(nullptr);
         stock.setType(type);
         stock.setWeight(weight);
-        Finishing finishing;
+        Finishing finishing{.squareFold = true};
+        EXPECT_EQ(CoupleSquareFold(&finishing, stock), !folds);
+        EXPECT_EQ(finishing.squareFold, folds);
         ApplyFinishingCommand(&finishing, kCoilCommand, 0);
-        const bool wasEnabled = IsMenuItemEnabled(popup.menu, 1);
-        EXPECT_EQ(CoupleCoilPunch(popup.menu, &finishing, stock), !available || !wasEnabled);
-        EXPECT_EQ(IsMenuItemEnabled(popup.menu, 1), available);
-        EXPECT_EQ(finishing.option, available && wasEnabled ? kOptionCoilPunch : kOptionNone);
-        EXPECT_EQ(CoilPunchAvailable(Stock(nullptr)), std::nullopt);
+        EXPECT_EQ(CoupleCoilPunch(nullptr, &finishing, stock), !punches);
+        EXPECT_EQ(finishing.option, punches ? kOptionCoilPunch : kOptionNone);
     }
 }
 

@@ -74,9 +74,8 @@ TEST_F(JobDialogs, PasscodesAreTakenMadeOrRefused) {
     }
 }
 
-TEST_F(JobDialogs, TheConfirmationWaitsForFourDigits) {
+TEST_F(JobDialogs, PasscodesAreHiddenAndTheConfirmationWaitsForFourDigits) {
     const auto walk = [](QWidget& window) {
-        EXPECT_FALSE(Enabled(window, kConfirmationFieldID));
         for (const SInt32 id : {kPasscodeFieldID, kConfirmationFieldID})
             EXPECT_EQ(Control<QLineEdit>(window, id).echoMode(), QLineEdit::Password);
         for (const char* typed : {"1234", "123"}) {
@@ -88,15 +87,9 @@ TEST_F(JobDialogs, TheConfirmationWaitsForFourDigits) {
     runSecurePrint(walk);
     runSavedJob([&](QWidget& window) {
         Press(window, kProtect);
-        EXPECT_EQ(window.focusWidget(), &Control(window, kPasscodeFieldID));
         walk(window);
     });
     EXPECT_FALSE(passcode || job.hasSecurePassword);
-    passcode = String("123");
-    runSecurePrint([](QWidget& window) {
-        EXPECT_EQ(Text(window, kConfirmationFieldID), "123") << "a passcode that is held";
-        Press(window, kCancel);
-    });
 }
 
 TEST(Passcode, IsAsLikelyInEveryThousand) {
@@ -158,13 +151,7 @@ TEST_F(JobDialogs, ASavedJobTakesNameFolderFormatAndAction) {
     EXPECT_EQ(job.saveDisposition, kSaveAndPrint);
 }
 
-TEST_F(JobDialogs, WhatATicketSaysOddlyFallsToTheDefaultsButForFoldersElsewhere) {
-    job.useJobName = job.useDefaultLocation = false;
-    job.mediaType = job.saveDisposition = 99;
-    runSavedJob([](QWidget& window) { Press(window, kOK); });
-    EXPECT_TRUE(job.useJobName && job.useDefaultLocation);
-    EXPECT_EQ(job.mediaType, kFirstJobFormat);
-    EXPECT_EQ(job.saveDisposition, kSaveOnly);
+TEST_F(JobDialogs, AFolderElsewhereIsKept) {
     job.useDefaultLocation = false;
     job.savedJobLocation = String("smb://elsewhere/x");
     runSavedJob([](QWidget& window) { Press(window, kOK); });
@@ -208,18 +195,6 @@ TEST_F(BookletDialogs, TakeWhatIsChosen) {
     EXPECT_EQ(choice.booklet.gutter, 30);
     EXPECT_EQ(choice.booklet.creep, 72);
     EXPECT_EQ(choice.fold, kFoldBiStaple);
-}
-
-TEST_F(BookletDialogs, LeaveOtherFoldsAloneAndAskForNoneThatThePrinterLacks) {
-    choice.fold = kFoldC;
-    run([](QWidget& window) { Press(window, kOK); });
-    PPDCloseCurrent();
-    printer.usePPD(PPDText(""));
-    run([](QWidget& window) {
-        EXPECT_TRUE(Control(window, kFold).isHidden());
-        Press(window, kOK);
-    });
-    EXPECT_EQ(choice.fold, kFoldC);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include "paper_output/dialog_test.h"
 #include "shell/shell_events.h"
-#include "system/system.h"
 
 namespace kalmo::test {
 namespace {
@@ -16,7 +15,6 @@ struct PrintCheck : DialogTest {
     ~PrintCheck() override {
         RemoveAllHandlers(shell);
         InstallPrintCheckSource({});
-        SetSystemVersionForTests(kSystemVersion10_5);
     }
 
     void setJob(SInt32 type, const char* passcode, CFIndex recipients) {
@@ -56,23 +54,16 @@ TEST_F(PrintCheck, OnlySecurePrintWithoutPasscodeAndFaxWithoutRecipientAreRefuse
 }
 
 TEST_F(PrintCheck, OnePressChecksOnceAndARefusalHoldsTheDialog) {
-    for (const auto& [version, refusal] : {std::pair{kSystemVersion10_5, kKalmoKeepDialogOpen},
-                                           {kSystemVersion10_5 - 0x10, noErr}}) {
-        SetSystemVersionForTests(version);
-        InstallDialogHandlers(shell);
-        InstallOpenHandler(shell);
-        checks = 0;
-        setJob(1, nullptr, 0);
-        EXPECT_EQ(pressPrint(), eventNotHandledErr) << "printing goes on";
-        EXPECT_EQ(checks, 1);
-        setJob(5, nullptr, 0);
-        EXPECT_EQ(pressPrint(), refusal);
-        EXPECT_EQ(checks, 2);
-        RemoveOpenHandler(shell);
-        EXPECT_EQ(pressPrint(), refusal) << "a closed pane is checked too";
-        RemoveAllHandlers(shell);
-        EXPECT_EQ(pressPrint(), eventNotHandledErr);
-    }
+    InstallDialogHandlers(shell);
+    InstallOpenHandler(shell);
+    setJob(1, nullptr, 0);
+    EXPECT_EQ(pressPrint(), eventNotHandledErr) << "printing goes on";
+    EXPECT_EQ(checks, 1);
+    setJob(5, nullptr, 0);
+    EXPECT_EQ(pressPrint(), kKalmoKeepDialogOpen);
+    EXPECT_EQ(checks, 2);
+    RemoveOpenHandler(shell);
+    EXPECT_EQ(pressPrint(), kKalmoKeepDialogOpen) << "a closed pane is checked too";
 }
 
 }  // namespace

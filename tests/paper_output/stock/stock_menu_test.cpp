@@ -91,18 +91,6 @@ TEST_F(StockMenu, ChoicesChangeTheStockAndMoveTheMarks) {
               "Color(Same as the job=unset White=1 Blue=2) "
               "Type(Same as the job=unset Plain=1 Tabs=24 *Film=2) | | Post-print inserter=10");
     EXPECT_EQ(changes, 4);
-    EXPECT_EQ(SendCommandFromControl(button(), 'Sclr'), eventNotHandledErr) << "no item";
-    FinalizeStockMenuButton(button(), &data);
-    choose(1, 2);
-    EXPECT_EQ(changes, 4) << "taken leave of the button";
-}
-
-TEST_F(StockMenu, OwnSizeThatIsNotGivenChangesNothing) {
-    initialize(JobContext::cover);
-    stock.setSource(kStockSourceInserter);
-    choose(1, 4);  // nobody is there to answer
-    EXPECT_EQ(std::tuple(stock.size(), stock.source(), changes),
-              std::tuple(kUnset, kStockSourceInserter, 0));
 }
 
 }  // namespace

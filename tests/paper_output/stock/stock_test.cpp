@@ -29,7 +29,6 @@ TEST_F(StockSummary, LinesSayWhatThePrinterCallsIt) {
         {"no count is known", "Type=24 Modulus=3", "Type: Tabs"},
         {"own words", "Type=7 CustomType=Felt Color=10 CustomColor=Mauve",
          "Color: Mauve\nType: Felt"},
-        {"own words that are missing", "Type=7 Color=10", "Same as the job"},
         {"inserted", "Color=2 Type=1 Source=10", "Type: Plain\nPost-print inserter"},
     };
     for (const auto& [why, entries, summary] : rows) {
@@ -59,17 +58,6 @@ TEST_F(StockSummary, SeparatorsAddTheirLine) {
     label.setText("A4");
     AppendSeparatorSummary(control, bundle, read.option, read.stock);
     EXPECT_EQ(label.text(), "A4\nSeparators: Blank (Color: White, Type: Plain)");
-    PMTicketSetItem(ticket, CFSTR("t"), CFSTR("com.kalmo.print.SeparatorStock"), Value("x"), false);
-    for (const auto& [option, summary] :
-         {std::pair{"4", ""}, {"\"3\"", ""}, {"3", "Separators: Printed"}}) {
-        PMTicketSetItem(ticket, CFSTR("t"), CFSTR("com.kalmo.print.SeparatorOption"), Value(option),
-                        false);
-        EXPECT_EQ(SyncSeparatorsFromTicket(ticket, &read), noErr);
-        label.clear();
-        AppendSeparatorSummary(control, bundle, read.option, read.stock);
-        EXPECT_EQ(label.text(), summary) << "on the job's own paper";
-    }
-    EXPECT_EQ(SyncSeparatorsFromTicket(kPMNoTicket, &read), kPMInvalidTicket);
 }
 
 TEST(StockPicture, ExistsForEveryPaper) {
@@ -98,8 +86,6 @@ TEST(Stock, TicketFormHasItsRules) {
          "Size=75 Width=9 Length=unset Type=1"},
         {"another size", "Size=1 Width=2100 Type=1", "Size=1 Type=1"},
         {"modulus of other tab stock", "Type=24 Modulus=5", "Type=24"},
-        {"modulus of precut tabs", "Modulus=5 Type=4", "Type=4 Modulus=5"},
-        {"coating without sides", "Type=1 kCoatingType=3", "Type=1"},
         {"stored color of a transparency", "Type=2 Color=3", "Type=2 Color=3"},
         {"nothing given", "Type=1 CustomName=\"\" CustomNameOnly=false", "Type=1"},
         {"wrong kinds", "Size=\"75\" Color=true Type=true CustomName=3 CustomNameOnly=1",
@@ -118,8 +104,6 @@ TEST(Stock, TicketFormHasItsRules) {
 
 TEST(Stock, SettersKeepSizeAndColorInStep) {
     Stock stock;
-    stock.setWidth(kUnset);
-    EXPECT_EQ(stock.size(), kUnset);
     stock.setLength(2970);
     stock.setWidth(2100);
     EXPECT_EQ(std::pair(stock.size(), stock.length()), std::pair(kStockSizeCustom, 2970));
@@ -127,21 +111,6 @@ TEST(Stock, SettersKeepSizeAndColorInStep) {
     EXPECT_EQ(std::pair(stock.width(), stock.length()), std::pair(kUnset, kUnset));
     stock.setType(kStockTypeTransparency);
     EXPECT_EQ(stock.color(), kStockColorClear);
-    stock.setColor(3);
-    Stock assigned;
-    assigned = stock;
-    EXPECT_EQ(Stock(stock).color(), 3);
-    EXPECT_EQ(assigned.color(), kStockColorClear) << "assigned through the setters";
-}
-
-TEST(Stock, EqualityLooksAtEveryField) {
-    for (const char* other : {"Color=2", "SidesCoated=1", "Source=10", "CustomNameOnly=true",
-                              "CustomComment=x", "CustomType=x", "kGrain=0"})
-        EXPECT_FALSE(Made(other) == Made("")) << other;
-    Stock stock = Made("Description=Thick");
-    EXPECT_TRUE(stock == Made("Description=thICK"));
-    stock.setComment(nullptr);
-    EXPECT_FALSE(stock == Stock(stock)) << "no text equals nothing, itself neither";
 }
 
 TEST(Stock, DefaultsLeaveWhatTheyDoNotName) {
