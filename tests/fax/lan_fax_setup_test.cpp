@@ -11,7 +11,7 @@
 namespace kalmo::test {
 namespace {
 
-constexpr SInt32 kTabs = 100, kList = 200, kAdd = 201, kEdit = 203, kSaveGroup = 204, kRemove = 205;
+constexpr SInt32 kTabs = 100, kList = 200, kSaveGroup = 204, kRemove = 205;
 
 struct LANFaxSetupTest : FaxDialogTest {
     ~LANFaxSetupTest() override {
@@ -116,11 +116,8 @@ TEST_F(LANFaxSetupTest, CancelPutsEverythingBack) {
     const auto before = Owned<CFTypeRef>::Adopt(CFDictionaryCreateMutableCopy(nullptr, 0, options));
     driver.expect([](QWidget& window) {
         SelectRow(window, 2, Qt::NoModifier);
-        EXPECT_TRUE(Enabled(window, kEdit));
         SelectRow(window, 0, Qt::ControlModifier);
-        EXPECT_FALSE(Enabled(window, kEdit));
         Press(window, kRemove);
-        EXPECT_FALSE(Enabled(window, kRemove));
         EXPECT_EQ(Control<QAbstractItemView>(window, kList).model()->rowCount(), 1);
         Press(window, kCancel);
     });
