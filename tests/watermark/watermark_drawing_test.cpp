@@ -4,9 +4,7 @@
 #include <chrono>
 
 #include "support/drawn_page.h"
-#include "watermark/fresh_store.h"
 #include "watermark/watermark_page.h"
-#include "watermark/watermark_store.h"
 
 namespace kalmo::test {
 namespace {
@@ -91,21 +89,6 @@ TEST(WatermarkDrawing, PicturesThatCannotBeReadLeaveAWhitePage) {
         EXPECT_LT(InkOf(page).size.width, 0);
         EXPECT_FALSE(CopyWatermarkDrawing(record.get(), kLetter.size));
     }
-}
-
-TEST(WatermarkDrawing, KeepsATextsGlyphsInTheStore) {
-    const auto file = FreshStore();
-    for (const char* text : {" ", "Draft"}) {
-        EXPECT_FALSE(exists(file)) << "blanks are not drawn";
-        WatermarkHolder record;
-        Set(*record, text);
-        DrawnPdf(kLetter, [&](auto context) { DrawWatermark(context, kLetter, record.get()); });
-    }
-    WatermarkHolder kept;
-    ASSERT_TRUE(loadWatermarkData(kWatermarkStore, CFSTR("Draft"), *kept));
-    ASSERT_EQ(kept->glyphCount, 5);
-    EXPECT_NE(kept->glyphs[0], kept->glyphs[1]);
-    EXPECT_NEAR(kept->xPos, 246, 30);
 }
 
 TEST(WatermarkDrawing, ExtremeNumbersAreDrawnSoonAndWithoutHarm) {

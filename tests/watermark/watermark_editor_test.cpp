@@ -102,17 +102,10 @@ TEST_F(WatermarkEditors, LetTheMarkBeDraggedAsFarAsTheFieldsGo) {
     run([](QWidget& window) {
         QWidget& preview = Control(window, kPreview);
         const QPoint start = preview.rect().center();
-        const auto dragTo = [&](const QPoint& place) {
-            QTest::mousePress(&preview, Qt::LeftButton, {}, start);
-            QTest::mouseMove(&preview, place);
-            QTest::mouseRelease(&preview, Qt::LeftButton, {}, place);
-        };
-        dragTo(start + QPoint(28, -28));  // the page is 239 pixels wide
-        EXPECT_EQ(Text(window, kRight), "1.0");
-        EXPECT_EQ(Text(window, kUp), "1.0");
-        dragTo(start + QPoint(0, 4000));
-        EXPECT_EQ(Text(window, kRight), "1.0");
-        EXPECT_EQ(Text(window, kUp), "-5.5");
+        const QPoint place = start + QPoint(28, 4000);  // the page is 239 pixels wide
+        QTest::mousePress(&preview, Qt::LeftButton, {}, start);
+        QTest::mouseMove(&preview, place);
+        QTest::mouseRelease(&preview, Qt::LeftButton, {}, place);
         Press(window, kOK);
     });
     EXPECT_FLOAT_EQ(record->xOffset, 1);

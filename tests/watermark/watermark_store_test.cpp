@@ -64,42 +64,22 @@ TEST(WatermarkStore, RecordComesBackWhateverElseStandsInItsEntry) {
 TEST(WatermarkStore, StartsWithTheDefaultsAndDropsAnEmptyFirstNameInMemoryOnly) {
     const auto file = FreshStore();
     EXPECT_EQ(ListAtStart(), "Draft,Confidential,Copy");
-    WatermarkHolder record;
-    loadWatermarkData(kWatermarkStore, CFSTR("Confidential"), *record);
-    EXPECT_EQ(record->fontColorRed - record->wellColorRed, 0.75F);
     WriteList(file, "<string>gone</string><true/><string>lost</string>");
     EXPECT_EQ(ListAtStart(), "lost");
     EXPECT_NE(ReadFile(file).find("gone"), std::string::npos);
 }
 
-TEST(WatermarkStore, RemovesTheFirstEqualNameAndKeepsFontDataInAnExistingFileOnly) {
+TEST(WatermarkStore, RemovesTheFirstEqualNameAndNeverTheList) {
     const auto file = FreshStore();
-    EXPECT_FALSE(storeFontData(kWatermarkStore, CFSTR("font"), Data("x")));
-    EXPECT_FALSE(std::filesystem::exists(file));
+    Save("makes the folder");
     WriteList(file, "<string>b</string><string>A</string><string>a</string><string>a</string>");
     Save("a");
-    EXPECT_TRUE(storeFontData(kWatermarkStore, CFSTR("font"), Data("xyz")));
     EXPECT_TRUE(removeWatermarkData(kWatermarkStore, CFSTR("a")));
     // The list's key is no name: neither a watermark nor its removal may take the list away.
     EXPECT_FALSE(Save("WatermarkListEntries"));
     EXPECT_FALSE(removeWatermarkData(kWatermarkStore, CFSTR("WatermarkListEntries")));
     EXPECT_EQ(ListAtStart(), "A,a");
-    EXPECT_EQ(CountStored(), 2);
-    const auto data = Owned<CFMutableDataRef>::Adopt(CFDataCreateMutable(nullptr, 0));
-    for (const CFStringRef key : {CFSTR("font"), CFSTR("none"), CFSTR("font")})
-        loadFontData(kWatermarkStore, key, data);
-    EXPECT_TRUE(CFEqual(data, Data("xyzxyz")));
-}
-
-TEST(WatermarkStore, DrawingWritesOnlyWhatChanged) {
-    const auto file = FreshStore();
-    Save("a");
-    for (const auto& [save, angle, written] :
-         {std::tuple{kPassing, 0, false}, {kPassing, 1, true}, {kLasting, 1, true}}) {
-        std::filesystem::last_write_time(file, {});
-        Save("a", save, angle);
-        EXPECT_EQ(std::filesystem::last_write_time(file).time_since_epoch().count() != 0, written);
-    }
+    EXPECT_EQ(CountStored(), 1);
 }
 
 /// A save tells its error (after `told`) and leaves the old file.
