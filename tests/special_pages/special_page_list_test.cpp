@@ -1,10 +1,9 @@
-// Inserts and exceptions find their places, in lists in any state; one step back.
+// Inserts and exceptions find their places, in lists in any state.
 #include "special_pages/special_page_list.h"
 
 #include <deque>
 #include <random>
 
-#include "special_pages/special_pages_model.h"
 #include "support/dictionaries.h"
 
 namespace kalmo::test {
@@ -100,19 +99,13 @@ TEST(ExceptionPageList, LongListsOfAnyKindDoTooWhenAddedAtOnce) {
     }
 }
 
-TEST(ExceptionPageList, NewestRangeWinsAndTrimmedPagesStayThemselves) {
+TEST(ExceptionPageList, AChangedPageTakesItsPagesFromTheOthers) {
     ExceptionPageList list;
-    Add(list, Exception({1, 20, 1}));
-    Add(list, Exception({30, 40, 2}));
-    const ExceptionPage *first = list.pageAtIndex(0), *second = list.pageAtIndex(1);
-    Add(list, Exception({5, 10, 3}));
-    Add(list, Exception({19, 35, 4}));
-    EXPECT_EQ(RangesOf(list),
-              (Ranges{{1, 4, 1}, {5, 10, 3}, {11, 18, 1}, {19, 35, 4}, {36, 40, 2}}));
-    EXPECT_EQ(std::pair(list.indexOfPage(first), list.indexOfPage(second)), std::pair(0L, 4L));
-    EXPECT_EQ(list.update(list.pageAtIndex(3), ArrayOfPages({list.pageAtIndex(0)})), noErr);
-    EXPECT_EQ(list.count(), 4);
-    EXPECT_EQ(list.indexOfPage(first), -1) << "its own clone took its pages";
+    for (const Range& range : {Range{1, 4, 1}, {5, 10, 3}, {11, 20, 1}})
+        Add(list, Exception(range));
+    const ExceptionPage changed = Exception({3, 15, 4});
+    EXPECT_EQ(list.update(list.pageAtIndex(1), ArrayOfPages({&changed})), noErr);
+    EXPECT_EQ(RangesOf(list), (Ranges{{1, 2, 1}, {3, 15, 4}, {16, 20, 1}}));
 }
 
 TEST(InsertList, InsertsOfAPageStayAsAddedUntilTheyAreMoved) {
@@ -132,8 +125,6 @@ TEST(InsertList, InsertsOfAPageStayAsAddedUntilTheyAreMoved) {
     };
     for (const SInt32 start : {3, 3, 1, 0}) add(start);
     EXPECT_EQ(starts(list), (std::vector{0.3, 1.2, 3.0, 3.1}));
-    EXPECT_FALSE(list.canPromote(list.pageAtIndex(0)) || list.canPromote(list.pageAtIndex(1)));
-    EXPECT_FALSE(list.canDemote(list.pageAtIndex(3)) || list.canDemote(nullptr));
     list.demote(list.pageAtIndex(0));
     list.promote(list.pageAtIndex(1));
     list.promote(list.pageAtIndex(2));
@@ -142,23 +133,8 @@ TEST(InsertList, InsertsOfAPageStayAsAddedUntilTheyAreMoved) {
     EXPECT_EQ(starts(InsertList(list)), (std::vector{0.3, 1.2, 2.4, 3.0, 3.1}));
 }
 
-struct RefusingList final : SpecialPageList {
-    OSStatus add(CFArrayRef) override { return paramErr; }
-    SpecialPageList* clone() const override { return nullptr; }
-    void append() { insertAt(pages_.size(), std::make_unique<Insert>()); }
-};
-
-TEST(SpecialPageList, FailedUpdatePutsThePageBack) {
-    RefusingList list;
-    for (int i = 0; i < 3; ++i) list.append();
-    const SpecialPage* const middle = list.pageAtIndex(1);
-    EXPECT_EQ(list.update(middle, nullptr), paramErr);
-    EXPECT_EQ(list.indexOfPage(middle), 1);
-}
-
 TEST(SpecialPageTickets, OnlyTheHalftoneScreenIsLost) {
     ExceptionPageList list;
-    EXPECT_EQ(list.asTicket(), nullptr);
     const auto ticket = Dictionary("StartPage=3 EndPage=7 SidesImaged=2 LightenDarken=-4");
     CFDictionarySetValue(ticket, CFSTR("Stock"), Dictionary("Type=1 Color=3"));
     const auto expected = Owned<CFDictionaryRef>::Adopt(CFDictionaryCreateCopy(nullptr, ticket));
@@ -170,19 +146,6 @@ TEST(SpecialPageTickets, OnlyTheHalftoneScreenIsLost) {
     page.imageShift().Option = 1;
     const ExceptionPage read(Owned<CFMutableDictionaryRef>::Adopt(page.asTicket()));
     EXPECT_EQ(read.imageShift().Option, 1);
-}
-
-TEST(SpecialPagesModel, UndoesOneStepAndKeepsItsLists) {
-    SpecialPagesModel model;
-    PerformUndo(&model);
-    model.now.front = std::make_unique<Cover>();
-    Add(*model.now.inserts, Insert());
-    SaveUndoState(&model);
-    model.now.back = std::move(model.now.front);
-    model.now.inserts->clear();
-    for (int twice = 0; twice < 2; ++twice) PerformUndo(&model);
-    EXPECT_TRUE(model.now.front && !model.now.back && model.now.exceptions && !model.canUndo());
-    EXPECT_EQ(model.now.inserts->count(), 1);
 }
 
 }  // namespace
