@@ -27,7 +27,7 @@ std::string TicketWith(const std::vector<std::pair<std::string, std::string>>& c
             });
             choice = on->keyword;
         }
-        choices += "<key>" + option + "</key><string>" + choice + "</string>";
+        choices += option + "=" + choice + " ";
     }
     return TicketFile(kTurned, choices);
 }
@@ -88,8 +88,7 @@ TEST(Conflicts, EndWithoutTakingABookletItsTwoSides) {
     for (const char* booklet : {"<false/>", "<true/>"}) {
         ASSERT_TRUE(pane.host.readTicket(
             TicketFile(std::string("<key>com.kalmo.print.BookletLayout</key>") + booklet,
-                       "<key>Duplex</key><string>DuplexTumble</string>"
-                       "<key>MediaType</key><string>Labels</string>")));
+                       "Duplex=DuplexTumble MediaType=Labels")));
         pane.host.sync(kSyncToTicket);
         const auto report = CheckConflicts(pane.host);
         ASSERT_FALSE(report.conflicts.empty() || report.changes.empty());
@@ -114,22 +113,16 @@ TEST(TheDialogsOwnChoices, LeaveTheRotationAsItIs) {
     }
 }
 
-constexpr char kStapled[] =
-    "<key>StapleLocation</key><string>SinglePortrait</string>"
-    "<key>MediaType</key><string>Labels</string>";
-
-struct ConflictsInWindow : testing::Test {
+struct ConflictsInWindow : testing::Test, WindowInFront {
     /// On the sample printer, with one staple through labels.
-    void open(const std::string& printSettings = {}) {
-        InstallPresence(WindowPresence());
+    void open() {
         CommandLine commandLine = SampleJob();
         out_ = commandLine.output;
         commandLine.ticket = MakeFolder("ticket") / "stapled.plist";
-        WriteFile(commandLine.ticket, TicketFile(printSettings, kStapled));
-        window_ = ShowWindow(commandLine);
-        ASSERT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
+        WriteFile(commandLine.ticket,
+                  TicketFile({}, "StapleLocation=SinglePortrait MediaType=Labels"));
+        WindowInFront::open(commandLine);
     }
-    [[nodiscard]] QPushButton* button(const char* text) const { return ButtonWith(*window_, text); }
     [[nodiscard]] ConflictNotice* band() const { return window_->findChild<ConflictNotice*>(); }
     [[nodiscard]] bool offers(const std::vector<const char*>& buttons) const {
         return std::ranges::all_of(std::array{"Change", "Undo", "Print anyway"}, [&](auto* text) {
@@ -137,23 +130,19 @@ struct ConflictsInWindow : testing::Test {
             return button(text)->isVisible() == expected;
         });
     }
-    /// The popup of form or pane that has this item.
-    [[nodiscard]] QComboBox* popup(const char* item) const { return PopupWith(*window_, item); }
     void expectPrinted(const std::string& staples) const {
-        ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
-        EXPECT_EQ(window_->exitCode(), kExitDone);
+        WindowInFront::expectPrinted();
         const WrittenTicket ticket(ReadFile(out_ / "report.ticket.plist"));
         EXPECT_EQ(ticket.text("PPDChoices", "StapleLocation"), staples);
     }
 
     std::filesystem::path out_;
-    std::unique_ptr<PrintWindow> window_;
 };
 
 TEST_F(ConflictsInWindow, EndByOneButtonAndComeBackByOne) {
     open();
     EXPECT_FALSE(band()->isVisible());
-    button("&Print")->click();
+    print()->click();
     EXPECT_TRUE(offers({"Change", "Print anyway"}));
     EXPECT_EQ(window_->focusWidget(), button("Change"));
     EXPECT_EQ(band()->accessibleDescription(),
@@ -163,24 +152,24 @@ TEST_F(ConflictsInWindow, EndByOneButtonAndComeBackByOne) {
 
     button("Change")->click();
     EXPECT_TRUE(offers({"Undo"}));
-    EXPECT_EQ(window_->focusWidget(), button("&Print"));
+    EXPECT_EQ(window_->focusWidget(), print());
     button("Undo")->click();
     EXPECT_TRUE(offers({"Change", "Print anyway"}));
     EXPECT_EQ(window_->focusWidget(), button("Change"));
-    button("&Print")->click();
+    print()->click();
     EXPECT_TRUE(offers({"Change", "Print anyway"})) << "still asked";
     button("Change")->click();
-    button("&Print")->click();
+    print()->click();
     expectPrinted("None");
 }
 
 TEST_F(ConflictsInWindow, GoWithOtherSettingsAndArePrintedAnywayOnRequest) {
     open();
-    button("&Print")->click();
-    Pick(*popup("Tray 2"), "Tray 2");
+    print()->click();
+    choose("Tray 2");
     EXPECT_FALSE(band()->isVisible()) << "it told of other settings";
-    button("&Print")->click();
-    Pick(*popup("3 holes"), "3 holes");
+    print()->click();
+    choose("3 holes");
     button("Print anyway")->click();
     EXPECT_TRUE(band()->accessibleDescription().contains("3 holes")) << "not told of before";
     EXPECT_TRUE(FilesIn(out_).empty());
@@ -189,20 +178,11 @@ TEST_F(ConflictsInWindow, GoWithOtherSettingsAndArePrintedAnywayOnRequest) {
     expectPrinted("SinglePortrait");
 }
 
-TEST_F(ConflictsInWindow, ComeAfterThePrintCheck) {
-    open(JobTypeEntry(5));
-    ModalDriver setup;
-    setup.expectPress("Cancel");
-    button("&Print")->click();
-    EXPECT_TRUE(setup.done()) << "the fax has no recipient yet";
-    EXPECT_FALSE(band()->isVisible());
-}
-
 TEST_F(ConflictsInWindow, ChangesReachTheForm) {
     open();
-    Pick(*popup("Tray 2"), "Tray 1");
-    Pick(*popup("Envelope C5"), "Envelope C5");
-    button("&Print")->click();
+    choose("Tray 1");
+    choose("Envelope C5");
+    print()->click();
     button("Change")->click();
     EXPECT_EQ(popup("Tray 2")->currentText(), "Automatic");
     EXPECT_EQ(popup("Envelope C5")->currentText(), "Envelope C5");

@@ -4,34 +4,29 @@
 #include <QMenu>
 
 #include "print_dialog/preset_name_dialog.h"
-#include "print_dialog/remembered_settings.h"
 #include "print_dialog/shown_window.h"
 #include "support/ticket_files.h"
 
 namespace kalmo::test {
 namespace {
 
-struct PresetChoiceTest : testing::Test {
+struct PresetChoiceTest : testing::Test, WindowInFront {
     PresetChoiceTest() {
         setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
         setenv("XDG_CONFIG_DIRS", site_.c_str(), 1);
         std::filesystem::create_directories(site_ / "kalmo-print/presets");
         WriteFile(site_ / "kalmo-print/presets/Site.plist",
-                  TicketFile("",
-                             "<key>Duplex</key><string>DuplexTumble</string>"
-                             "<key>XFold</key><string>Letter</string>"));
-        InstallPresence(WindowPresence());
+                  TicketFile("", "Duplex=DuplexTumble XFold=Letter"));
     }
     void open(const std::string& preset = {}) {
         CommandLine commandLine = SampleJob();
         commandLine.preset = preset;
-        window_ = ShowWindow(commandLine);
+        WindowInFront::open(commandLine);
         row()->load({});
-        EXPECT_TRUE(Wait([this] { return row()->list()->findText("Site") > 0; }));
+        EXPECT_TRUE(Wait([this] { return presets()->findText("Site") > 0; }));
     }
     PresetChoice* row() const { return window_->findChild<PresetChoice*>(); }
-    QString shown() const { return row()->list()->currentText(); }
-    QComboBox* sides() const { return window_->findChild<QComboBox*>("sides"); }
+    QString shown() const { return presets()->currentText(); }
     QAction* command(int item) const {
         return row()->findChildren<QToolButton*>()[1]->menu()->actions()[item];
     }
@@ -50,15 +45,13 @@ struct PresetChoiceTest : testing::Test {
     }
 
     std::filesystem::path site_ = MakeFolder("site");
-    std::unique_ptr<PrintWindow> window_;
     ModalDriver driver_;
 };
 
 TEST_F(PresetChoiceTest, SavesAppliesReplacesRenamesAndDeletes) {
     open();
     EXPECT_EQ(shown(), "Printer’s defaults");
-    auto* copies = window_->findChild<QSpinBox*>();
-    copies->setValue(7);
+    copies()->setValue(7);
     Pick(*sides(), sides()->itemText(1));
     typeName("Mine");
     command(0)->trigger();
@@ -66,11 +59,11 @@ TEST_F(PresetChoiceTest, SavesAppliesReplacesRenamesAndDeletes) {
     QTest::mouseClick(row()->findChild<QToolButton*>(), Qt::LeftButton);
     EXPECT_EQ(shown(), "Printer’s defaults");
     EXPECT_EQ(sides()->currentIndex(), 0);
-    EXPECT_EQ(copies->value(), 1);
-    Pick(*row()->list(), "Mine");
+    EXPECT_EQ(copies()->value(), 1);
+    Pick(*presets(), "Mine");
     EXPECT_EQ(sides()->currentIndex(), 1);
-    EXPECT_EQ(copies->value(), 7);
-    copies->setValue(9);
+    EXPECT_EQ(copies()->value(), 7);
+    copies()->setValue(9);
     for (const auto& [answer, expected] : {std::pair{"Cancel", 7}, {"Replace", 9}}) {
         driver_.expect([this, answer = answer](QWidget& dialog) {
             driver_.expectPress(answer);
@@ -92,9 +85,9 @@ TEST_F(PresetChoiceTest, RenamesAndDeletesTheUsersOwnOnly) {
     open("Site");
     EXPECT_EQ(shown(), "Site");
     EXPECT_EQ(sides()->currentIndex(), 2);
-    EXPECT_TRUE(window_->findChild<SendingBar*>()->fault().contains("XFold: Letter"));
+    EXPECT_TRUE(fault().contains("XFold: Letter"));
     EXPECT_FALSE(command(1)->isEnabled() || command(2)->isEnabled()) << "it is the site's";
-    Pick(*row()->list(), "Mine");
+    Pick(*presets(), "Mine");
     typeName("Yours");
     command(1)->trigger();
     ASSERT_TRUE(Wait([this] { return shown() == "Yours"; }));
@@ -103,24 +96,8 @@ TEST_F(PresetChoiceTest, RenamesAndDeletesTheUsersOwnOnly) {
     EXPECT_EQ(ListPresets().size(), 2u);
     driver_.expectPress("Delete");
     command(2)->trigger();
-    EXPECT_TRUE(Wait([this] { return row()->list()->findText("Yours") < 0; }));
+    EXPECT_TRUE(Wait([this] { return presets()->findText("Yours") < 0; }));
     EXPECT_EQ(shown(), "") << "settings that are stored nowhere";
-}
-
-TEST_F(PresetChoiceTest, TheSizeOfTheWindowIsKeptWhereTheUserHasChangedIt) {
-    open();
-    const QSize size = window_->size();
-    window_->setMinimumHeight(size.height() + 20);  // as a note does that needs room
-    ASSERT_NE(window_->size(), size);
-    window_->reject();
-    EXPECT_FALSE(RememberedWindowSize().isValid());
-    open();
-    window_->resize(size - QSize(0, 50));
-    const QSize changed = window_->size();
-    ASSERT_NE(changed, size);
-    window_->reject();
-    open();
-    EXPECT_EQ(window_->size(), changed);
 }
 
 }  // namespace

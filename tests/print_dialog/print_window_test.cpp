@@ -1,7 +1,6 @@
 // The whole window, used as people use it: by keyboard, by dropping a document, by looking at it.
 #include "print_dialog/print_window.h"
 
-#include "print_dialog/remembered_settings.h"
 #include "print_dialog/shown_window.h"
 #include "print_dialog/summary_dialog.h"
 #include "support/dead_servers.h"
@@ -10,15 +9,8 @@
 namespace kalmo::test {
 namespace {
 
-struct PrintWindowTest : testing::Test {
-    PrintWindowTest() { InstallPresence(WindowPresence()); }
-
-    PrintWindow& open() {
-        window_ = ShowWindow(commandLine_);
-        EXPECT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
-        return *window_;
-    }
-    QPushButton* button(const char* text) const { return ButtonWith(*window_, text); }
+struct PrintWindowTest : testing::Test, WindowInFront {
+    void open() { WindowInFront::open(commandLine_); }
     /// With the Tab key alone.
     void tabTo(QWidget* control) {
         ASSERT_NE(control, nullptr);
@@ -29,8 +21,9 @@ struct PrintWindowTest : testing::Test {
         QTest::keyClick(window_->focusWidget() ? window_->focusWidget() : window_.get(), key);
     }
     std::set<std::string> files() const { return FilesIn(commandLine_.output); }
-    ExtrasButton* panels() const { return window_->findChild<ExtrasButton*>(); }
-    void choosePanel(int item) { panels()->menu()->actions()[item]->trigger(); }
+    void choosePanel(int item) {
+        window_->findChild<ExtrasButton*>()->menu()->actions()[item]->trigger();
+    }
     /// What the living pane was asked for beside its own four panels.
     static std::string offered() {
         static const auto bundle = OpenExtensionBundle();
@@ -49,17 +42,16 @@ struct PrintWindowTest : testing::Test {
     }
 
     CommandLine commandLine_ = SampleJob(5);
-    std::unique_ptr<PrintWindow> window_;
 };
 
 TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
     open();
-    tabTo(window_->findChild<QSpinBox*>());
+    tabTo(copies());
     QTest::keyClicks(window_->focusWidget(), "3");
     auto* range = window_->findChild<PagesChoice*>()->findChild<QLineEdit*>();
     tabTo(range);
     QTest::keyClicks(range, "2-9");
-    EXPECT_FALSE(button("&Print")->isEnabled());
+    EXPECT_FALSE(print()->isEnabled());
     press(Qt::Key_Return);
     QTest::qWait(50);
     EXPECT_TRUE(window_->isVisible() && files().empty()) << "what cannot be is not printed";
@@ -72,8 +64,7 @@ TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
     ModalDriver nothingModal;
     tabTo(button("&Help"));
     press(Qt::Key_Return);
-    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
-    EXPECT_EQ(window_->exitCode(), kExitDone);
+    expectPrinted();
     EXPECT_EQ(files(), (std::set<std::string>{"report.pdf", "report.ticket.plist"}));
     std::vector<PageSize> printed;
     const auto document = std::filesystem::path(commandLine_.output) / "report.pdf";
@@ -83,9 +74,8 @@ TEST_F(PrintWindowTest, PrintsByKeyboardAlone) {
 
 TEST_F(PrintWindowTest, TheSummaryTellsWhatTheWindowShows) {
     open();
-    auto* sides = window_->findChild<QComboBox*>("sides");
-    Pick(*sides, sides->itemText(1));
-    window_->findChild<QSpinBox*>()->setValue(2);
+    Pick(*sides(), sides()->itemText(1));
+    copies()->setValue(2);
     QString told;
     ModalDriver driver;
     driver.expect([&](QWidget& dialog) {
@@ -96,22 +86,22 @@ TEST_F(PrintWindowTest, TheSummaryTellsWhatTheWindowShows) {
     ASSERT_TRUE(Wait([&] { return driver.done(); })) << "a shortcut presses after a moment";
     EXPECT_TRUE(told.contains("report.pdf, 5 pages") && told.contains(": 3 a copy, 6 in all"))
         << told.toStdString();
-    EXPECT_EQ(sides->currentIndex(), 1) << "the pane keeps what it shows";
+    EXPECT_EQ(sides()->currentIndex(), 1) << "the pane keeps what it shows";
 }
 
 TEST_F(PrintWindowTest, EscapeCancelsTheSendingAndThenTheDialog) {
     const DeadServer server(Silence::silent);
     open();
     addQueue();
-    tabTo(button("&Print"));
+    tabTo(print());
     press(Qt::Key_Space);
-    EXPECT_FALSE(button("&Print")->isEnabled());
+    EXPECT_FALSE(print()->isEnabled());
     EXPECT_TRUE(window_->findChild<QProgressBar*>()->isVisible());
     press(Qt::Key_Escape);
-    ASSERT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
+    waitToPrint();
     EXPECT_TRUE(window_->isVisible()) << "only the sending was cancelled";
     EXPECT_FALSE(window_->findChild<QProgressBar*>()->isVisible());
-    EXPECT_EQ(window_->focusWidget(), button("&Print"));
+    EXPECT_EQ(window_->focusWidget(), print());
     press(Qt::Key_Escape);
     EXPECT_FALSE(window_->isVisible());
     EXPECT_EQ(window_->exitCode(), kExitCancelled);
@@ -124,11 +114,10 @@ TEST_F(PrintWindowTest, AFailureIsSaidAndTheDialogStays) {
     WriteFile(commandLine_.document, whole.substr(0, whole.rfind("startxref")));
     open();
     for (const char* named : {"report.pdf: ", "missing"}) {
-        button("&Print")->click();
-        const auto* bar = window_->findChild<SendingBar*>();
-        ASSERT_TRUE(Wait([&] { return !bar->fault().isEmpty(); }));
-        EXPECT_TRUE(bar->fault().contains(named)) << bar->fault().toStdString();
-        EXPECT_TRUE(window_->isVisible() && button("&Print")->isEnabled());
+        print()->click();
+        ASSERT_TRUE(Wait([&] { return !fault().isEmpty(); }));
+        EXPECT_TRUE(fault().contains(named)) << fault().toStdString();
+        EXPECT_TRUE(window_->isVisible() && print()->isEnabled());
         window_->findChild<DestinationChoice*>()->setFolder(commandLine_.output + "/missing");
     }
 }
@@ -138,7 +127,7 @@ TEST_F(PrintWindowTest, PrintsADroppedDocument) {
     window_ = std::make_unique<PrintWindow>(commandLine_);
     ASSERT_EQ(window_->prepare(), kExitDone);
     window_->show();
-    EXPECT_FALSE(button("&Print")->isEnabled());
+    EXPECT_FALSE(print()->isEnabled());
     EXPECT_TRUE(button("Open &document…")->isVisible());
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(WriteDocument({kLandscapePage}, "dropped.pdf").c_str())});
@@ -147,11 +136,11 @@ TEST_F(PrintWindowTest, PrintsADroppedDocument) {
     ASSERT_TRUE(enter.isAccepted());
     QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(window_.get(), &drop);
-    ASSERT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
+    waitToPrint();
     EXPECT_TRUE(window_->windowTitle().contains("dropped.pdf"));
     EXPECT_EQ(window_->findChild<SettingsForm*>()->settings().orientation, Orientation::landscape);
-    button("&Print")->click();
-    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
+    print()->click();
+    expectPrinted();
     EXPECT_EQ(files(), (std::set<std::string>{"dropped.pdf", "dropped.ticket.plist"}));
 }
 
@@ -167,19 +156,17 @@ TEST_F(PrintWindowTest, AnotherMakersPrinterPrintsWithoutPane) {
         for (const auto* label : part->findChildren<QLabel*>())
             EXPECT_EQ(label->textFormat(), Qt::PlainText) << "names of a server's stand there";
     EXPECT_EQ(window_->findChild<QComboBox*>("panelSelector"), nullptr);
-    button("&Print")->click();
-    ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
+    print()->click();
+    expectPrinted();
     EXPECT_EQ(files(), (std::set<std::string>{"report.pdf"})) << "no ticket for that printer";
 }
 
 TEST_F(PrintWindowTest, ChosenPanelsJoinThePaneAtOnceAndAtTheNextStart) {
-    auto* selector = open().findChild<QComboBox*>("panelSelector");
-    selector->setCurrentText("Advanced");
-    Q_EMIT selector->activated(selector->currentIndex());
+    open();
+    choose("Advanced");
     choosePanel(1);
     EXPECT_EQ(offered(), "GetJobNotesPanelInterface ");
-    selector = window_->findChild<QComboBox*>("panelSelector");
-    EXPECT_EQ(selector->currentText(), "Advanced") << "the shown panel stays";
+    EXPECT_EQ(popup("Advanced")->currentText(), "Advanced") << "the shown panel stays";
     QDialog dialog;
     dialog.open();
     choosePanel(0);  // as assistive technology can
@@ -192,32 +179,18 @@ TEST_F(PrintWindowTest, ChosenPanelsJoinThePaneAtOnceAndAtTheNextStart) {
     EXPECT_EQ(offered(), both);
 }
 
-TEST_F(PrintWindowTest, AReplacedPaneNeedsNoMoreRoomThanTheFirst) {
-    open();
-    const auto* place = window_->findChild<PaneView*>()->findChild<QScrollArea*>();
-    const QSize window = window_->size();
-    const QSize first = place->widget()->minimumSizeHint();
-    for (int change = 0; change < 6; ++change) {
-        choosePanel(change % 2);
-        QTest::qWait(20);
-        EXPECT_EQ(place->widget()->minimumSizeHint(), first) << "change " << change;
-        EXPECT_EQ(window_->size(), window) << "change " << change;
-    }
-}
-
 TEST_F(PrintWindowTest, ADocumentReachesThePaneAfterItsDialogIsAnswered) {
     commandLine_.document = WriteDocument({kLandscapePage}, "slow.pdf").string();
     window_ = std::make_unique<PrintWindow>(commandLine_);
     ASSERT_EQ(window_->prepare(), kExitDone);
-    auto* sides = window_->findChild<QComboBox*>("sides");
-    sides->setCurrentIndex(1);  // unheard by the pane: gone as soon as it shows the ticket again
+    sides()->setCurrentIndex(1);  // unheard by the pane: gone as soon as it shows the ticket again
     window_->show();
     QDialog dialog;
     dialog.open();  // before the document has loaded
-    ASSERT_TRUE(Wait([this] { return button("&Print")->isEnabled(); }));
-    EXPECT_EQ(sides->currentIndex(), 1) << "not under an open dialog";
+    waitToPrint();
+    EXPECT_EQ(sides()->currentIndex(), 1) << "not under an open dialog";
     dialog.accept();
-    EXPECT_TRUE(Wait([&] { return sides->currentIndex() == 0; }));
+    EXPECT_TRUE(Wait([&] { return sides()->currentIndex() == 0; }));
     dialog.open();
     window_->openDocument(WriteDocument({kPortraitPage}, "dropped.pdf"));
     EXPECT_TRUE(window_->windowTitle().contains("slow.pdf")) << "nor another document";
@@ -225,32 +198,17 @@ TEST_F(PrintWindowTest, ADocumentReachesThePaneAfterItsDialogIsAnswered) {
     EXPECT_TRUE(Wait([this] { return window_->windowTitle().contains("dropped.pdf"); }));
 }
 
-TEST_F(PrintWindowTest, PanelsOfTheCommandLineAreForOneRun) {
-    const auto file = std::filesystem::path(getenv("XDG_CONFIG_HOME")) / "kalmo-print/window.conf";
-    std::filesystem::create_directories(file.parent_path());
-    WriteFile(file, "panels=colour, job-notes, @Variant(\\0\\0\n\xff");
-    commandLine_.panels = {"special-pages", "special-pages"};
-    open();
-    EXPECT_EQ(offered(), "_GetSpecialPagesPanelInterface ") << "once";
-    EXPECT_EQ(panels()->panels(), std::vector<std::string>{"special-pages"}) << "shown as chosen";
-    EXPECT_EQ(RememberedPanels(), std::vector<std::string>{"job-notes"});
-    choosePanel(0);
-    EXPECT_EQ(RememberedPanels(), std::vector<std::string>()) << "now the user has chosen";
-    window_.reset();
-    EXPECT_EQ(offered(), "") << "for the life of a pane only";
-}
-
 TEST_F(PrintWindowTest, EveryControlHasANameAndRoomForItsText) {
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         QGuiApplication::setLayoutDirection(direction);
-        PrintWindow& window = open();
+        open();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-        EXPECT_EQ(WindowFaults(window, Identities::notNeeded), std::vector<std::string>());
-        EXPECT_EQ(CutTexts(window), std::vector<std::string>());
-        EXPECT_EQ(TabJumps(window), std::vector<std::string>());
+        EXPECT_EQ(WindowFaults(*window_, Identities::notNeeded), std::vector<std::string>());
+        EXPECT_EQ(CutTexts(*window_), std::vector<std::string>());
+        EXPECT_EQ(TabJumps(*window_), std::vector<std::string>());
         choosePanel(1);
         QTest::qWait(20);
-        EXPECT_EQ(TabJumps(window), std::vector<std::string>()) << "with a new pane";
+        EXPECT_EQ(TabJumps(*window_), std::vector<std::string>()) << "with a new pane";
     }
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }

@@ -48,7 +48,7 @@ Asked AskForBoth() {
 
 TEST(PrintersTest, DeadServersCostALineAndNoFrame) {
     for (const auto silence : kSilences) {
-        SCOPED_TRACE(Describe(silence));
+        SCOPED_TRACE(static_cast<int>(silence));
         const DeadServer server(silence);
         auto asked = AskForBoth();
         // Other programs may have kept the processor; who waits for a server does so every time.

@@ -1,7 +1,7 @@
 // The form offers what the printer has, and says at once what cannot be.
 #include "print_dialog/settings_form.h"
 
-#include "support/qt_test.h"
+#include "print_dialog/shown_window.h"
 
 namespace kalmo::test {
 namespace {
@@ -15,12 +15,6 @@ PPDDescription Printer() {
         {"KLMColor", "Color", "Color", {{"Color", "Color"}, {"BW", "Black and White"}}},
         {"InputSlot", "Source", "Auto", {{"Auto", "Automatic"}, {"Tray2", "Tray 2"}}}};
     return printer;
-}
-
-QComboBox* PopupWith(SettingsForm& form, const QString& text) {
-    for (QComboBox* popup : form.findChildren<QComboBox*>())
-        if (popup->findText(text) >= 0 && !popup->isHidden()) return popup;
-    return nullptr;
 }
 
 /// As a person does it, so that the form hears of it.
@@ -81,19 +75,6 @@ TEST(SettingsForm, ChecksTheRangeWhileItIsTyped) {
     EXPECT_TRUE(text->accessibleDescription().contains("9")) << "still empty";
     text->setText("9");
     EXPECT_TRUE(form.isValid()) << "a longer document";
-}
-
-TEST(SettingsForm, TakesTheDocumentsOrientationUntilOneIsChosen) {
-    SettingsForm form;
-    form.setDocument(1, Orientation::landscape);
-    EXPECT_EQ(form.settings().orientation, Orientation::landscape);
-    for (auto* button : form.findChildren<QRadioButton*>()) {
-        EXPECT_FALSE(button->accessibleDescription().isEmpty()) << "of what it is a choice";
-        if (button->text() == "Por&trait") button->click();
-    }
-    EXPECT_EQ(form.settings().orientation, Orientation::portrait);
-    form.setDocument(1, Orientation::landscape);
-    EXPECT_EQ(form.settings().orientation, Orientation::portrait);
 }
 
 }  // namespace

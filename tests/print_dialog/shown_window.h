@@ -29,8 +29,41 @@ inline QPushButton* ButtonWith(const QWidget& window, const QString& text) {
 /// The popup that has this item; null when none has it.
 inline QComboBox* PopupWith(const QWidget& window, const QString& item) {
     for (auto* popup : window.findChildren<QComboBox*>())
-        if (popup->findText(item) >= 0) return popup;
+        if (popup->findText(item) >= 0 && !popup->isHidden()) return popup;
     return nullptr;
 }
+
+/// What tests do with the window that a user has in front.
+struct WindowInFront {
+    WindowInFront() { InstallPresence(WindowPresence()); }
+    /// Ready to print.
+    void open(const CommandLine& commandLine) {
+        window_ = ShowWindow(commandLine);
+        waitToPrint();
+    }
+    void waitToPrint() const {
+        ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
+    }
+    void expectPrinted() const {
+        ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
+        EXPECT_EQ(window_->exitCode(), kExitDone);
+    }
+    [[nodiscard]] QPushButton* button(const QString& text) const {
+        return ButtonWith(*window_, text);
+    }
+    [[nodiscard]] QPushButton* print() const { return button("&Print"); }
+    [[nodiscard]] QComboBox* popup(const QString& item) const { return PopupWith(*window_, item); }
+    /// In the popup that has the item, as a person does it.
+    void choose(const QString& item) const {
+        ASSERT_NE(popup(item), nullptr) << item.toStdString();
+        Pick(*popup(item), item);
+    }
+    [[nodiscard]] QSpinBox* copies() const { return window_->findChild<QSpinBox*>(); }
+    [[nodiscard]] QComboBox* sides() const { return window_->findChild<QComboBox*>("sides"); }
+    [[nodiscard]] QComboBox* presets() const { return window_->findChild<PresetChoice*>()->list(); }
+    [[nodiscard]] QString fault() const { return window_->findChild<SendingBar*>()->fault(); }
+
+    std::unique_ptr<PrintWindow> window_;
+};
 
 }  // namespace kalmo::test

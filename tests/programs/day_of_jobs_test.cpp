@@ -52,9 +52,8 @@ private:
     }};
 };
 
-struct DayOfJobs : QueueTest {
+struct DayOfJobs : QueueTest, WindowInFront {
     void SetUp() override {
-        InstallPresence(WindowPresence());
         QueueTest::SetUp();
         setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
         setenv("TMPDIR", temporary_.c_str(), 1);
@@ -80,13 +79,12 @@ struct DayOfJobs : QueueTest {
             EXPECT_FALSE(Contains(end.output + end.errors, secret)) << secret;
     }
     void printInTheWindow(int number) {
-        const auto window = ShowWindow(
+        window_ = ShowWindow(
             {.document = document.string(), .printer = "kalmo", .ticket = ticket(6).string()});
-        window->findPrinters();
-        auto* const print = ButtonWith(*window, "&Print");
-        ASSERT_TRUE(Wait([&] { return print->isEnabled(); }));
-        print->click();
-        ASSERT_TRUE(Wait([&] { return !window->isVisible(); })) << "job " << number;
+        window_->findPrinters();
+        waitToPrint();
+        print()->click();
+        expectPrinted();
         savePreset("Preset " + std::to_string(number % 4));
     }
     void savePreset(const std::string& name) {

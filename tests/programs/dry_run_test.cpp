@@ -30,8 +30,8 @@ struct DryRunTest : testing::Test {
     const std::string document_ = folder_ / "report.pdf";
 };
 
-const char kTwoSided[] = "<key>Duplex</key><string>DuplexNoTumble</string>";
-const char kNotTwoSided[] = "<key>MediaType</key><string>Transparency</string>";
+const char kTwoSided[] = "Duplex=DuplexNoTumble";
+const char kNotTwoSided[] = " MediaType=Transparency";
 
 TEST_F(DryRunTest, TellsSummaryOptionsAndConflicts) {
     const auto good = run("", kTwoSided, {document_});

@@ -1,6 +1,5 @@
 #include "programs/failing_server.h"
 
-#include <arpa/inet.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -14,19 +13,6 @@ constexpr std::string_view kHalf =
     "HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\nContent-Length: 99\r\n\r\n\2";
 constexpr std::string_view kAgreement =
     "HTTP/1.1 101 Switching Protocols\r\nConnection: Upgrade\r\nUpgrade: TLS/1.2\r\n\r\n";
-
-int Listen(int* port) {
-    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    bind(listener, reinterpret_cast<const sockaddr*>(&address), size);
-    listen(listener, SOMAXCONN);
-    getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
-    *port = ntohs(address.sin_port);
-    return listener;
-}
 
 void Write(http_t* http, http_status_t status, ipp_t* answer) {
     httpClearFields(http);
@@ -59,16 +45,18 @@ void SendWithoutEnd(http_t* http) {
 
 }  // namespace
 
-FailingServer::FailingServer(ServerPlan plan)
-    : plan_(std::move(plan)), listener_(Listen(&port_)), acceptor_([this] { accept(); }) {}
+FailingServer::FailingServer(ServerPlan plan) : plan_(std::move(plan)) {
+    listen(listener_.socket, SOMAXCONN);
+    acceptor_ = std::thread([this] { accept(); });
+}
 
 FailingServer::~FailingServer() {
-    shutdown(listener_, SHUT_RDWR);
+    shutdown(listener_.socket, SHUT_RDWR);
     acceptor_.join();
     for (http_t* http : connections_) shutdown(httpGetFd(http), SHUT_RDWR);
     for (auto& thread : threads_) thread.join();
     for (http_t* http : connections_) httpClose(http);
-    close(listener_);
+    close(listener_.socket);
     ippDelete(job_);
 }
 
@@ -83,7 +71,7 @@ bool FailingServer::wasAsked(int operation) {
 }
 
 void FailingServer::accept() {
-    while (http_t* http = httpAcceptConnection(listener_, 1)) {
+    while (http_t* http = httpAcceptConnection(listener_.socket, 1)) {
         const std::lock_guard lock(mutex_);
         connections_.push_back(http);
         threads_.emplace_back([this, http] { serve(http); });

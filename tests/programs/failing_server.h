@@ -9,6 +9,8 @@
 #include <thread>
 #include <vector>
 
+#include "support/dead_servers.h"
+
 namespace kalmo::test {
 
 enum class Fault { silent, hangsUp, busy, unavailable, forbidden, half, endless, agreesToEncrypt };
@@ -28,7 +30,7 @@ public:
     FailingServer(const FailingServer&) = delete;
     FailingServer& operator=(const FailingServer&) = delete;
 
-    [[nodiscard]] std::string port() const { return std::to_string(port_); }
+    [[nodiscard]] std::string port() const { return std::to_string(listener_.port); }
     /// The operations that it was asked for so far.
     [[nodiscard]] std::vector<int> asked();
     [[nodiscard]] bool wasAsked(int operation);
@@ -41,8 +43,7 @@ private:
     [[nodiscard]] ipp_t* jobAnswer(ipp_t* request);
 
     const ServerPlan plan_;
-    int port_ = 0;
-    int listener_;
+    const LoopbackSocket listener_;
     std::mutex mutex_;  // guards what follows
     std::vector<int> asked_;
     std::vector<http_t*> connections_;

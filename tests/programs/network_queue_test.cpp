@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 constexpr char kPasscode[] = "8264019375";
 
-struct NetworkQueueTest : testing::Test {
+struct NetworkQueueTest : testing::Test, WindowInFront {
     void SetUp() override {
         ASSERT_EQ(far_.problem(), "");
         ASSERT_EQ(far_.addQueue("kalmo", SamplePPD("kalmo-office-color")).exitCode, 0);
@@ -23,7 +23,7 @@ struct NetworkQueueTest : testing::Test {
         fs::permissions(ticket_, fs::perms(0600));
     }
     /// A secure job without a window, to a server by that name.
-    [[nodiscard]] ProgramEnd print(const std::string& server, const std::string& queue) const {
+    [[nodiscard]] ProgramEnd printBy(const std::string& server, const std::string& queue) const {
         return RunProgram(
             {.program = BuiltProgram("kalmo-print"),
              .arguments = {"--no-dialog", "-d", queue, "--ticket", ticket_, document_},
@@ -37,10 +37,10 @@ struct NetworkQueueTest : testing::Test {
 
 TEST_F(NetworkQueueTest, SecretsReachAnotherMachineEncryptedOrNotAtAll) {
     const std::string elsewhere = "127.1:" + far_.port();
-    const auto here = print("127.0.0.1:" + far_.port(), "kalmo");
+    const auto here = printBy("127.0.0.1:" + far_.port(), "kalmo");
     EXPECT_EQ(here.exitCode, 0) << here.errors;
     EXPECT_FALSE(Contains(far_.log(), "Connection now encrypted"));
-    const auto sent = print(elsewhere, "kalmo");
+    const auto sent = printBy(elsewhere, "kalmo");
     EXPECT_EQ(sent.exitCode, 0) << sent.errors;
     EXPECT_EQ(sent.errors, "") << "what arrives as it was sent is not spoken of";
     EXPECT_TRUE(Contains(far_.log(), "Connection now encrypted"));
@@ -50,7 +50,7 @@ TEST_F(NetworkQueueTest, SecretsReachAnotherMachineEncryptedOrNotAtAll) {
          {std::pair("AllowAnyRoot No", "certificate of the print server 127.1 is not trusted"),
           std::pair("Encryption Never", "encryption is switched off on this computer")}) {
         WriteFile(home / ".cups/client.conf", std::string(setting) + "\n");
-        const auto refused = print(elsewhere, "kalmo");
+        const auto refused = printBy(elsewhere, "kalmo");
         EXPECT_EQ(refused.exitCode, 1) << setting;
         EXPECT_TRUE(Contains(refused.errors, reason)) << refused.errors;
     }
@@ -96,10 +96,10 @@ TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) 
         EXPECT_EQ(listed.output.find(pane, at), at + 7) << queue << '\n' << listed.output;
     }
 
-    const auto refused = print(getenv("CUPS_SERVER"), "clear");
+    const auto refused = printBy(getenv("CUPS_SERVER"), "clear");
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(Contains(refused.errors, "jobs on to 127.1 unencrypted")) << refused.errors;
-    const auto sent = print(getenv("CUPS_SERVER"), "away");
+    const auto sent = printBy(getenv("CUPS_SERVER"), "away");
     EXPECT_EQ(sent.exitCode, 0) << sent.errors;
     EXPECT_TRUE(near.printed(1));
     far_.use();
@@ -113,31 +113,28 @@ TEST_F(NetworkQueueTest, TheWindowStaysToNameAnOptionThatTheServerDropped) {
     WriteFile(ppd,
               ReadFile(ppd) + PPDOption("Gloss-default", "Dull", {"Dull/As is", "Shiny/High"}));
     ASSERT_EQ(far_.addQueue("glossy", ppd).exitCode, 0);
-    WriteFile(ticket_, TicketFile("", "<key>Gloss-default</key><string>Shiny</string>"));
+    WriteFile(ticket_, TicketFile("", "Gloss-default=Shiny"));
     const std::string line = "Gloss-default: High was dropped";
-    const auto end = print(getenv("CUPS_SERVER"), "glossy");
+    const auto end = printBy(getenv("CUPS_SERVER"), "glossy");
     EXPECT_EQ(end.exitCode, 0);
     EXPECT_TRUE(end.errors.ends_with("kalmo-print: " + line + "\n")) << end.errors;
 
-    InstallPresence(WindowPresence());
-    const auto shown = ShowWindow(
+    window_ = ShowWindow(
         {.document = document_.string(), .printer = "glossy", .ticket = ticket_.string()});
-    PrintWindow& window = *shown;
-    window.findPrinters();
-    auto *const print = ButtonWith(window, "&Print"), *const cancel = ButtonWith(window, "Cancel");
-    ASSERT_TRUE(Wait([&] {
-        const auto* printers = PopupWith(window, "glossy");
-        return print->isEnabled() && printers && printers->currentText() == "glossy";
+    window_->findPrinters();
+    ASSERT_TRUE(Wait([this] {
+        return print()->isEnabled() && popup("glossy") &&
+               popup("glossy")->currentText() == "glossy";
     }));
-    print->click();
-    auto* bar = window.findChild<SendingBar*>();
+    auto* const cancel = button("Cancel");
+    print()->click();
+    auto* bar = window_->findChild<SendingBar*>();
     ASSERT_TRUE(Wait([&] { return !bar->differences().isEmpty(); }));
-    EXPECT_TRUE(window.isVisible() && bar->differences().endsWith(QString::fromStdString(line)));
+    EXPECT_TRUE(window_->isVisible() && bar->differences().endsWith(QString::fromStdString(line)));
     EXPECT_EQ(cancel->text(), "Close");
     EXPECT_TRUE(cancel->hasFocus() && cancel->accessibleDescription().contains("Gloss"));
     QTest::keyClick(cancel, Qt::Key_Return);
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(window.exitCode(), kExitDone);
+    expectPrinted();
     EXPECT_EQ(JobsOnTheServer().size(), 2);
 }
 

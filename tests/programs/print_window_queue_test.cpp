@@ -10,9 +10,8 @@ namespace {
 
 constexpr char kPasscode[] = "8264019375";
 
-struct PrintWindowQueueTest : QueueTest {
+struct PrintWindowQueueTest : QueueTest, WindowInFront {
     void SetUp() override {
-        InstallPresence(WindowPresence());
         QueueTest::SetUp();
         setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
         open({.document = document.string(), .printer = "kalmo"});
@@ -20,24 +19,16 @@ struct PrintWindowQueueTest : QueueTest {
     void open(const CommandLine& commandLine) {
         window_ = ShowWindow(commandLine);
         window_->findPrinters();
-        ASSERT_TRUE(
-            Wait([this] { return print()->isEnabled() && hasPane() && popupWith("other"); }));
+        ASSERT_TRUE(Wait([this] { return print()->isEnabled() && hasPane() && popup("other"); }));
     }
-    QPushButton* print() const { return ButtonWith(*window_, "&Print"); }
     [[nodiscard]] bool hasPane() const {
         const auto* selector = window_->findChild<QComboBox*>("panelSelector");
         return selector && selector->isVisible();
     }
-    [[nodiscard]] QComboBox* popupWith(const QString& text) const {
-        return PopupWith(*window_, text);
+    void choosePrinter(const QString& name) {
+        choose(name);
+        waitToPrint();
     }
-    /// In a popup of the window, as a person does it.
-    void choose(const QString& text) {
-        QComboBox* const popup = popupWith(text);
-        ASSERT_NE(popup, nullptr) << text.toStdString();
-        Pick(*popup, text);
-    }
-
     static void enterPasscode(QWidget& dialog) {
         for (const SInt32 field : {111, 121})
             QTest::keyClicks(FindControl<QLineEdit>(dialog, 'KPDE', field), kPasscode);
@@ -54,12 +45,10 @@ struct PrintWindowQueueTest : QueueTest {
     }
     void printJob() {
         print()->click();
-        ASSERT_TRUE(Wait([this] { return !window_->isVisible(); }));
-        EXPECT_EQ(window_->exitCode(), kExitDone);
+        expectPrinted();
         EXPECT_TRUE(server.printed(1));
     }
 
-    std::unique_ptr<PrintWindow> window_;
     ModalDriver driver_;
 };
 
@@ -74,22 +63,19 @@ TEST_F(PrintWindowQueueTest, WhatIsChosenReachesTheQueueAndComesBack) {
     };
     for (const auto& [text, option] : rows)
         if (*text) choose(text);
-    window_->findChild<QSpinBox*>()->setValue(3);
+    copies()->setValue(3);
     printJob();
     const std::string told = server.attributes(1, "alice");
     for (const auto& [text, option] : rows)
         EXPECT_TRUE(Contains(told, option)) << option << '\n' << told;
 
     open({.document = document.string()});
-    const auto* presets = window_->findChild<PresetChoice*>()->list();
-    EXPECT_TRUE(Wait([&] { return presets->currentText() == "Last used"; }));
-    EXPECT_EQ(popupWith(rows[2].first)->currentText(), rows[2].first);
-    EXPECT_EQ(window_->findChild<QSpinBox*>()->value(), 1) << "copies are of one job";
-    choose("other");
-    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
-    choose("kalmo");
-    ASSERT_TRUE(Wait([this] { return hasPane() && print()->isEnabled(); }));
-    EXPECT_EQ(popupWith(rows[2].first)->currentText(), rows[2].first);
+    EXPECT_TRUE(Wait([&] { return presets()->currentText() == "Last used"; }));
+    EXPECT_EQ(popup(rows[2].first)->currentText(), rows[2].first);
+    EXPECT_EQ(copies()->value(), 1) << "copies are of one job";
+    choosePrinter("other");
+    choosePrinter("kalmo");
+    EXPECT_EQ(popup(rows[2].first)->currentText(), rows[2].first);
 }
 
 TEST_F(PrintWindowQueueTest, SecurePrintHoldsTheWindowUntilThereIsAPasscode) {
@@ -132,14 +118,14 @@ TEST_F(PrintWindowQueueTest, AServerThatComesBackIsFoundWhereThePrintersAreListe
     window_ = ShowWindow({.document = document.string()});
     window_->findPrinters();
     ASSERT_TRUE(Wait([this] { return print()->isEnabled(); })) << "on the folder";
-    EXPECT_EQ(popupWith("other"), nullptr);
+    EXPECT_EQ(popup("other"), nullptr);
     dead.reset();
     server.use();
     auto* list = window_->findChild<DestinationChoice*>()->list();
     EXPECT_TRUE(Wait([&] {
         list->showPopup();
         list->hidePopup();
-        return popupWith("other") != nullptr;
+        return popup("other") != nullptr;
     }));
 }
 
@@ -156,10 +142,9 @@ TEST_F(PrintWindowQueueTest, ThePaneComesAndGoesWithThePrinter) {
         enterPasscode(dialog);
     });
     choose("Secure print");
-    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
+    waitToPrint();
     EXPECT_FALSE(hasPane());
-    choose("kalmo");
-    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
+    choosePrinter("kalmo");
     EXPECT_TRUE(hasPane());
     choose("Save to folder");
     EXPECT_TRUE(print()->isEnabled() && hasPane()) << "with the settings of the last printer";
@@ -168,27 +153,23 @@ TEST_F(PrintWindowQueueTest, ThePaneComesAndGoesWithThePrinter) {
 }
 
 TEST_F(PrintWindowQueueTest, WhatTheUserHasChosenGoesAlongToOtherPrinters) {
-    ASSERT_TRUE(SavePreset("Tumble", TicketFile("",
-                                                "<key>Duplex</key><string>DuplexTumble</string>"
-                                                "<key>KLPunch</key><string>3HolePunch</string>")));
+    ASSERT_TRUE(SavePreset("Tumble", TicketFile("", "Duplex=DuplexTumble KLPunch=3HolePunch")));
     window_ = ShowWindow({.document = document.string(), .printer = "kalmo"});
-    window_->findChild<QSpinBox*>()->setValue(3);
+    copies()->setValue(3);
     window_->findPrinters();
-    ASSERT_TRUE(Wait([this] { return print()->isEnabled() && hasPane() && popupWith("Tumble"); }));
-    EXPECT_EQ(window_->findChild<QSpinBox*>()->value(), 3) << "typed before there was a printer";
+    ASSERT_TRUE(Wait([this] { return print()->isEnabled() && hasPane() && popup("Tumble"); }));
+    EXPECT_EQ(copies()->value(), 3) << "typed before there was a printer";
     choose("Tumble");
     for (const char* name : {"other", "kalmo"}) {
-        choose(name);
-        ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
-        EXPECT_EQ(window_->findChild<PresetChoice*>()->list()->currentText(), "Tumble");
-        EXPECT_EQ(window_->findChild<SendingBar*>()->fault().contains("3HolePunch"), !hasPane());
+        choosePrinter(name);
+        EXPECT_EQ(presets()->currentText(), "Tumble");
+        EXPECT_EQ(fault().contains("3HolePunch"), !hasPane());
     }
-    EXPECT_EQ(popupWith("3 holes")->currentText(), "3 holes") << "although the other has none";
-    Pick(*popupWith("3 holes"), "2 holes");
-    choose("other");
-    ASSERT_TRUE(Wait([this] { return print()->isEnabled(); }));
-    EXPECT_TRUE(window_->findChild<SendingBar*>()->fault().contains("2 holes"));
-    EXPECT_EQ(window_->findChild<PresetChoice*>()->list()->currentText(), "");
+    EXPECT_EQ(popup("3 holes")->currentText(), "3 holes") << "although the other has none";
+    choose("2 holes");
+    choosePrinter("other");
+    EXPECT_TRUE(fault().contains("2 holes"));
+    EXPECT_EQ(presets()->currentText(), "");
 }
 
 }  // namespace

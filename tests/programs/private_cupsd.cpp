@@ -1,10 +1,10 @@
 #include "programs/private_cupsd.h"
 
-#include <arpa/inet.h>
 #include <grp.h>
 #include <pwd.h>
-#include <sys/socket.h>
 #include <unistd.h>
+
+#include "support/dead_servers.h"
 
 namespace kalmo::test {
 namespace {
@@ -31,18 +31,6 @@ std::string Filled(const char* name, const Words& words) {
         for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += with.size())
             text.replace(at, what.size(), with);
     return text;
-}
-
-/// Nobody else's a moment ago.
-int FreePort() {
-    const int probe = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    socklen_t size = sizeof address;
-    bind(probe, reinterpret_cast<const sockaddr*>(&address), size);
-    getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
-    close(probe);
-    return ntohs(address.sin_port);
 }
 
 void LinkFolder(const path& from, const path& to) {
@@ -138,7 +126,9 @@ void PrivateCupsd::writeConfiguration(Reach reach) {
     for (const char* name : {"cups-files.conf", "cupsd.conf"})
         WriteFile(root_ / "etc" / name, Filled(name, words));
     if (reach == Reach::socket) return;
-    port_ = std::to_string(FreePort());
+    const LoopbackSocket free;  // nobody else's a moment ago
+    close(free.socket);
+    port_ = std::to_string(free.port);
     const path file = root_ / "etc/cupsd.conf";
     WriteFile(file, "Listen 127.0.0.1:" + port_ + "\n" + ReadFile(file));
 }

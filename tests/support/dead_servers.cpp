@@ -12,37 +12,34 @@ namespace {
 
 constexpr int kEnoughToFillABacklog = 8;
 
-int NewSocket(int flags = 0) { return socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | flags, 0); }
-
-sockaddr_in LoopbackAddress(int bound) {
+sockaddr_in Loopback(int port) {
     sockaddr_in address = {};
-    socklen_t size = sizeof address;
-    getsockname(bound, reinterpret_cast<sockaddr*>(&address), &size);
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(static_cast<in_port_t>(port));
     return address;
 }
 
 }  // namespace
 
-const char* Describe(Silence silence) {
-    constexpr const char* kTexts[] = {"closed port", "silent server", "full backlog"};
-    return kTexts[static_cast<int>(silence)];
+LoopbackSocket::LoopbackSocket() : socket(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in address = Loopback(0);
+    socklen_t size = sizeof address;
+    bind(socket, reinterpret_cast<const sockaddr*>(&address), size);
+    getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
+    port = ntohs(address.sin_port);
 }
 
 DeadServer::DeadServer(Silence silence) {
-    const int server = NewSocket();
-    sockets_.push_back(server);
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    bind(server, reinterpret_cast<const sockaddr*>(&address), sizeof address);
-    address = LoopbackAddress(server);
-    const std::string name = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
-    setenv("CUPS_SERVER", name.c_str(), 1);
+    const LoopbackSocket server;
+    sockets_.push_back(server.socket);
+    setenv("CUPS_SERVER", ("127.0.0.1:" + std::to_string(server.port)).c_str(), 1);
     if (silence == Silence::closedPort) return;
-    listen(server, silence == Silence::fullBacklog ? 0 : SOMAXCONN);
+    listen(server.socket, silence == Silence::fullBacklog ? 0 : SOMAXCONN);
     if (silence == Silence::silent) return;
+    const sockaddr_in address = Loopback(server.port);
     for (int i = 0; i < kEnoughToFillABacklog; ++i) {
-        sockets_.push_back(NewSocket(SOCK_NONBLOCK));
+        sockets_.push_back(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
         connect(sockets_.back(), reinterpret_cast<const sockaddr*>(&address), sizeof address);
     }
 }

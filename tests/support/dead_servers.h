@@ -5,13 +5,18 @@
 
 namespace kalmo::test {
 
+/// A socket on the loopback, which listens nowhere yet, and its port.
+struct LoopbackSocket {
+    LoopbackSocket();
+    int socket, port;
+};
+
 enum class Silence {
     closedPort,   // nobody listens
     silent,       // takes connections, never answers
     fullBacklog,  // does not even take them
 };
 inline constexpr Silence kSilences[] = {Silence::closedPort, Silence::silent, Silence::fullBacklog};
-[[nodiscard]] const char* Describe(Silence silence);
 
 /// As long as it lives, CUPS_SERVER names it, for this program and those it starts.
 class DeadServer final {

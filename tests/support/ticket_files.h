@@ -5,20 +5,24 @@
 
 namespace kalmo::test {
 
-/// A ticket file with these entries (XML) in its three dictionaries.
-inline std::string TicketFile(const std::string& printSettings, const std::string& ppdChoices = {},
-                              const std::string& pageFormat = {}) {
-    return Plist("<dict><key>PrintSettings</key><dict>" + printSettings +
-                 "</dict><key>PPDChoices</key><dict>" + ppdChoices +
-                 "</dict><key>PageFormat</key><dict>" + pageFormat + "</dict></dict>");
-}
-
 /// Of a ticket file's dictionaries.
 inline std::string TextEntry(const std::string& key, const std::string& text) {
     return "<key>" + key + "</key><string>" + text + "</string>";
 }
 inline std::string DictionaryEntry(const std::string& key, const std::string& entries) {
     return "<key>" + key + "</key><dict>" + entries + "</dict>";
+}
+/// A ticket file with these entries (XML) among the settings, and choices of the printer's options:
+/// "Duplex=None PageSize=A4".
+inline std::string TicketFile(const std::string& printSettings, const std::string& choices = {}) {
+    std::string choiceEntries;
+    std::istringstream words(choices);
+    for (std::string option, choice;
+         std::getline(words >> std::ws, option, '=') && words >> choice;)
+        choiceEntries += TextEntry(option, choice);
+    return Plist("<dict>" + DictionaryEntry("PrintSettings", printSettings) +
+                 DictionaryEntry("PPDChoices", choiceEntries) + DictionaryEntry("PageFormat", "") +
+                 "</dict>");
 }
 /// A job of this type; `details` are further entries of its dictionary.
 inline std::string JobTypeEntry(int type, const std::string& details = {}) {
