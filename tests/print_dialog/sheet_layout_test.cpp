@@ -108,15 +108,5 @@ TEST(SheetLayout, MatchesThePrintServersFilter) {
     }
 }
 
-TEST(SheetLayout, OddInputGivesSheetsWithoutNonsense) {
-    JobSettings settings;
-    settings.pagesPerSheet = 5;  // not offered: one page per sheet
-    const SheetLayout layout({}, settings, {{0, 0}, {595, 842}});
-    EXPECT_EQ(layout.sheetCount(), 2);
-    EXPECT_EQ(layout.sheet(0).pages.front().box.width, 0);
-    EXPECT_EQ(SheetLayout().sheetCount(), 0);
-    EXPECT_TRUE(SheetLayout().sheet(0).pages.empty());
-}
-
 }  // namespace
 }  // namespace kalmo::test
