@@ -3,6 +3,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "support/modal_driver.h"
 #include "support/window_walk.h"
 
 namespace kalmo::test {
@@ -47,14 +48,6 @@ QList<QAction*> Items(const QMenu& menu) {
     return items;
 }
 
-void Close(QWidget& window) {
-    if (auto* dialog = qobject_cast<QDialog*>(&window)) {
-        dialog->reject();
-    } else {
-        window.close();
-    }
-}
-
 /// Nothing happens in a window that has closed.
 void PressDefault(const QPointer<QWidget>& window) {
     if (!window || !window->isVisible()) return;
@@ -90,10 +83,9 @@ void Explorer::explore(QWidget& window) {
 }
 
 void Explorer::lookForWindow() {
-    QWidget* const popup = QApplication::activePopupWidget();
-    QWidget* const window = popup ? popup : QApplication::activeModalWidget();
+    QWidget* const window = WaitingWindow();
     open_.removeAll(nullptr);
-    if (!window || window->testAttribute(Qt::WA_DontShowOnScreen) || open_.contains(window)) return;
+    if (!window || open_.contains(window)) return;
     open_.append(window);
     // Later, so that the timer can fire again: the window may bring up others.
     QTimer::singleShot(0, window, [this, window] { answer(*window); });
@@ -115,7 +107,7 @@ void Explorer::answer(QWidget& window) {
         FillIn(still);
         PressDefault(still);
     }
-    if (still && still->isVisible()) Close(window);
+    if (still && still->isVisible()) Abandon(window);
     if (still) open_.removeAll(still);
 }
 

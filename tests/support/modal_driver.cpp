@@ -14,6 +14,8 @@ namespace {
 constexpr int kLookEveryMs = 5;
 constexpr qint64 kPatienceMs = 5000;
 
+}  // namespace
+
 QWidget* WaitingWindow() {
     QWidget* const popup = QApplication::activePopupWidget();
     QWidget* const window = popup ? popup : QApplication::activeModalWidget();
@@ -21,7 +23,13 @@ QWidget* WaitingWindow() {
     return window && window->testAttribute(Qt::WA_DontShowOnScreen) ? nullptr : window;
 }
 
-}  // namespace
+void Abandon(QWidget& window) {
+    if (auto* const dialog = qobject_cast<QDialog*>(&window)) {
+        dialog->reject();
+    } else {
+        window.close();
+    }
+}
 
 ModalDriver::ModalDriver() {
     connect(&timer_, &QTimer::timeout, this, &ModalDriver::look);
@@ -75,11 +83,7 @@ void ModalDriver::answer(QWidget& window) {
 void ModalDriver::dismiss(QWidget& window, const QString& why) {
     faults_.append(QStringLiteral("%1 \"%2\" %3")
                        .arg(window.metaObject()->className(), window.windowTitle(), why));
-    if (auto* const dialog = qobject_cast<QDialog*>(&window)) {
-        dialog->reject();
-    } else {
-        window.close();
-    }
+    Abandon(window);
 }
 
 }  // namespace kalmo::test

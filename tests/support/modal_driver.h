@@ -10,6 +10,11 @@
 
 namespace kalmo::test {
 
+/// The popup or modal window that holds up the others; null when none is to be seen.
+[[nodiscard]] QWidget* WaitingWindow();
+/// As its user does who wants nothing of it.
+void Abandon(QWidget& window);
+
 /// As long as it lives, each modal window or popup that appears takes the next expected answer. One
 /// that nobody expected, or that its answer leaves open, is closed and named, so no test hangs.
 class ModalDriver final : public QObject {

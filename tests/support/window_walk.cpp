@@ -19,17 +19,6 @@ bool IsInnerPart(const QWidget& widget) {
            qobject_cast<const QTabBar*>(widget.parentWidget());
 }
 
-bool IsControl(const QWidget& widget) {
-    if (IsPicture(widget) || qobject_cast<const QTabWidget*>(&widget)) return true;
-    if (IsInnerPart(widget) || widget.focusProxy()) return false;
-    return IsArrows(widget) || qobject_cast<const QAbstractButton*>(&widget) ||
-           qobject_cast<const QComboBox*>(&widget) ||
-           qobject_cast<const QAbstractSpinBox*>(&widget) ||
-           qobject_cast<const QLineEdit*>(&widget) ||
-           qobject_cast<const QPlainTextEdit*>(&widget) || widget.inherits("toolbox::ListView") ||
-           (qobject_cast<const QAbstractSlider*>(&widget) && !widget.inherits("QScrollBar"));
-}
-
 /// A popup answers its choice when asked for its name: a label beside it has to name it. Of tabs
 /// each has one.
 bool HasName(QWidget& widget) {
@@ -70,6 +59,17 @@ bool IsInFront(const QWidget& widget) {
 }
 
 }  // namespace
+
+bool IsControl(const QWidget& widget) {
+    if (IsPicture(widget) || qobject_cast<const QTabWidget*>(&widget)) return true;
+    if (IsInnerPart(widget) || widget.focusProxy()) return false;
+    return IsArrows(widget) || qobject_cast<const QAbstractButton*>(&widget) ||
+           qobject_cast<const QComboBox*>(&widget) ||
+           qobject_cast<const QAbstractSpinBox*>(&widget) ||
+           qobject_cast<const QLineEdit*>(&widget) ||
+           qobject_cast<const QPlainTextEdit*>(&widget) || widget.inherits("toolbox::ListView") ||
+           (qobject_cast<const QAbstractSlider*>(&widget) && !widget.inherits("QScrollBar"));
+}
 
 std::vector<std::string> WindowFaults(QWidget& window, Identities identities) {
     std::vector<std::string> faults;

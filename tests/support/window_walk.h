@@ -8,6 +8,9 @@
 
 namespace kalmo::test {
 
+/// Whether people use it with mouse or keys.
+[[nodiscard]] bool IsControl(const QWidget& widget);
+
 /// Controls of interface files are found by identity; those that a program makes itself need none.
 enum class Identities { needed, notNeeded };
 

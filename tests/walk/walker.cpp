@@ -1,5 +1,7 @@
 #include "walk/walker.h"
 
+#include "support/window_walk.h"
+
 namespace kalmo::test {
 namespace {
 
@@ -18,8 +20,7 @@ const std::vector<Qt::Key> kKeys = {
 
 /// What is in front of all others for a user.
 QWidget* Front() {
-    if (QWidget* popup = QApplication::activePopupWidget()) return popup;
-    if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
+    if (QWidget* waiting = WaitingWindow()) return waiting;
     QWidget* last = nullptr;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         const bool isWindow = window->isVisible() && window->windowType() != Qt::ToolTip;
@@ -44,13 +45,8 @@ bool IsMain(const QWidget& window) { return window.inherits("kalmo::PrintWindow"
 /// What ends a window.
 bool IsEnd(Qt::Key key) { return key == Qt::Key_Escape || key == Qt::Key_Return; }
 
-bool IsControl(const QWidget& widget) {
-    return qobject_cast<const QAbstractButton*>(&widget) ||
-           qobject_cast<const QComboBox*>(&widget) ||
-           qobject_cast<const QAbstractSpinBox*>(&widget) ||
-           qobject_cast<const QAbstractSlider*>(&widget) ||
-           qobject_cast<const QLineEdit*>(&widget) ||
-           qobject_cast<const QAbstractItemView*>(widget.parentWidget());
+bool Reacts(const QWidget& widget) {
+    return IsControl(widget) || qobject_cast<const QAbstractItemView*>(widget.parentWidget());
 }
 
 }  // namespace
@@ -83,8 +79,7 @@ void Walker::step() {
 
 void Walker::leave() {
     // Each window ends its own loop; what it returns to ends after it.
-    QWidget* front = QApplication::activePopupWidget();
-    if (!front) front = QApplication::activeModalWidget();
+    QWidget* front = WaitingWindow();
     if (!front) return end_->quit();
     if (!front->close()) front->hide();
     QTimer::singleShot(0, [this] { leave(); });
@@ -122,7 +117,7 @@ void Walker::note(const QString& action, const QWidget& on) {
 void Walker::click(QWidget& front) {
     auto usable = Usable(front);
     // Mostly what reacts.
-    if (below(4) != 0) std::erase_if(usable, [](QWidget* widget) { return !IsControl(*widget); });
+    if (below(4) != 0) std::erase_if(usable, [](QWidget* widget) { return !Reacts(*widget); });
     QWidget* target = usable.empty() ? &front : any(usable);
     const QPoint place(below(std::max(1, target->width())), below(std::max(1, target->height())));
     const auto button = below(20) == 0 ? Qt::RightButton : Qt::LeftButton;
