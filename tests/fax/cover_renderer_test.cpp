@@ -1,13 +1,11 @@
-// Where the cover's texts and its image stand, and how its preview shows them.
+// Where the cover's texts and its image stand.
 #include "fax/cover_renderer.h"
 
-#include "fax/cover_preview.h"
 #include "house/resource_files.h"
 #include "support/dictionaries.h"
 #include "support/drawn_page.h"
 #include "support/programs.h"
 #include "watermark/fresh_store.h"
-#include "watermark/preview_view.h"
 #include "watermark/watermark_store.h"
 
 namespace kalmo::test {
@@ -99,34 +97,6 @@ TEST(CoverRenderer, ImageLiesOverThePageThinnedAsOne) {
             EXPECT_EQ(drawn == Cover{"Ann"}.pixels(), density <= 0);
         }
     }
-}
-
-TEST(CoverPreview, ShowsTheImageAndSaysWhatItShows) {
-    FreshStore();
-    PreviewView view(612, 792);
-    FaxCoverPreview preview;
-    preview.setControl(view.control());
-    view.shown = &preview;
-    const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
-    const auto show = [&](const char* options, const std::string& notes) {
-        DrawFaxCoverPreview(preview, {bundle, Dictionary(options), nullptr, String(notes), 2});
-    };
-    const auto says = [&](const std::string& words) {
-        return Wait([&] { return view.widget()->accessibleDescription().toStdString() == words; });
-    };
-    const auto shows = [&](const QColor& color) {
-        return Wait([&] { return view.drawn().pixelColor(306, 396) == color; });
-    };
-    show("WatermarkName=W", "early");
-    EXPECT_TRUE(
-        says("Cover sheet on Letter paper\nNotes: early\nWithout the image “W”, which "
-             "cannot be read"));
-    WatermarkHolder image;
-    setDefaultValues(*image, 0);
-    std::strcpy(image->textString, "\u2588"), image->textMode = 1, image->density = 100;
-    saveWatermarkData(kFaxImageStore, *image);
-    show("WatermarkName=\u2588", "");
-    EXPECT_TRUE(says("Cover sheet on Letter paper\nWith the image “█”") && shows(Qt::blue));
 }
 
 }  // namespace
