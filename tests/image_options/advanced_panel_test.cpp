@@ -1,4 +1,4 @@
-// The Advanced panel between ticket and controls, and its About box.
+// The Advanced panel between ticket and controls.
 #include "image_options/advanced_panel.h"
 #include "settings/ticket.h"
 #include "support/panel_rig.h"
@@ -56,18 +56,10 @@ TEST_F(AdvancedPanel, WhatWasReadIsWrittenBackTheRotationLessOne) {
     }
 }
 
-TEST_F(AdvancedPanel, WhatThePrinterLacksIsDisabledAndTheAboutBoxNamesIt) {
+TEST_F(AdvancedPanel, WhatThePrinterLacksIsDisabled) {
     printer = PrinterSession(WritePPD("Kalmo"));
-    PMTicketSetCFString(PMSessionGetTicket(printer.session, kPMPrinterInfoTicket), CFSTR("K"),
-                        kPMMakeAndModelNameKey, CFSTR("Kalmo Tolvane"), false);
     show();
     for (const SInt32 id : kPopups) EXPECT_EQ(control(id)->isEnabled(), id < 606) << id;
-    driver.expect([&](QWidget& box) {
-        EXPECT_EQ(FindControl<QLabel>(box, 'KPDE', 101)->text(), "Tolvane");
-        EXPECT_TRUE(FindControl<QLabel>(box, 'KPDE', 102)->text().endsWith(" (1)"));
-        QTest::keyClick(&box, Qt::Key_Escape);
-    });
-    control<QPushButton>(670)->click();
 }
 
 }  // namespace

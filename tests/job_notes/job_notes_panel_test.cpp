@@ -130,13 +130,8 @@ TEST_F(JobNotesPanel, PreferencesChangeTheirFileOnlyWithOK) {
     }
 }
 
-TEST_F(JobNotesPanel, FocusElsewhereStaysAndNamesAreRemembered) {
+TEST_F(JobNotesPanel, NamesAreRemembered) {
     show();
-    QLineEdit copies(&window);
-    copies.show();
-    copies.setFocus();
-    sync(kSyncToUI);
-    EXPECT_TRUE(copies.hasFocus());
     type(kRecipient, "Grace");
     operations().Terminate(std::exchange(context, nullptr), noErr);
     const auto file = Owned<CFDictionaryRef>::Adopt(CopyUserPreferences(kInputHistoryFile));

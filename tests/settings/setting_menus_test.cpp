@@ -79,17 +79,6 @@ const _InstalledFeatureMap kTable[] = {
     {},
 };
 
-std::string GroupWith(const std::string& staples, const std::string& fax) {
-    return InstallableGroup(PPDOption("Option4", staples, {"None", "Office", "Pro"}) +
-                            PPDOption("Option5", fax, {"True", "False"}));
-}
-
-SInt32 ValueOf(CFStringRef feature) {
-    SInt32 value = 777;
-    getInstallableOptionTicketValue(feature, &value);
-    return value;
-}
-
 TEST(InstallableOptions, FirstRowThatHoldsAnswers) {
     const std::tuple<const char*, const char*, SInt32, const char*> rows[] = {
         {"first row, its label is the next one's that holds", "Office", 1, "Always"},
@@ -102,28 +91,19 @@ TEST(InstallableOptions, FirstRowThatHoldsAnswers) {
                                  "\"Pro label\" = \"Pro\";\n\"Always label\" = \"Always\";\n"}})));
     for (const auto& [why, staples, value, label] : rows) {
         SCOPED_TRACE(why);
-        const PrinterWithPPD printer(GroupWith(staples, "True"));
+        const PrinterWithPPD printer(
+            InstallableGroup(PPDOption("Option4", staples, {"None", "Office", "Pro"}) +
+                             PPDOption("Option5", "True", {"True", "False"})));
         ASSERT_TRUE(LoadInstallableOptions(printer.ppd(), kTable));
-        EXPECT_EQ(ValueOf(CFSTR("Staples")), value);
+        SInt32 found = 0;
+        getInstallableOptionTicketValue(CFSTR("Staples"), &found);
+        EXPECT_EQ(found, value);
         EXPECT_EQ(
             TakeText(CopyLocalizedStringForInstalledFeatureFromPlugin(CFSTR("Staples"), bundle)),
             label);
         EXPECT_EQ(TakeText(CopyLocalizedStringForInstalledFeatureFromPlugin(CFSTR("Fax"), bundle)),
                   "STRING NOT FOUND");
     }
-}
-
-TEST(InstallableOptions, SecondLoadKeepsTheFirstAnswers) {
-    PrinterWithPPD printer(GroupWith("Pro", "False"));
-    ASSERT_TRUE(LoadInstallableOptions(printer.ppd(), kTable));
-    PPDCloseCurrent();
-    printer.usePPD(PPDText(GroupWith("Office", "True")));
-    EXPECT_FALSE(LoadInstallableOptions(printer.ppd(), InstalledFeatures));
-    EXPECT_EQ(ValueOf(CFSTR("Staples")), 2);
-    EXPECT_EQ(ValueOf(CFSTR("Fax")), 777) << "none of its rows holds";
-    UnloadInstallableOptions();
-    EXPECT_TRUE(LoadInstallableOptions(printer.ppd(), kTable));
-    EXPECT_TRUE(getInstalledFeature(CFSTR("Fax")));
 }
 
 }  // namespace

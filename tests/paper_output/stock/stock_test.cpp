@@ -72,8 +72,6 @@ TEST(StockPicture, ExistsForEveryPaper) {
     EXPECT_EQ(StockPicture(Stock(Dictionary("Type=8 Color=2"))), "Paper_Envelope-Blue.gif");
 }
 
-Stock Made(const char* entries) { return Stock(Dictionary(entries)); }
-
 TEST(Stock, TicketFormHasItsRules) {
     const std::string all =
         "Type=6 CustomType=t Modulus=9 Color=10 CustomColor=c Weight=80 Punched=2 Description=d "
@@ -93,7 +91,7 @@ TEST(Stock, TicketFormHasItsRules) {
         {"too large", "Weight=4294967376 Type=1", "Type=1"},
     };
     for (const auto& [why, in, out] : rows) {
-        const Stock stock = Made(in.c_str());
+        const Stock stock(Dictionary(in));
         EXPECT_TRUE(
             CFEqual(Owned<CFMutableDictionaryRef>::Adopt(stock.asTicket()), Dictionary(out)))
             << why;
@@ -111,15 +109,6 @@ TEST(Stock, SettersKeepSizeAndColorInStep) {
     EXPECT_EQ(std::pair(stock.width(), stock.length()), std::pair(kUnset, kUnset));
     stock.setType(kStockTypeTransparency);
     EXPECT_EQ(stock.color(), kStockColorClear);
-}
-
-TEST(Stock, DefaultsLeaveWhatTheyDoNotName) {
-    Stock stock =
-        Made("Size=75 Width=9 Type=6 Modulus=2 CustomName=n CustomNameOnly=true Source=10");
-    DefaultStock(&stock, JobContext::job);
-    EXPECT_TRUE(stock == Made("Size=1 Type=1 Color=1 Source=10"));
-    DefaultStock(&stock, JobContext::insert);
-    EXPECT_TRUE(stock == Made("Source=10"));
 }
 
 }  // namespace
