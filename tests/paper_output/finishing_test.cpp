@@ -29,6 +29,19 @@ TEST(Finishing, ACommandSettlesWhatDoesNotGoWithIt) {
     }
 }
 
+TEST(Finishing, OneLocationBelongsToOneGroupOfStaples) {
+    for (const auto& [value, located, chosen] : {std::tuple{5, "5 1 1", "5 1 1"},
+                                                 {8, "8 1 1", "1 1 1"},
+                                                 {12, "1 12 1", "1 12 1"},
+                                                 {54, "1 1 54", "1 1 54"}}) {
+        Finishing byLocation{.dualStaple = 99, .custom = {}}, byChoice = byLocation;
+        SetStapleLocation(&byLocation, value);
+        ChooseStaple(&byChoice, value);
+        EXPECT_EQ(Text(byLocation), std::string(located) + " 0 0 0");
+        EXPECT_EQ(Text(byChoice), std::string(chosen) + " 0 0 0");
+    }
+}
+
 TEST(Finishing, TheSummaryHasALineForEachDeviceOrForTheBooklet) {
     const auto bundle = Owned<CFBundleRef>::Adopt(OpenBundle(ProductBundle()));
     const std::tuple<Finishing, bool, const char*> rows[] = {

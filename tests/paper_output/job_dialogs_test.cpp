@@ -197,5 +197,11 @@ TEST_F(BookletDialogs, TakeWhatIsChosen) {
     EXPECT_EQ(choice.fold, kFoldBiStaple);
 }
 
+TEST_F(BookletDialogs, LeaveOtherFoldsAlone) {
+    choice.fold = kFoldC;
+    run([](QWidget& window) { Press(window, kOK); });
+    EXPECT_EQ(choice.fold, kFoldC);
+}
+
 }  // namespace
 }  // namespace kalmo::test
