@@ -65,8 +65,7 @@ void ChangeAndUndo(PrintJobHost& host) {
 TEST(Conflicts, EndInThePaneWithoutAnotherChange) {
     for (const char* printer : {"kalmo-office-color", "kalmo-production"}) {
         HostedPane pane;
-        pane.choose(SamplePPD(printer));
-        ASSERT_EQ(pane.begin(), noErr);
+        ASSERT_EQ(pane.beginOn(printer), noErr);
         int seen = 0, met = 0;
         for (const auto& constraint : ConstraintsIn(SamplePPD(printer))) {
             const auto ticket = TicketWith(constraint, *pane.host.description());
@@ -83,8 +82,7 @@ TEST(Conflicts, EndInThePaneWithoutAnotherChange) {
 
 TEST(Conflicts, EndWithoutTakingABookletItsTwoSides) {
     HostedPane pane;
-    pane.choose(SamplePPD("kalmo-production"));
-    ASSERT_EQ(pane.begin(), noErr);
+    ASSERT_EQ(pane.beginOn("kalmo-production"), noErr);
     for (const char* booklet : {"<false/>", "<true/>"}) {
         ASSERT_TRUE(pane.host.readTicket(
             TicketFile(std::string("<key>com.kalmo.print.BookletLayout</key>") + booklet,
@@ -99,8 +97,7 @@ TEST(Conflicts, EndWithoutTakingABookletItsTwoSides) {
 
 TEST(TheDialogsOwnChoices, LeaveTheRotationAsItIs) {
     HostedPane pane;
-    pane.choose(SamplePPD("kalmo-office-color"));
-    ASSERT_EQ(pane.begin(), noErr);
+    ASSERT_EQ(pane.beginOn(), noErr);
     ASSERT_TRUE(pane.host.readTicket(TicketFile(kTurned, {})));
     pane.host.sync(kSyncToTicket);
     const std::string turned = SettingsOf(pane.host)["turned"];

@@ -17,9 +17,10 @@ struct HostedPane {
         EXPECT_TRUE(host.setPrinter({ppd.stem().string(), ppd.string()}));
     }
     OSStatus begin() { return host.begin(ControlFromWidget(pane)); }
-    /// With the sample color printer, up to Initialize.
-    OSStatus beginOnSample() {
-        choose(SamplePPD("kalmo-office-color"));
+    /// On a sample printer, up to Initialize; ends what was before.
+    OSStatus beginOn(const char* sample = "kalmo-office-color") {
+        host.end(noErr);
+        choose(SamplePPD(sample));
         return begin();
     }
 

@@ -19,7 +19,7 @@ struct PresetsTest : testing::Test {
     PresetsTest() {
         setenv("XDG_CONFIG_HOME", MakeFolder("config").c_str(), 1);
         setenv("XDG_CONFIG_DIRS", site_.c_str(), 1);
-        pane_.beginOnSample();
+        pane_.beginOn();
     }
     ~PresetsTest() override { SetNowForTests({}); }
 
@@ -47,7 +47,7 @@ struct PresetsTest : testing::Test {
 
 TEST_F(PresetsTest, SavedSettingsComeBackIntoAFreshPane) {
     HostedPane fresh({"special-pages", "job-notes"});
-    fresh.beginOnSample();
+    fresh.beginOn();
     fresh.host.apply(fresh.host.settings());
     PMTicketReleaseItem(fresh.host.printSettings(), kBookletLayoutKey);  // false, as when absent
     const std::string untouched = keptOf(fresh);
@@ -164,9 +164,7 @@ TEST_F(PresetsTest, AnotherModelTellsWhatItDoesNotHave) {
     ASSERT_TRUE(
         pane_.host.readTicket(TicketFile("", "KLMColor=Color KLEconomode=Draft KLPunch=None")));
     ASSERT_TRUE(SavePreset("Color", PresetBytes(pane_.host)));
-    pane_.host.end(noErr);
-    pane_.choose(SamplePPD("kalmo-office-mono"));
-    ASSERT_EQ(pane_.begin(), noErr);
+    ASSERT_EQ(pane_.beginOn("kalmo-office-mono"), noErr);
     EXPECT_EQ(apply(ListPresets().front()), Words{"Output color: Color"});
     EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "");
     EXPECT_EQ(pane_.host.ppdChoice("KLEconomode"), "Draft");
@@ -175,9 +173,7 @@ TEST_F(PresetsTest, AnotherModelTellsWhatItDoesNotHave) {
 }
 
 TEST_F(PresetsTest, APrinterWithoutOptionsTakesNoJobsThatNeedThem) {
-    pane_.host.end(noErr);
-    pane_.choose(SamplePPD("kalmo-basic"));
-    ASSERT_EQ(pane_.begin(), noErr);
+    ASSERT_EQ(pane_.beginOn("kalmo-basic"), noErr);
     const std::pair<std::string, Words> rows[] = {
         {JobTypeEntry(3), {"Job type: Saved job"}},
         {JobTypeEntry(5), {"Job type: Fax"}},

@@ -39,7 +39,7 @@ TEST_F(PrintJobHostTest, AnotherPrinterKeepsWhatItKnows) {
 }
 
 TEST_F(PrintJobHostTest, SyncsAroundWhatAPanelReadsAndOnlyThen) {
-    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    ASSERT_EQ(pane_.beginOn(), noErr);
     EXPECT_FALSE(takeSyncMark()) << "to begin is not to sync towards the ticket";
     pane_.host.apply(pane_.host.settings());
     EXPECT_TRUE(takeSyncMark()) << "the paper that the dialog shows is news to the job's stock";
@@ -136,7 +136,7 @@ TEST_F(JobTest, AFaxIsBlackAndConfidentialAndTheNextJobHasItsColorAgain) {
     const auto inColor = [](JobSettings& settings) {
         settings.colorOption = "KLMColor", settings.colorChoice = "Color";
     };
-    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    ASSERT_EQ(pane_.beginOn(), noErr);
     for (const std::string& details :
          {"<key>com.kalmo.print.FaxRecipientList</key><array><dict>" + TextEntry("FaxNumber", "1") +
               "</dict></array>",
@@ -154,7 +154,7 @@ TEST_F(JobTest, AFaxIsBlackAndConfidentialAndTheNextJobHasItsColorAgain) {
 }
 
 TEST_F(JobTest, PlainJobsSayLittle) {
-    ASSERT_EQ(pane_.beginOnSample(), noErr);
+    ASSERT_EQ(pane_.beginOn(), noErr);
     const auto made = order([](JobSettings& settings) { settings.pages = {{2, 3}}; });
     auto sent = options(made);
     for (const char* absent : {"copies", "multiple-document-handling", "number-up", "pdfAutoRotate",
