@@ -1,5 +1,4 @@
 // kalmo-print and its workers against a real CUPS server.
-#include "print_dialog/printer_requests.h"
 #include "programs/private_cupsd.h"
 #include "support/ticket_files.h"
 
@@ -102,17 +101,6 @@ TEST_F(KalmoPrintQueueTest, AFaxArrivesBlackWithWhatItsDialingNeeds) {
                         ReadPlist(Plist("<array><dict>" + known + "</dict></array>"))));
     EXPECT_EQ(arrived.text("PPDChoices", "KLMColor"), "BW");
     EXPECT_TRUE(Contains(server.attributes(1, "bob"), "KLMColor=BW\n"));
-}
-
-TEST_F(KalmoPrintQueueTest, APPDFileIsCopiedForTheUserAlone) {
-    const auto description = FetchPrinterDescription("kalmo");
-    ASSERT_EQ(description.error, "");
-    EXPECT_EQ(description.makeAndModel, "Kalmo Tolvane C7030");
-    const fs::path copy = description.ppdPath;
-    EXPECT_EQ(fs::status(copy).permissions(), fs::perms(0600));
-    EXPECT_EQ(fs::status(copy.parent_path()).permissions(), fs::perms(0700));
-    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(copy))) << "never the server's own file";
-    EXPECT_TRUE(Contains(ReadFile(copy), "*Manufacturer: \"Kalmo\""));
 }
 
 }  // namespace

@@ -191,16 +191,6 @@ TEST_F(KalmoPrintTest, WritesTheTicketForTheUserAlone) {
     EXPECT_TRUE(ReadPlist(ReadFile(written)));
 }
 
-TEST_F(KalmoPrintTest, WithoutADisplayItNamesTheWayWithoutOne) {
-    for (const char* display : {"", ":9999"}) {
-        SCOPED_TRACE(display);
-        const auto end = run({document_}, {{"DISPLAY", display}});
-        EXPECT_EQ(end.exitCode, 2);
-        EXPECT_TRUE(IsOneLine(end.errors)) << end.errors;
-        EXPECT_TRUE(Contains(end.errors, "--no-dialog"));
-    }
-}
-
 TEST_F(KalmoPrintTest, DeadServersCostSecondsAndALine) {
     for (const auto silence : kSilences) {
         SCOPED_TRACE(static_cast<int>(silence));

@@ -69,14 +69,13 @@ TEST_F(NetworkQueueTest, AQueueOfAnotherServerTakesItsPPDAndItsJobsArriveThere) 
     near.addQueueOn(far + "kalmo", "away", {});
     near.addQueueOn(far + "kalmo", "both", WritePPD("Near"));
     near.addQueueOn("ipp://127.1:" + far_.port() + "/printers/kalmo", "clear", {});
-    near.addQueueOn(far + "gone", "gone", WritePPD("Near"));
     FailingServer miser({.faults = {{0, Fault::forbidden}}});
     near.addQueueOn("ipp://127.0.0.1:" + miser.port() + "/printers/kalmo", "refused", {});
     near.addQueueOn(far + "strange", "wild", {});
     near.addQueueOn("ipp://" + silent + "/printers/kalmo", "silent", {});
     near.addQueueOn("ipp://" + silent + "/printers/kalmo", "known", WritePPD("Near"));
     const std::pair<const char*, const char*> rows[] = {
-        {"away", "Kalmo"}, {"both", "Kalmo"}, {"gone", "Near"}, {"known", "Near"}};
+        {"away", "Kalmo"}, {"both", "Kalmo"}, {"known", "Near"}};
     for (const auto& [queue, maker] : rows) {
         const auto found = FetchPrinterDescription(queue);
         EXPECT_EQ(found.error, "") << queue;

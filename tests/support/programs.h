@@ -38,7 +38,6 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    [[nodiscard]] pid_t pid() const { return pid_; }
     /// False once it has ended.
     [[nodiscard]] bool running();
     void signal(int number) const;
