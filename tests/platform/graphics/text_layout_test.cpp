@@ -1,4 +1,4 @@
-// Text: fonts by name, ink where it was measured, lines that break.
+// Text: fonts by name, ink where it was measured, lines that break, glyphs.
 #include <gtest/gtest.h>
 
 #include "graphics/text_layout.h"
@@ -118,6 +118,19 @@ TEST(TextLayout, ALongTextBreaksAsItsPartsWould) {
         EXPECT_EQ(ATSUBreakLine(rest, 0, IntToFixed(550), &next), noErr);
         EXPECT_EQ(breaks[i] + next, std::min<std::size_t>(breaks[i + 1], text.size())) << i;
     }
+}
+
+TEST(TextLayout, TellsGlyphsInOrder) {
+    const auto layout = LayoutOf(u"aba\U0001F600\tb", 12);
+    const ATSLayoutRecord* glyphs = nullptr;
+    CFIndex count = 0;
+    ATSUDirectGetLayoutDataArrayPtrFromTextLayout(layout, 0, kATSUToTextEnd, &glyphs, &count);
+    ASSERT_EQ(count, 6);
+    EXPECT_EQ(glyphs[0].glyphID, glyphs[2].glyphID);
+    EXPECT_NE(glyphs[0].glyphID, glyphs[1].glyphID);
+    EXPECT_EQ(glyphs[5].glyphID, glyphs[1].glyphID);
+    EXPECT_EQ(glyphs[5].originalOffset, 6u) << "behind a pair of units";
+    EXPECT_GT(glyphs[1].realPos, glyphs[0].realPos);
 }
 
 TEST(TextLayout, HostileTextsAreHarmless) {
