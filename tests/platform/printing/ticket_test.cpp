@@ -82,6 +82,17 @@ TEST_F(Tickets, StayWhenAFileIsRefusedInOneLine) {
     EXPECT_EQ(CFLiveValueCount(), alive);
 }
 
+TEST_F(Tickets, AnswerOnlyForTheTypeThatIsStored) {
+    PMTicketSetSInt32(ticket, CFSTR("K"), CFSTR("one"), 1, false);
+    PMTicketSetCFBoolean(ticket, CFSTR("K"), CFSTR("true"), kCFBooleanTrue, false);
+    CFBooleanRef boolean = nullptr;
+    CFDictionaryRef dictionary = nullptr;
+    SInt32 value = 0;
+    EXPECT_EQ(PMTicketGetCFBoolean(ticket, CFSTR("one"), &boolean), kPMKeyNotFound);
+    EXPECT_EQ(PMTicketGetCFDictionary(ticket, CFSTR("one"), &dictionary), kPMKeyNotFound);
+    EXPECT_EQ(PMTicketGetSInt32(ticket, CFSTR("true"), &value), kPMKeyNotFound);
+}
+
 TEST_F(Tickets, HoldACopyOfADictionary) {
     const auto mine = Owned<CFMutableDictionaryRef>::Adopt(CFDictionaryCreateMutable(nullptr, 0));
     CFDictionarySetValue(mine, CFSTR("Size"), CFSTR("A4"));
