@@ -129,23 +129,31 @@ TEST_F(Lists, ItemsMayBeGoneWhenOthersTakeTheirPlace) {
     EXPECT_EQ(lowest, 200'000);
 }
 
-TEST_F(Lists, TheUserSortsByMenuInThreeSteps) {
+TEST_F(Lists, TheUserSortsByTitleOrByMenuInThreeSteps) {
     std::string said;
     const auto sort = [](EventHandlerCallRef, EventRef event, void* sorts) -> OSStatus {
         const auto [column, isDescending] = GetListSort(GetEventControl(event));
         *static_cast<std::string*>(sorts) += column == 0 ? '0' : isDescending ? '>' : '<';
-        return noErr;
+        return SetListItems(GetEventControl(event), Numbers(1, 9));
     };
     const EventTypeSpec changed{kEventClassList, kEventListSortChanged};
     InstallControlEventHandler(list, sort, 1, &changed, &said, nullptr);
-    SetListSortable(list, true);
-    for (int press = 0; press < 4; ++press) {
+    const auto click = [this] {
+        QTest::mouseClick(view->header()->viewport(), Qt::LeftButton, {}, {150, 5});
+    };
+    const auto choose = [this] {
         QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(view, &event);
-        const std::unique_ptr<QMenu> menu(view->findChild<QMenu*>());
+        auto* const menu = view->findChild<QMenu*>();
         menu->actions()[1]->trigger();
-    }
-    EXPECT_EQ(said, "<>0<");
+        delete menu;
+    };
+    click();
+    SetListSortable(list, true);
+    for (int press = 0; press < 4; ++press) click();
+    EXPECT_EQ(view->header()->sortIndicatorSection(), 1);
+    for (int press = 0; press < 3; ++press) choose();
+    EXPECT_EQ(said, "<>0<>0<");
 }
 
 }  // namespace

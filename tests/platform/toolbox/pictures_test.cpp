@@ -10,9 +10,9 @@ constexpr char kBlue[] =
     "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"20\" height=\"10\">"
     "<rect width=\"20\" height=\"10\" fill=\"#0000ff\"/></svg>";
 
-PictureRef LoadBlue() {
-    const auto file = MakeFolder("pictures") / "picture.svg";
-    WriteFile(file, kBlue);
+PictureRef Load(const std::string& bytes) {
+    const auto file = MakeFolder("pictures") / "picture.gif";
+    WriteFile(file, bytes);
     return CreatePictureFromURL(FileURL(file));
 }
 
@@ -39,20 +39,27 @@ struct PictureView : testing::Test {
     }
 
     Interface interface { WindowFile(WidgetText("PictureControl", 1, Geometry(0, 0, 40, 40))) };
-    PictureRef picture = LoadBlue();
+    PictureRef picture = nullptr;
     std::function<OSStatus(EventRef)> handler = [this](EventRef event) {
         return DrawPictureInRect(GetEventDrawing(event), picture, {0, 0, 40, 40});
     };
 };
 
 TEST_F(PictureView, FitsCentredWithItsProportionsAtAnyScale) {
-    for (const qreal scale : {1.0, 2.0}) {
-        const QImage image = drawnAt(scale);
-        const auto at = [&](int x, int y) { return image.pixelColor(QPoint(x, y) * scale); };
-        EXPECT_EQ(at(20, 20), QColor(Qt::blue));
-        EXPECT_EQ(at(1, 12), QColor(Qt::blue));
-        EXPECT_NE(at(20, 5), QColor(Qt::blue)) << "above it";
-        EXPECT_NE(at(20, 35), QColor(Qt::blue)) << "below it";
+    EXPECT_EQ(Load("no picture"), nullptr);
+    QImage plain(20, 10, QImage::Format_RGB32);
+    plain.fill(Qt::blue);
+    for (const std::string& bytes : {std::string(kBlue), Encoded(plain, "png")}) {
+        DisposePicture(picture);
+        picture = Load(bytes);
+        for (const qreal scale : {1.0, 2.0}) {
+            const QImage image = drawnAt(scale);
+            const auto at = [&](int x, int y) { return image.pixelColor(QPoint(x, y) * scale); };
+            EXPECT_EQ(at(20, 20), QColor(Qt::blue));
+            EXPECT_EQ(at(1, 12), QColor(Qt::blue));
+            EXPECT_NE(at(20, 5), QColor(Qt::blue)) << "above it";
+            EXPECT_NE(at(20, 35), QColor(Qt::blue)) << "below it";
+        }
     }
 }
 
@@ -124,7 +131,7 @@ TEST_F(PictureView, ImagesAreSharpInTheScreensPixelsAndEvenWhenMadeSmaller) {
 
 TEST(Pictures, ButtonsIconOutlivesItsPicture) {
     QToolButton button;
-    const PictureRef picture = LoadBlue();
+    const PictureRef picture = Load(kBlue);
     SetControlPicture(ControlFromWidget(&button), picture);
     DisposePicture(picture);
     const QImage icon = button.icon().pixmap({20, 20}, 2.0).toImage();
