@@ -8,13 +8,6 @@
 namespace kalmo::test {
 namespace {
 
-namespace fs = std::filesystem;
-
-struct ManualsTest : testing::TestWithParam<const char*> {
-    const std::string program_ = GetParam();
-    const fs::path source_ = KALMO_SOURCE_DIR;
-};
-
 /// What `pattern` captures in the part of a line that `line` captures, with "-" before it.
 std::set<std::string> Options(const std::string& text, const char* line, const char* pattern) {
     std::set<std::string> found;
@@ -33,22 +26,25 @@ std::set<std::string> Options(const std::string& text, const char* line, const c
     return found;
 }
 
-TEST_P(ManualsTest, ManualAndCompletionNameTheOptions) {
-    const auto help = RunProgram({.program = BuiltProgram(program_), .arguments = {"--help"}});
-    const auto options = Options(help.output, R"(^ +(-[^ ]+))", R"(-(-?[a-z][a-z-]*))");
-    ASSERT_GT(options.size(), 3u) << help.output << help.errors;
-    const auto manual = ReadFile(source_ / "man" / (program_ + ".1"));
-    EXPECT_EQ(Options(manual, R"(^\.It (Fl .*))", R"(Fl (-?[a-z][a-z-]*))"), options);
-    const auto completion = ReadFile(source_ / "completions" / program_);
-    EXPECT_EQ(Options(completion, R"(^(?:.*-W '| {12})(-[^']*))", R"((?:^| )-(-?[a-z][a-z-]*))"),
-              options);
-    for (const auto& choice : Options(help.output, R"(^ +-[^ ]+ ([^ ]+\|[^ ]+))", "([a-z-]+)")) {
-        EXPECT_TRUE(Contains(manual, choice.substr(1))) << choice;
-        EXPECT_TRUE(Contains(completion, choice.substr(1))) << choice;
+TEST(ManualsTest, ManualAndCompletionNameTheOptions) {
+    const std::filesystem::path source = KALMO_SOURCE_DIR;
+    for (const std::string program : {"kalmo-print", "kalmo-ticket"}) {
+        const auto help = RunProgram({.program = BuiltProgram(program), .arguments = {"--help"}});
+        const auto options = Options(help.output, R"(^ +(-[^ ]+))", R"(-(-?[a-z][a-z-]*))");
+        ASSERT_GT(options.size(), 3u) << help.output << help.errors;
+        const auto manual = ReadFile(source / "man" / (program + ".1"));
+        EXPECT_EQ(Options(manual, R"(^\.It (Fl .*))", R"(Fl (-?[a-z][a-z-]*))"), options);
+        const auto completion = ReadFile(source / "completions" / program);
+        EXPECT_EQ(
+            Options(completion, R"(^(?:.*-W '| {12})(-[^']*))", R"((?:^| )-(-?[a-z][a-z-]*))"),
+            options);
+        for (const auto& choice :
+             Options(help.output, R"(^ +-[^ ]+ ([^ ]+\|[^ ]+))", "([a-z-]+)")) {
+            EXPECT_TRUE(Contains(manual, choice.substr(1))) << choice;
+            EXPECT_TRUE(Contains(completion, choice.substr(1))) << choice;
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Programs, ManualsTest, testing::Values("kalmo-print", "kalmo-ticket"));
 
 }  // namespace
 }  // namespace kalmo::test

@@ -1,4 +1,6 @@
 // What kalmo-print tells about the queues of a real CUPS server, and how long a thousand take.
+#include <regex>
+
 #include "print_dialog/destination_choice.h"
 #include "print_dialog/printer_requests.h"
 #include "programs/private_cupsd.h"
@@ -32,12 +34,8 @@ TEST(ManyPrintersTest, EachQueueIsListedWithItsPaneOrWhyItHasNone) {
     setenv("PRINTER", "c7030", 1);
     const std::string listed = Listed();
     for (const auto& [queue, ppd, pane] : rows) {
-        SCOPED_TRACE(queue);
-        const auto at = listed.find(std::string(" ") + queue + '\t');
-        ASSERT_NE(at, std::string::npos) << listed;
-        const std::string line = listed.substr(at, listed.find('\n', at) + 1 - at);
-        EXPECT_EQ(std::ranges::count(line, '\t'), 3) << line;
-        EXPECT_TRUE(Contains(line, std::string("\tpane: ") + pane)) << line;
+        const std::regex line(std::string(" ") + queue + "(\t[^\t\n]*){2}\tpane: " + pane);
+        EXPECT_TRUE(std::regex_search(listed, line)) << queue << '\n' << listed;
     }
     EXPECT_EQ(std::ranges::count(listed, '*'), 1);
     EXPECT_TRUE(Contains(listed, "* c7030\tKalmo Tolvane C7030\t")) << "the default";
