@@ -7,6 +7,7 @@
 #include "print_dialog/print_window.h"
 #include "print_dialog/remembered_settings.h"
 #include "print_dialog/window_texts.h"
+#include "toolbox/host.h"
 
 namespace kalmo {
 namespace {
@@ -106,8 +107,10 @@ void PrintWindow::keepTyped(const JobSettings& typed) {
 
 void PrintWindow::whenPaneIsFree(const std::function<void()>& act) {
     // A dialog of the pane works on what the pane holds, and an open list or menu is a part of it:
-    // the pane stays until they are left, and until a job on its way has come to its end.
-    const bool isOpen = QApplication::activeModalWidget() || QApplication::activePopupWidget();
+    // the pane stays until they are left and their callers are through, and until a job on its way
+    // has come to its end.
+    const bool isOpen = CallersWaitForUser() || QApplication::activeModalWidget() ||
+                        QApplication::activePopupWidget();
     if (!isOpen && !job_) return act();
     QTimer::singleShot(kAskAgainMs, this, [this, act] { whenPaneIsFree(act); });
 }

@@ -8,6 +8,7 @@
 #include "toolbox/control_state.h"
 #include "toolbox/field_fault.h"
 #include "toolbox/help_viewer.h"
+#include "toolbox/modal_loop.h"
 #include "toolbox/qt_strings.h"
 
 using namespace toolbox;
@@ -39,6 +40,7 @@ void Notice(CFStringRef header, CFStringRef message) {
     const QPointer<QWidget> owner = OwnerOfAlerts();
     QMessageBox box(owner);
     Fill(box, header, message);
+    const WaitingCaller caller;
     box.exec();
     // Its caller now leads back to what was wrong.
     if (owner) DescribeFaultOfFocusedField(*owner, ToQString(message));
@@ -56,6 +58,7 @@ bool Alert(const AlertTexts& texts) {
             box.addButton(ToQString(texts.alternateButton), QMessageBox::RejectRole);
         box.setEscapeButton(texts.alternateDestroys ? accept : alternate);
     }
+    const WaitingCaller caller;
     box.exec();
     return box.clickedButton() == accept;
 }
@@ -72,6 +75,8 @@ QWidget* WidgetFromControl(ControlRef control) { return ToWidget(control); }
 WindowRef WindowFromWidget(QWidget* window) { return ToWindow(window); }
 
 QWidget* WidgetFromWindow(WindowRef window) { return ToWidget(window); }
+
+bool CallersWaitForUser() { return WaitingCaller::exists(); }
 
 Presence WindowPresence(const HelpViewerTexts& texts) {
     const auto helpPage = [texts](CFStringRef path, CFStringRef anchor) -> OSStatus {

@@ -26,6 +26,10 @@ struct HelpViewerTexts {
 /// The Presence of a program with windows: message boxes over the active window, the help viewer.
 [[nodiscard]] Presence WindowPresence(const HelpViewerTexts& texts = {});
 
+/// Whether code behind a control or window has asked the user something and waits for the answer,
+/// or has it and is about to go on: what it works on must stay.
+[[nodiscard]] bool CallersWaitForUser();
+
 /// Ignores mouse wheels over controls without keyboard focus, for every window of the program.
 /// Once.
 void InstallWheelGuard();

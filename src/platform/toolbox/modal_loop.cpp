@@ -69,7 +69,10 @@ SInt32 ModalLoop::run(QWidget* owner, std::chrono::milliseconds unseen) {
     } else {
         appear();
     }
-    loop_.exec(QEventLoop::DialogExec);
+    {
+        const WaitingCaller caller;
+        loop_.exec(QEventLoop::DialogExec);
+    }
     if (window_) {
         window_->hide();
         window_->setWindowModality(Qt::NonModal);

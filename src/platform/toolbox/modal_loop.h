@@ -10,6 +10,20 @@
 
 namespace toolbox {
 
+/// As long as one lives, whoever has asked the user something waits further down on the stack, even
+/// when the window of the question is closed already. On the UI thread.
+class WaitingCaller final {
+public:
+    WaitingCaller() { ++count_; }
+    ~WaitingCaller() { --count_; }
+    WaitingCaller(const WaitingCaller&) = delete;
+    WaitingCaller& operator=(const WaitingCaller&) = delete;
+    [[nodiscard]] static bool exists() { return count_ > 0; }
+
+private:
+    inline static int count_ = 0;
+};
+
 /// One run of a window. Return presses its default button, Escape its cancel button; the close box
 /// and, without a cancel button, Escape answer kModalCancel.
 class ModalLoop final : public QObject {

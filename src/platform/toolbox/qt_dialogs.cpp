@@ -2,6 +2,8 @@
 
 #include <QEvent>
 
+#include "toolbox/modal_loop.h"
+
 namespace toolbox {
 namespace {
 
@@ -32,6 +34,7 @@ private:
 bool RunDialog(QDialog& dialog) {
     const QPointer<QDialog> alive = &dialog;
     const EndWithWindow watch(dialog);
+    const WaitingCaller caller;
     return dialog.exec() == QDialog::Accepted && alive;
 }
 

@@ -108,9 +108,14 @@ TEST_F(ModalLoops, WindowHasRoomForWhatCameIntoItSinceItWasLoaded) {
     EXPECT_EQ(RunAppModalLoopForWindow(interface.window, nullptr), kModalCancel);
 }
 
-TEST_F(ModalLoops, WindowMayGoWhileItRuns) {
-    driver.expect([this](QWidget&) { DisposeWindow(std::exchange(interface.window, nullptr)); });
+TEST_F(ModalLoops, WindowMayGoWhileItsCallerStillWaits) {
+    driver.expect([this](QWidget&) {
+        DisposeWindow(std::exchange(interface.window, nullptr));
+        EXPECT_FALSE(QApplication::activeModalWidget());
+        EXPECT_TRUE(CallersWaitForUser());
+    });
     EXPECT_EQ(RunAppModalLoopForWindow(interface.window, nullptr), kModalCancel);
+    EXPECT_FALSE(CallersWaitForUser());
 }
 
 TEST_F(ModalLoops, NoticesAndAlertsShowTheirTextsAsWritten) {
