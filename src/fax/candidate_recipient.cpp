@@ -1,26 +1,15 @@
 #include "fax/candidate_recipient.h"
 
-#include <algorithm>
-
 #include "fax/fax_address_book.h"
 
 namespace kalmo {
 namespace {
 
 using contacts::Entry;
-using contacts::Label;
 using Text = Owned<CFStringRef>;
 
 Text TextIfGiven(const std::string& text) {
     return text.empty() ? Text() : Text::Adopt(CFStringCreateFromUTF8(text));
-}
-
-/// The person's first number to talk to; the entry itself where there is none.
-const std::string& TelephoneOf(const contacts::Person& person, const Entry& entry) {
-    const auto voice = std::ranges::find_if(person.phones, [](const Entry& phone) {
-        return !IsFax(phone.label) && phone.label != Label::pager && !phone.value.empty();
-    });
-    return voice == person.phones.end() ? entry.value : voice->value;
 }
 
 }  // namespace
@@ -33,9 +22,11 @@ FaxRecipient* CreateRecipientFromEntry(CFBundleRef bundle, const contacts::Perso
     recipient->setFaxNumberLabel(Text::Adopt(CopyLocalizedLabel(bundle, entry)));
     recipient->setUID(TextIfGiven(person.uid));
     recipient->setOrganization(TextIfGiven(person.organization));
-    if (!person.emails.empty())
-        recipient->setEmailAddress(TextIfGiven(person.emails.front().value));
-    recipient->setPhoneNumber(TextIfGiven(TelephoneOf(person, entry)));
+    if (const Entry* const email = PrimaryEmail(person))
+        recipient->setEmailAddress(TextIfGiven(email->value));
+    // Who cannot be talked to elsewhere is at that number.
+    const Entry* const telephone = PrimaryTelephone(person);
+    recipient->setPhoneNumber(TextIfGiven(telephone ? telephone->value : entry.value));
     recipient->setMailbox(TextIfGiven(person.mailbox));
     return recipient;
 }

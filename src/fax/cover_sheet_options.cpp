@@ -46,9 +46,13 @@ void WriteSender(const CoverSheetChoices& choices, CFBundleRef bundle,
         else
             CFDictionaryRemoveValue(options, row.key);
     }
-    for (const auto& row : SenderDetailRows())
-        SetOrRemove(options, row.key,
-                    choices.showsSender ? (choices.sender.*row.detail).get() : nullptr);
+    for (const auto& row : SenderDetailRows()) {
+        const auto& detail = choices.sender.*row.detail;
+        if (choices.showsSender)
+            CFDictionarySetValue(options, row.key, detail ? detail.get() : CFSTR(""));
+        else
+            CFDictionaryRemoveValue(options, row.key);
+    }
 }
 
 void WriteRecipients(const CoverSheetChoices& choices, CFBundleRef bundle,
@@ -80,10 +84,8 @@ void SetIfGiven(CFMutableDictionaryRef options, CFStringRef key, const std::stri
         CFDictionarySetValue(options, key, Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(text)));
 }
 
-std::string FirstTelephone(const contacts::Person& person) {
-    const auto entry =
-        std::ranges::find_if_not(person.phones, contacts::IsFax, &contacts::Entry::label);
-    return entry == person.phones.end() ? std::string() : entry->value;
+void SetIfGiven(CFMutableDictionaryRef options, CFStringRef key, const contacts::Entry* entry) {
+    if (entry) SetIfGiven(options, key, entry->value);
 }
 
 }  // namespace
@@ -140,9 +142,8 @@ void CopySenderInformationFromPhonebook(CFMutableDictionaryRef options) {
     const auto name = FullName(*me);
     if (CFStringGetLength(name) > 0) CFDictionarySetValue(options, kFaxSenderNameProperty, name);
     SetIfGiven(options, kFaxSenderOrganizationProperty, me->organization);
-    SetIfGiven(options, kFaxSenderPhoneNumberProperty, FirstTelephone(*me));
-    if (!me->emails.empty())
-        SetIfGiven(options, kFaxSenderEmailAddressProperty, me->emails.front().value);
+    SetIfGiven(options, kFaxSenderPhoneNumberProperty, PrimaryTelephone(*me));
+    SetIfGiven(options, kFaxSenderEmailAddressProperty, PrimaryEmail(*me));
 }
 
 }  // namespace kalmo

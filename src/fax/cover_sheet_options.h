@@ -40,13 +40,13 @@ struct CoverSheetChoices {
 
 /// What is missing, or of another kind, is as in a new record.
 [[nodiscard]] CoverSheetChoices ReadCoverSheetOptions(CFDictionaryRef options);
-/// Details without a text, and all of a sender who is not shown, are removed. The labels are those
-/// of the user's language.
+/// The details of a sender who is not shown are removed; those of another are there, an empty one
+/// too, so that who has cleared the name keeps it so. The labels are those of the user's language.
 void WriteCoverSheetOptions(const CoverSheetChoices& choices, CFBundleRef bundle,
                             CFMutableDictionaryRef options);
 
-/// Stores what the user's own card gives: names, organization, the first telephone that is no fax,
-/// the first e-mail address. The user may have to wait, and need not.
+/// Stores what the user's own card gives: names, organization, the telephone and the e-mail address
+/// that it prefers to others. The user may have to wait, and need not.
 void CopySenderInformationFromPhonebook(CFMutableDictionaryRef options);
 
 }  // namespace kalmo

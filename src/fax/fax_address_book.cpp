@@ -96,6 +96,20 @@ Owned<CFStringRef> CopyLabelWord(CFBundleRef bundle, Label label) {
     return CopyText(bundle, CFStringMakeConstant(row->key), kFaxTextTable);
 }
 
+const contacts::Entry* PrimaryEmail(const contacts::Person& person) {
+    const auto primary = std::ranges::min_element(person.emails, {}, &contacts::Entry::rank);
+    return primary == person.emails.end() ? nullptr : &*primary;
+}
+
+const contacts::Entry* PrimaryTelephone(const contacts::Person& person) {
+    const contacts::Entry* primary = nullptr;
+    for (const contacts::Entry& phone : person.phones) {
+        if (IsFax(phone.label) || phone.label == Label::pager) continue;
+        if (!primary || phone.rank < primary->rank) primary = &phone;
+    }
+    return primary;
+}
+
 CFStringRef CopyLocalizedLabel(CFBundleRef bundle, const contacts::Entry& entry) {
     if (entry.label == Label::custom && !entry.customLabel.empty())
         return CFStringCreateFromUTF8(entry.customLabel);

@@ -27,6 +27,10 @@ struct PersonNames {
 /// there is none.
 void RecipientNamesFromPerson(const contacts::Person& person, CFStringRef* firstName,
                               CFStringRef* lastName);
+/// The entry that the card prefers, else its first; null without any. Any thread.
+[[nodiscard]] const contacts::Entry* PrimaryEmail(const contacts::Person& person);
+/// The same, of the numbers to talk to.
+[[nodiscard]] const contacts::Entry* PrimaryTelephone(const contacts::Person& person);
 /// The label's word in the user's language; of Label::custom what stands for a word that is
 /// missing.
 [[nodiscard]] Owned<CFStringRef> CopyLabelWord(CFBundleRef bundle, contacts::Label label);

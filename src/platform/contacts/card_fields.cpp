@@ -1,6 +1,7 @@
 #include "contacts/card_fields.h"
 
 #include <algorithm>
+#include <charconv>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -49,6 +50,15 @@ std::string EntryValue(const Property& property) {
     const std::string value = Unescaped(Trimmed(property.value));
     if (StartsWithoutCase(value, "tel:")) return value.substr(4, value.find(';') - 4);
     return StartsWithoutCase(value, "mailto:") ? value.substr(7) : value;
+}
+
+/// "PREF=1" to "PREF=100" of version 4.0; before that a word among the types.
+int RankOf(const Property& property, const std::vector<std::string>& types) {
+    if (std::ranges::find(types, "PREF") != types.end()) return 1;
+    const std::string_view text = property.parameter("PREF");
+    int rank = 0;
+    std::from_chars(text.data(), text.data() + text.size(), rank);
+    return rank > 0 ? std::min(rank, kNoRank) : kNoRank;
 }
 
 struct LabelLine {
@@ -117,7 +127,12 @@ std::vector<EntryLine> EntryLinesOf(const Card& card, const CardFields& fields, 
     std::vector<EntryLine> lines;
     for (const std::size_t line : fields.lines(field)) {
         const Property property = card.property(line);
-        EntryLine found{line, kNoLine, {LabelOfTypes(property.types()), EntryValue(property), {}}};
+        const std::vector<std::string> types = property.types();
+        EntryLine found{line,
+                        kNoLine,
+                        {.label = LabelOfTypes(types),
+                         .value = EntryValue(property),
+                         .rank = RankOf(property, types)}};
         if (found.entry.value.empty()) continue;
         const auto label = labels.find(Upper(property.group));
         if (label != labels.end()) {

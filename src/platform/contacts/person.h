@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace contacts {
@@ -13,11 +14,18 @@ namespace contacts {
 enum class Label { workFax, homeFax, otherFax, work, home, mobile, main, pager, other, custom };
 [[nodiscard]] constexpr bool IsFax(Label label) { return label <= Label::otherFax; }
 
+/// The rank of an entry that the card does not prefer to others.
+inline constexpr int kNoRank = 101;
+
 struct Entry {
     Label label = Label::other;
     std::string value;
     std::string customLabel;  // the user's own word, of Label::custom
-    bool operator==(const Entry&) const = default;
+    int rank = kNoRank;       // 1: the first choice; as it was read, no edit changes it
+    bool operator==(const Entry& other) const {
+        return std::tie(label, value, customLabel) ==
+               std::tie(other.label, other.value, other.customLabel);
+    }
 };
 
 struct Person {
