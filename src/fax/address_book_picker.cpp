@@ -52,13 +52,14 @@ public:
                .helpPage = CFSTR("Paper_Output/Job_Type/Fax/Fax_Recipients/address_book.htm")}),
           model_(model),
           worker_(CreateWorker(WorkerPace::patient)) {}
-    ~FaxABPicker() override {
-        stop_.request_stop();
-        DisposeWorker(worker_);
-    }
+    ~FaxABPicker() override { FinalizeFaxABPicker(); }
 
 private:
-    void prepare() override {
+    void prepare() override { InitializeFaxABPicker(); }
+    void textWasTyped(SInt32 id) override { FaxABPickerEventHandler(id); }
+    void listWasUsed(SInt32 id, UInt32 kind) override { FaxABPickerItemNotification(id, kind); }
+
+    void InitializeFaxABPicker() {
         for (const auto& row : kColumns)
             AddListColumn(control(row.list), row.column,
                           CopyText(bundle(), CFStringMakeConstant(row.titleKey), kFaxTextTable),
@@ -75,11 +76,15 @@ private:
 
     bool accept() override { return AddSelectedRecordsToRecipientList() != 0; }
 
-    void textWasTyped(SInt32 id) override {
+    void FaxABPickerEventHandler(SInt32 id) {
         if (id == kSearchID) UpdatePersonBrowser();
     }
 
-    void listWasUsed(SInt32 id, UInt32 kind) override { FaxABPickerItemNotification(id, kind); }
+    /// Nothing that is still being read comes to a window that is gone.
+    void FinalizeFaxABPicker() {
+        stop_.request_stop();
+        DisposeWorker(worker_);
+    }
 
     void load() {
         showNote(CopyText(bundle(), CFSTR("Loading Address Book"), kFaxTextTable));

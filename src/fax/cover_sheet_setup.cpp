@@ -54,7 +54,13 @@ public:
           images_(bundle) {}
 
 private:
-    void prepare() override {
+    void prepare() override { InitializeCoverSheetSetupDialog(); }
+    bool accept() override { return FinalizeCoverSheetSetupDialog(), true; }
+    OSStatus commandWasSent(UInt32 command, EventRef event) override {
+        return CoverSheetSetupDialogEventHandler(command, event);
+    }
+
+    void InitializeCoverSheetSetupDialog() {
         preview_.setControl(control(kPreviewID));
         PopulatePopupButtonFromMap(bundle(), control(kRecipientsID), CoverSheetRecipientMap,
                                    JobContext::job, 0);
@@ -65,10 +71,9 @@ private:
         if (!CFDictionaryContainsKey(setup_.options, kFaxShowSenderProperty)) senderWasChosen();
     }
 
-    bool accept() override {
+    void FinalizeCoverSheetSetupDialog() const {
         SyncFromUI(setup_.options);
         *setup_.imageIndex = images_.item();
-        return true;
     }
 
     void controlWasHit(SInt32 id) override {
@@ -84,7 +89,7 @@ private:
         UpdateCoverPreview();
     }
 
-    OSStatus commandWasSent(UInt32 command, EventRef event) override {
+    OSStatus CoverSheetSetupDialogEventHandler(UInt32 command, EventRef event) {
         if (command == kCoverLetterCommand) return chooseSize(kCoverSizeLetter);
         if (command == kCoverA4Command) return chooseSize(kCoverSizeA4);
         if (command == kNoWatermarkCommand) return images_.chooseNone(), imageWasChosen();

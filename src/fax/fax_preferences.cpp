@@ -1,5 +1,7 @@
 #include "fax/fax_preferences.h"
 
+#include <array>
+
 #include "controls/modal_dialog.h"
 #include "fax/fax_options.h"
 
@@ -14,22 +16,40 @@ public:
         : ModalDialog(bundle, {.file = kFaxInterfaceFile,
                                .window = CFSTR("Preferences"),
                                .helpPage = CFSTR("How_to/m_ht_Manage_Fax_Recipients.htm")}),
-          promptDuplicate_(promptDuplicate),
-          promptRemove_(promptRemove) {}
+          choices_{{{.id = kPromptDuplicateID, .flag = promptDuplicate},
+                    {.id = kPromptRemoveID, .flag = promptRemove}}} {}
 
 private:
-    void prepare() override {
-        SetControl32BitValue(control(kPromptDuplicateID), *promptDuplicate_ != 0);
-        SetControl32BitValue(control(kPromptRemoveID), *promptRemove_ != 0);
+    struct Choice {
+        SInt32 id;
+        SInt32* flag;  // lent
+        ControlRef box = nullptr;
+        SInt32 isChosen = 0;
+    };
+
+    void prepare() override { InitializeFaxPreferencesDialog(); }
+    void controlWasHit(SInt32 id) override { FaxPreferencesDialogEventHandler(id); }
+    bool accept() override { return FinalizeFaxPreferencesDialog(), true; }
+
+    void InitializeFaxPreferencesDialog() {
+        InitializeControlReferences();
+        for (Choice& choice : choices_) {
+            choice.isChosen = *choice.flag != 0;
+            SetControl32BitValue(choice.box, choice.isChosen);
+        }
+    }
+    void InitializeControlReferences() {
+        for (Choice& choice : choices_) choice.box = control(choice.id);
+    }
+    void FaxPreferencesDialogEventHandler(SInt32 id) {
+        for (Choice& choice : choices_)
+            if (choice.id == id) choice.isChosen = isOn(id);
+    }
+    void FinalizeFaxPreferencesDialog() const {
+        for (const Choice& choice : choices_) *choice.flag = choice.isChosen;
     }
 
-    bool accept() override {
-        *promptDuplicate_ = isOn(kPromptDuplicateID);
-        *promptRemove_ = isOn(kPromptRemoveID);
-        return true;
-    }
-
-    SInt32 *promptDuplicate_, *promptRemove_;
+    std::array<Choice, 2> choices_;
 };
 
 }  // namespace

@@ -69,7 +69,12 @@ public:
     [[nodiscard]] SInt32 imageIndex() const { return imageIndex_; }
 
 private:
-    void prepare() override {
+    void prepare() override { InitializeLANFaxSetup(); }
+    void controlWasHit(SInt32 id) override { LANFaxSetupEventHandler(id); }
+    void listWasUsed(SInt32, UInt32 kind) override { recipientsWereUsed(kind); }
+    void textWasTyped(SInt32) override { drawPreview(); }
+
+    void InitializeLANFaxSetup() {
         for (const auto& row : kPictures) SetButtonPicture(control(row.button), row.picture);
         model_.listView = control(kListID);
         SetUpRecipientView(bundle(), model_.listView);
@@ -91,7 +96,7 @@ private:
         return true;
     }
 
-    void controlWasHit(SInt32 id) override {
+    void LANFaxSetupEventHandler(SInt32 id) {
         switch (id) {
             case kTabsID:
                 CheckMaxDialingStringExceeded();
@@ -128,15 +133,13 @@ private:
         }
     }
 
-    void listWasUsed(SInt32, UInt32 kind) override {
+    void recipientsWereUsed(UInt32 kind) {
         const bool isNothingSelected = GetListSelection(model_.listView).empty();
         if (kind == kEventListSelectionChanged) UpdateCommandButtons();
         if (kind == kEventListSortChanged) ShowRecipients(model_.listView, *model_.list);
         if (kind == kEventListItemOpened) editSelected();
         if (kind == kEventListGroundOpened && isNothingSelected) addByHand();
     }
-
-    void textWasTyped(SInt32) override { drawPreview(); }
 
     OSStatus draw(SInt32 id, EventRef event) override {
         return id == kPreviewID ? preview_.draw(event) : eventNotHandledErr;
@@ -185,13 +188,12 @@ private:
     bool CheckMaxDialingStringExceeded() {
         if (!model_.isLengthCheckArmed) return false;
         DialingPart prefix = controls_.dialingPrefix(), creditCard = controls_.creditCard();
-        const CFIndex count = model_.list->count();
         const bool isValid = ValidateMaxCharacters(&model_, &prefix, &creditCard);
         if (isValid) model_.isLengthCheckArmed = false;
         controls_.setDialingPrefix(prefix);
         controls_.setCreditCard(creditCard);
         ShowRecipients(model_.listView, *model_.list);
-        if (count != model_.list->count()) recipientsHaveChanged();
+        recipientsHaveChanged();
         return !isValid;
     }
 
@@ -216,6 +218,13 @@ private:
     FaxCoverPreview preview_;
 };
 
+/// Cancel puts everything back but the image's item.
+void FinalizeLANFaxSetup(SInt32 result, SInt32 imageIndex, const Backup& backup,
+                         CFMutableDictionaryRef options, FaxRecipientList* recipients) {
+    CFDictionarySetValue(options, kFaxWaterMarkSelectedIndex, CreateNumber(imageIndex));
+    if (result != kModalOK) backup.restore(options, recipients);
+}
+
 }  // namespace
 
 SInt32 RunModalLANFaxSetup(CFBundleRef bundle, CFMutableDictionaryRef options,
@@ -223,8 +232,7 @@ SInt32 RunModalLANFaxSetup(CFBundleRef bundle, CFMutableDictionaryRef options,
     const Backup backup(options, recipients);
     LANFaxSetup dialog(bundle, options, recipients);
     const SInt32 result = dialog.run();
-    CFDictionarySetValue(options, kFaxWaterMarkSelectedIndex, CreateNumber(dialog.imageIndex()));
-    if (result != kModalOK) backup.restore(options, recipients);
+    FinalizeLANFaxSetup(result, dialog.imageIndex(), backup, options, recipients);
     return result;
 }
 

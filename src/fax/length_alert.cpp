@@ -42,13 +42,16 @@ public:
     [[nodiscard]] bool areAllValid() const { return invalid_.empty(); }
 
     /// Once it is closed, however that was done.
-    void takeDialingParts() const {
+    void FinalizeMaxCharactersAlertDialog() const {
         take(kPrefixID, prefix_);
         take(kCreditCardID, creditCard_);
     }
 
 private:
-    void prepare() override {
+    void prepare() override { InitializeMaxCharactersAlertDialog(); }
+    void controlWasHit(SInt32 id) override { MaxCharactersAlertDialogEventHandler(id); }
+
+    void InitializeMaxCharactersAlertDialog() {
         for (const auto& row : kPictures) SetButtonPicture(control(row.button), row.picture);
         SetUpRecipientView(bundle(), control(kListID));
         LimitInputLengthAndCharacters(control(kPrefixID), 0, kMaxDialingPrefix,
@@ -62,7 +65,7 @@ private:
 
     bool accept() override { return true; }
 
-    void controlWasHit(SInt32 id) override {
+    void MaxCharactersAlertDialogEventHandler(SInt32 id) {
         if (id == kEditID) editSelected();
         if (id == kRemoveID && RemoveSelectedRecipients(control(kListID), model_))
             UpdateInvalidRecipientBrowser();
@@ -149,7 +152,7 @@ bool ValidateMaxCharacters(FaxRecipientsModel* model, DialingPart* prefix,
     if (alert.areAllValid()) return true;
     const SInt32 answer = alert.run();
     // Without its window nothing could be changed, and the first test holds.
-    if (answer == kModalOK || answer == kModalCancel) alert.takeDialingParts();
+    if (answer == kModalOK || answer == kModalCancel) alert.FinalizeMaxCharactersAlertDialog();
     return alert.areAllValid();
 }
 

@@ -22,25 +22,31 @@ public:
           list_(list) {}
 
 private:
-    void prepare() override {
+    void prepare() override { InitializeSaveGroupDialog(); }
+    void listWasUsed(SInt32, UInt32 kind) override { SaveGroupDialogEventHandler(kind); }
+    bool accept() override { return FinalizeSaveGroupDialog(); }
+
+    void InitializeSaveGroupDialog() {
         SetUpRecipientView(bundle(), control(kMembersID));
         ShowRecipients(control(kMembersID), *list_);
         SetKeyboardFocus(control(kNameID));
     }
 
-    void listWasUsed(SInt32, UInt32 kind) override {
+    void SaveGroupDialogEventHandler(UInt32 kind) {
         if (kind == kEventListSortChanged) ShowRecipients(control(kMembersID), *list_);
     }
 
-    bool accept() override { return CreateABGroupWithNameAndRecipients(); }
-
-    bool CreateABGroupWithNameAndRecipients() {
+    bool FinalizeSaveGroupDialog() {
         const auto name = Owned<CFMutableStringRef>::Adopt(CFStringCreateMutableCopy(
             kCFAllocatorDefault, 0,
             Owned<CFStringRef>::Adopt(CopyControlTitleAsCFString(control(kNameID)))));
         CFStringTrim(name, CFSTR(" "));
         group_.name = CFStringToUTF8(name);
         if (group_.name.empty()) return askForName(), false;
+        return CreateABGroupWithNameAndRecipients();
+    }
+
+    bool CreateABGroupWithNameAndRecipients() {
         const contacts::Answer answer = SaveAsGroup(*list_, group_);
         if (!answer) tell(answer);
         return static_cast<bool>(answer);

@@ -116,11 +116,7 @@ void InstallHandler(Context& context) {
                                &context, &context.handler);
 }
 
-}  // namespace
-
-OSStatus BuildSpecialPages(_SpecialPagesContext& context) {
-    const OSStatus status = EmbedView(context);
-    if (status != noErr) return status;
+void InitializeSpecialPages(_SpecialPagesContext& context) {
     context.list = ControlIn(GetControlOwner(context.pane), kListID);
     SetUpList(context);
     SetUpButtons(context);
@@ -128,7 +124,14 @@ OSStatus BuildSpecialPages(_SpecialPagesContext& context) {
     context.opened = true;
     ShowSpecialPages(context);
     UpdateSpecialPagesUI(&context);
-    return noErr;
+}
+
+}  // namespace
+
+OSStatus BuildSpecialPages(_SpecialPagesContext& context) {
+    const OSStatus status = EmbedView(context);
+    if (status == noErr) InitializeSpecialPages(context);
+    return status;
 }
 
 }  // namespace kalmo
