@@ -236,7 +236,7 @@ void Remember(const _KComboBoxContext& context, CFStringRef text) {
 
 }  // namespace
 
-OSStatus KComboBoxInitializeWithMapAndHistory(ControlRef combo, const _KComboBoxOptions& options) {
+OSStatus KComboBoxInitializeWithMapAndHistory(KComboBox combo, const _KComboBoxOptions& options) {
     if (!combo) return paramErr;
     KComboBoxFinalize(combo, false);
     auto made = MakeContext(options);
@@ -251,7 +251,7 @@ OSStatus KComboBoxInitializeWithMapAndHistory(ControlRef combo, const _KComboBox
     return context->historyKey ? AppendHistory(combo, *context, status) : status;
 }
 
-OSStatus KComboBoxSetValue(ControlRef combo, CFTypeRef value) {
+OSStatus KComboBoxSetValue(KComboBox combo, CFTypeRef value) {
     if (!combo || !value) return paramErr;
     _KComboBoxContext* context = nullptr;
     if (const OSStatus status = GetContext(combo, &context); status != noErr) return status;
@@ -271,7 +271,7 @@ OSStatus KComboBoxSetValue(ControlRef combo, CFTypeRef value) {
     return noErr;
 }
 
-OSStatus KComboBoxCopyValue(ControlRef combo, CFTypeRef* value) {
+OSStatus KComboBoxCopyValue(KComboBox combo, CFTypeRef* value) {
     if (!combo || !value) return paramErr;
     *value = nullptr;
     _KComboBoxContext* context = nullptr;
@@ -286,7 +286,7 @@ OSStatus KComboBoxCopyValue(ControlRef combo, CFTypeRef* value) {
     return *value ? noErr : paramErr;
 }
 
-void KComboBoxFinalize(ControlRef combo, bool save) {
+void KComboBoxFinalize(KComboBox combo, bool save) {
     const auto context = TakeContext(combo);
     if (!context) return;
     RemoveEventHandler(context->handler);

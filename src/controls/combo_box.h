@@ -13,6 +13,9 @@ inline constexpr UInt32 kComboBoxNumber = 1, kComboBoxText = 2;
 /// What reading an empty field answers: no failure.
 inline constexpr OSStatus kComboBoxEmpty = 1000;
 
+/// The control; what belongs to the field is kept with it.
+using KComboBox = ControlRef;
+
 /// All references are lent and may be null.
 struct _KComboBoxOptions {
     UInt32 kind = kComboBoxText;  // other kinds are not validated
@@ -26,14 +29,14 @@ struct _KComboBoxOptions {
 };
 
 /// Fills the field and keeps what it needs with the control. The status of the last item.
-OSStatus KComboBoxInitializeWithMapAndHistory(ControlRef combo, const _KComboBoxOptions& options);
+OSStatus KComboBoxInitializeWithMapAndHistory(KComboBox combo, const _KComboBoxOptions& options);
 /// A string as it is; a number as its item, else in the user's locale. paramErr on null.
-OSStatus KComboBoxSetValue(ControlRef combo, CFTypeRef value);
+OSStatus KComboBoxSetValue(KComboBox combo, CFTypeRef value);
 /// A number for an item, and for a typed number; else a string. The caller releases it.
 /// kComboBoxEmpty for an empty field.
-OSStatus KComboBoxCopyValue(ControlRef combo, CFTypeRef* value);
+OSStatus KComboBoxCopyValue(KComboBox combo, CFTypeRef* value);
 /// `save`: a typed text that is no item yet goes to the front of its history. Frees what
 /// Initialize kept.
-void KComboBoxFinalize(ControlRef combo, bool save);
+void KComboBoxFinalize(KComboBox combo, bool save);
 
 }  // namespace kalmo

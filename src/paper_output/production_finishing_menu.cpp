@@ -65,6 +65,7 @@ const ItemRow kItems[] = {
     {CFSTR("1 Staple..."), 'Stp1', HasOneStaple},
     {CFSTR("2 Staples..."), 'Stp2', HasTwoStaples},
     {CFSTR("Center Staple..."), 'CStp', HasCenterStaple},
+    // The plain "Bind" has a text, too, and is never offered (kept as it is).
     {CFSTR("Bind..."), 'Bind', HasBinder},
     {CFSTR("2 Hole Punch..."), 'Hpn2', HasTwoHoles},
     {CFSTR("3 Hole Punch..."), 'Hpn3', HasThreeHoles},

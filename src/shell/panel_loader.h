@@ -12,7 +12,7 @@ extern "C" [[gnu::visibility("default")]] CFStringRef PanelInterfaces[kPanelSlot
 namespace kalmo {
 
 /// Keeps each panel of the table whose interface function is found and whose Prologue succeeds; all
-/// others are passed over in silence.
+/// others are passed over without a message to the user.
 void LoadBuiltInPanels(PDEShellContext& shell);
 
 }  // namespace kalmo

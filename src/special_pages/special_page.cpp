@@ -92,7 +92,7 @@ CFMutableDictionaryRef ExceptionPage::asTicket() const {
         ImageShiftCreateTicketFromOptions(&imageShift_, JobContext::job));
     if (shift) CFDictionarySetValue(ticket, kImageShiftKey, shift);
     WriteOptionalNumber(ticket, CFSTR("SidesImaged"), plex_);
-    WriteOptionalNumber(ticket, CFSTR("HalftoneScreen"), halftoneScreen_);
+    WriteOptionalNumber(ticket, CFSTR("HalftoneScreen"), halftoneScreen());
     WriteOptionalNumber(ticket, CFSTR("LightenDarken"), lightenDarken_);
     return ticket;
 }

@@ -125,6 +125,8 @@ public:
     void setPlex(SInt32 plex) { plex_ = plex; }
     [[nodiscard]] _IS_Options& imageShift() { return imageShift_; }
     [[nodiscard]] const _IS_Options& imageShift() const { return imageShift_; }
+    /// As its maker gave it; nobody sets it later (kept as it is). Or kUnset.
+    [[nodiscard]] SInt32 halftoneScreen() const { return halftoneScreen_; }
     /// -5 to 5, or kUnset.
     [[nodiscard]] SInt32 lightenDarken() const { return lightenDarken_; }
     void setLightenDarken(SInt32 value) { lightenDarken_ = value; }
