@@ -111,6 +111,12 @@ TEST_F(CoverSheetSetup, ASenderIsRemovedWhenHiddenAndFilledInOnlyWithoutAName) {
     }
     EXPECT_EQ(CFStringToUTF8(StringInDictionary(options, CFSTR("SenderName"))), "Ada King");
     EXPECT_EQ(CFStringToUTF8(StringInDictionary(options, CFSTR("SenderFaxNumber"))), "33");
+    run(kOK, [](QWidget& window) { Type(window, kName, ""); });
+    run(kOK, [](QWidget& window) {
+        Choose(window, kSender, "Hide the sender");
+        Choose(window, kSender, "Show the sender");
+        EXPECT_EQ(Text(window, kName), "") << "it was cleared on purpose";
+    });
 }
 
 TEST_F(CoverSheetSetup, CancelKeepsANewImageAndRestoresTheOptions) {

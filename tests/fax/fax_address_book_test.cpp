@@ -32,6 +32,18 @@ TEST_F(FaxAddressBook, ARecipientBecomesAPersonWithoutItsLastName) {
     EXPECT_FALSE(Contains(ReadFile(cards.folder / (person->uid + ".vcf")), "Lee"));
 }
 
+TEST_F(FaxAddressBook, OfSeveralEntriesTheOneThatTheCardPrefersCounts) {
+    cards.add("a",
+              "FN:A\nTEL;TYPE=FAX,PREF:1\nTEL;TYPE=PAGER,PREF:2\nTEL:3\nTEL;TYPE=HOME,PREF:4\n"
+              "EMAIL:a@b\nEMAIL;TYPE=INTERNET;TYPE=PREF:c@d\n");
+    cards.add("b", "FN:B\nTEL;PREF=x:5\nTEL;PREF=2:6\nTEL;PREF=1:7\n");
+    const auto persons = cards.read().persons;
+    EXPECT_EQ(PrimaryTelephone(persons.at(0))->value, "4");
+    EXPECT_EQ(PrimaryEmail(persons.at(0))->value, "c@d");
+    EXPECT_EQ(PrimaryTelephone(persons.at(1))->value, "7");
+    EXPECT_EQ(PrimaryEmail(persons.at(1)), nullptr);
+}
+
 TEST_F(FaxAddressBook, TroubleIsOneLineOfTheLog) {
     testing::internal::CaptureStderr();
     EXPECT_TRUE(CopyAddressBookTrouble(bundle, {contacts::Code::failed, "a\n\x1b[2Jb"}));

@@ -246,5 +246,15 @@ TEST_F(KalmoPrintTest, APresetByNameAndWhatTheSiteStartsWith) {
     }
 }
 
+TEST_F(KalmoPrintTest, WithoutADisplayItNamesTheWayWithoutOne) {
+    for (const char* display : {"", ":9999"}) {
+        SCOPED_TRACE(display);
+        const auto end = run({document_}, {{"DISPLAY", display}});
+        EXPECT_EQ(end.exitCode, 2);
+        EXPECT_TRUE(IsOneLine(end.errors)) << end.errors;
+        EXPECT_TRUE(Contains(end.errors, "--no-dialog"));
+    }
+}
+
 }  // namespace
 }  // namespace kalmo::test

@@ -46,5 +46,29 @@ TEST(ManualsTest, ManualAndCompletionNameTheOptions) {
     }
 }
 
+TEST(CompletionTest, NamesOfPresetsAreQuotedAsTheUserBegan) {
+    const auto config = MakeFolder("config"), presets = config / "kalmo-print/presets";
+    std::filesystem::create_directories(presets);
+    for (const char* name : {"Two sided", "Two $(id)", "Two's"})
+        WriteFile(presets / (std::string(name) + ".plist"), "");
+    const std::pair<const char*, const char*> rows[] = {
+        {"Two", "Two\\ \\$\\(id\\)\nTwo\\ sided\nTwo\\'s\n"},
+        {"Two\\ s", "Two\\ sided\n"},
+        {"\"Two", "Two \\$(id)\nTwo sided\nTwo's\n"},
+        {"'Two", "Two $(id)\nTwo sided\nTwo'\\''s\n"},
+    };
+    for (const auto& [typed, offered] : rows) {
+        const auto end = RunProgram(
+            {.program = "/bin/bash",
+             .arguments = {"-c",
+                           "source $0; cur=$1; _kalmo_print_lines < <(_kalmo_print_presets)"
+                           " && printf '%s\\n' \"${COMPREPLY[@]}\"",
+                           std::filesystem::path(KALMO_SOURCE_DIR) / "completions/kalmo-print",
+                           typed},
+             .environment = {{"XDG_CONFIG_HOME", config}}});
+        EXPECT_EQ(end.output, offered) << end.errors;
+    }
+}
+
 }  // namespace
 }  // namespace kalmo::test
