@@ -31,6 +31,16 @@ struct MemoryCloser {
 template <typename T>
 using MemoryHolder = std::unique_ptr<T, MemoryCloser>;
 
+/// XML has no place for most control characters; they become U+FFFD, so that what is written can
+/// always be read. In what is read, too: two keys that differ in nothing else are one from then on.
+std::u16string XMLText(std::u16string text) {
+    for (char16_t& unit : text) {
+        const bool control = unit < u' ' && unit != u'\t' && unit != u'\n' && unit != u'\r';
+        if (control || unit == u'\uFFFE' || unit == u'\uFFFF') unit = u'\uFFFD';
+    }
+    return text;
+}
+
 /// The library reads and writes reals as the thread's locale has them; under a German one it would
 /// read 0.5 as 0.
 class PlainLocale final {
@@ -107,7 +117,7 @@ private:
                                                : plist_get_string_val(node, &text);
         const MemoryHolder<char> held(text);
         return Owned<CFTypeRef>::Adopt(
-            new CFStringObject(UTF16FromUTF8(text ? text : ""), leavesMutable()));
+            new CFStringObject(XMLText(UTF16FromUTF8(text ? text : "")), leavesMutable()));
     }
     static Owned<CFTypeRef> date(plist_t node) {
         int32_t seconds = 0;
@@ -148,24 +158,14 @@ private:
             plist_dict_next_item(node, iterator, &key, &item);
             const MemoryHolder<char> heldKey(key);
             if (!item) return held;
-            const auto name = Owned<CFStringRef>::Adopt(CFStringCreateFromUTF8(key ? key : ""));
+            const auto name = Owned<CFStringRef>::Adopt(
+                new CFStringObject(XMLText(UTF16FromUTF8(key ? key : "")), false));
             if (const auto value = read(item)) dictionary->set(name, value);
         }
     }
 };
 
 // To the library's nodes.
-
-/// XML has no place for most control characters; they become U+FFFD, so that what is written can
-/// always be read.
-std::string XMLText(const std::u16string& text) {
-    std::u16string allowed = text;
-    for (char16_t& unit : allowed) {
-        const bool control = unit < u' ' && unit != u'\t' && unit != u'\n' && unit != u'\r';
-        if (control || unit == u'\uFFFE' || unit == u'\uFFFF') unit = u'\uFFFD';
-    }
-    return UTF8FromUTF16(allowed);
-}
 
 PlistHolder NodeOf(CFTypeRef value, int depth);
 
@@ -199,7 +199,7 @@ PlistHolder NodeOfDictionary(const CFDictionaryObject& dictionary, int depth) {
             kalmo::foundation::As<CFStringObject>(key.get(), kalmo::foundation::kStringType);
         PlistHolder item = name ? NodeOf(value, depth + 1) : nullptr;
         if (!item) return nullptr;
-        plist_dict_set_item(node.get(), XMLText(name->text).c_str(), item.release());
+        plist_dict_set_item(node.get(), UTF8FromUTF16(XMLText(name->text)).c_str(), item.release());
     }
     return node;
 }
@@ -211,8 +211,8 @@ PlistHolder NodeOf(CFTypeRef value, int depth) {
     const TypeRecord* const type = AsObject(value)->type;
     const Object* const object = AsObject(value);
     if (type == &kStringType) {
-        return PlistHolder(
-            plist_new_string(XMLText(static_cast<const CFStringObject*>(object)->text).c_str()));
+        return PlistHolder(plist_new_string(
+            UTF8FromUTF16(XMLText(static_cast<const CFStringObject*>(object)->text)).c_str()));
     }
     if (type == &kNumberType) return NodeOfNumber(*static_cast<const CFNumberObject*>(object));
     if (type == &kBooleanType) {

@@ -105,6 +105,10 @@ TEST(PropertyLists, WriteNothingThatCannotBeReadAgain) {
         CFPropertyListCreateXMLData(nullptr, String(std::string_view("a\x01\0b", 4))));
     const auto back = ReadPlist(Bytes(xml));
     EXPECT_EQ(CFStringToUTF8(static_cast<CFStringRef>(back.get())), "a\uFFFD\uFFFDb");
+    // What would be one key when it is written is one as soon as it is read.
+    const auto read =
+        ReadPlist(Plist("<dict><key>a\x02</key><true/><key>a&#3;</key><true/></dict>"));
+    EXPECT_EQ(CFDictionaryGetCount(static_cast<CFDictionaryRef>(read.get())), 1);
 
     Owned<CFTypeRef> deep = Owned<CFTypeRef>::Retain(CFSTR("leaf"));
     for (int i = 0; i < 513; ++i) {
