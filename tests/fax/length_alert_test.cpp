@@ -7,7 +7,8 @@
 namespace kalmo::test {
 namespace {
 
-constexpr SInt32 kList = 200, kEdit = 201, kRemove = 202, kRemoveAll = 203, kFaxNumber = 211;
+constexpr SInt32 kList = 200, kEdit = 201, kRemove = 202, kRemoveAll = 203, kPrefixBox = 301,
+                 kCreditCardBox = 303, kCreditCard = 304, kFaxNumber = 211;
 
 struct LengthAlerts : FaxDialogTest {
     void appendNumbers(std::initializer_list<int> lengths) {
@@ -62,6 +63,20 @@ TEST_F(LengthAlerts, EditedAndRemovedRecipientsLeaveTheList) {
         Press(window, kOK);
     }));
     EXPECT_EQ(list.count(), 2) << "those that are short enough";
+}
+
+TEST_F(LengthAlerts, KeepToTheLengthsThatWereMeasured) {
+    appendNumbers({47});
+    EXPECT_FALSE(validate([](QWidget& window) {
+        Press(window, kPrefixBox);
+        Press(window, kCreditCardBox);
+        EXPECT_FALSE(HasFocus(window, kCreditCard)) << "it would go to the prefix";
+        Type(window, kCreditCard, "12ab345678901234567");
+        QTest::keyClick(&window, Qt::Key_Escape);
+    }));
+    EXPECT_EQ(CFStringToUTF8(prefix.text), "") << "left off";
+    EXPECT_EQ(CFStringToUTF8(creditCard.text), "1234567890123456") << "made";
+    EXPECT_EQ(std::pair(prefix.length, creditCard.length), std::pair(CFIndex{4}, CFIndex{0}));
 }
 
 }  // namespace

@@ -1,12 +1,14 @@
-// The dialogs for one recipient, through their controls.
+// The dialogs for one recipient and for the preferences, through their controls.
 #include "fax/recipient_dialogs.h"
 
 #include "fax/fax_dialog_test.h"
+#include "fax/fax_preferences.h"
 
 namespace kalmo::test {
 namespace {
 
-constexpr SInt32 kName = 201, kFaxNumber = 211, kOrganization = 221, kMailbox = 251;
+constexpr SInt32 kName = 201, kFaxNumber = 211, kOrganization = 221, kMailbox = 251,
+                 kPromptDuplicate = 201;
 
 struct RecipientDialogs : FaxDialogTest {
     void edit(const std::string& before, const std::string& after,
@@ -55,6 +57,18 @@ TEST_F(RecipientDialogs, WhatIsNotChangedStays) {
              Type(window, kName, "Bea");
              Confirm(window);
          });
+}
+
+TEST_F(RecipientDialogs, PreferencesAreTakenOnOKAlone) {
+    SInt32 duplicate = 1, remove = 1;
+    for (const SInt32 end : {kCancel, kOK}) {
+        driver.expect([end](QWidget& window) {
+            Press(window, kPromptDuplicate);
+            Press(window, end);
+        });
+        RunModalFaxPreferencesDialog(bundle, &duplicate, &remove);
+        EXPECT_EQ(std::pair(duplicate, remove), std::pair(end == kOK ? 0 : 1, 1));
+    }
 }
 
 }  // namespace
