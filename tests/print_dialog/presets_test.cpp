@@ -169,7 +169,7 @@ TEST_F(PresetsTest, AnotherModelTellsWhatItDoesNotHave) {
     EXPECT_EQ(pane_.host.ppdChoice("KLMColor"), "");
     EXPECT_EQ(pane_.host.ppdChoice("KLEconomode"), "Draft");
     EXPECT_EQ(apply(handMade(TicketFile("", "KLEconomode=Mo\x1B[2Jre XStaple=Two XFold=None"))),
-              (Words{"Toner saver: Mo [2Jre", "XStaple: Two"}));
+              (Words{"Toner saver: Mo\uFFFD[2Jre", "XStaple: Two"}));
 }
 
 TEST_F(PresetsTest, APrinterWithoutOptionsTakesNoJobsThatNeedThem) {
