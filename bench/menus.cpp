@@ -52,7 +52,8 @@ BENCHMARK(LibraryAlone)->Unit(benchmark::kMicrosecond);
 void Menu(benchmark::State& state, kalmo::Constraints constraints) {
     // The product's own popup, made the way interface files make it.
     const MenuRef menu = CreateNewMenu();
-    std::freopen("/dev/null", "w", stderr);  // unknown paper names are reported one by one
+    // Unknown paper names are reported one by one.
+    if (!std::freopen("/dev/null", "w", stderr)) return state.SkipWithError("no /dev/null");
     for (auto _ : state) {
         benchmark::DoNotOptimize(
             kalmo::PPDPopulateMenuWithChoices(menu, Plotter(), CFSTR("PageSize"), 0, constraints));
