@@ -47,9 +47,11 @@ std::string IdentifierOf(const std::string& text) {
 
 /// Without the scheme of a URI, and what may follow the number in one.
 std::string EntryValue(const Property& property) {
-    const std::string value = Unescaped(Trimmed(property.value));
-    if (StartsWithoutCase(value, "tel:")) return value.substr(4, value.find(';') - 4);
-    return StartsWithoutCase(value, "mailto:") ? value.substr(7) : value;
+    const std::string text = Unescaped(Trimmed(property.value));
+    std::string_view value = text;
+    if (StartsWithoutCase(value, "tel:")) value = value.substr(4, value.find(';') - 4);
+    if (StartsWithoutCase(value, "mailto:")) value.remove_prefix(7);
+    return std::string(Trimmed(value));
 }
 
 /// "PREF=1" to "PREF=100" of version 4.0; before that a word among the types.
