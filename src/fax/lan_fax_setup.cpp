@@ -188,12 +188,15 @@ private:
     bool CheckMaxDialingStringExceeded() {
         if (!model_.isLengthCheckArmed) return false;
         DialingPart prefix = controls_.dialingPrefix(), creditCard = controls_.creditCard();
+        // Who is asked may rename a recipient, too: the list alone does not show that.
+        const bool isAsked =
+            !FindMaxCharacters(*model_.list, prefix.length, creditCard.length).empty();
         const bool isValid = ValidateMaxCharacters(&model_, &prefix, &creditCard);
         if (isValid) model_.isLengthCheckArmed = false;
         controls_.setDialingPrefix(prefix);
         controls_.setCreditCard(creditCard);
         ShowRecipients(model_.listView, *model_.list);
-        recipientsHaveChanged();
+        if (isAsked) recipientsHaveChanged();
         return !isValid;
     }
 

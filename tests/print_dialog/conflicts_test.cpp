@@ -112,12 +112,12 @@ TEST(TheDialogsOwnChoices, LeaveTheRotationAsItIs) {
 
 struct ConflictsInWindow : testing::Test, WindowInFront {
     /// On the sample printer, with one staple through labels.
-    void open() {
+    void open(const std::string& settings = {}) {
         CommandLine commandLine = SampleJob();
         out_ = commandLine.output;
         commandLine.ticket = MakeFolder("ticket") / "stapled.plist";
         WriteFile(commandLine.ticket,
-                  TicketFile({}, "StapleLocation=SinglePortrait MediaType=Labels"));
+                  TicketFile(settings, "StapleLocation=SinglePortrait MediaType=Labels"));
         WindowInFront::open(commandLine);
     }
     [[nodiscard]] ConflictNotice* band() const { return window_->findChild<ConflictNotice*>(); }
@@ -173,6 +173,15 @@ TEST_F(ConflictsInWindow, GoWithOtherSettingsAndArePrintedAnywayOnRequest) {
     button("Print anyway")->click();
     EXPECT_FALSE(band()->isVisible());
     expectPrinted("SinglePortrait");
+}
+
+TEST_F(ConflictsInWindow, ComeAfterThePrintCheck) {
+    open(JobTypeEntry(5));
+    ModalDriver setup;
+    setup.expectPress("Cancel");
+    print()->click();
+    EXPECT_TRUE(setup.done()) << "the fax has no recipient yet";
+    EXPECT_FALSE(band()->isVisible());
 }
 
 TEST_F(ConflictsInWindow, ChangesReachTheForm) {

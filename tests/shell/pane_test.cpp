@@ -1,4 +1,6 @@
 // The product's plug-in object, and its pane through whole dialogs.
+#include <cstring>
+
 #include "shell/product.h"
 #include "support/dictionaries.h"
 #include "support/worker_wait.h"
@@ -85,16 +87,40 @@ TEST(Pane, ALaterDialogReadsItsOwnTicketAndNothingIsLeft) {
     EXPECT_EQ(alive(), before);
 }
 
-TEST(PluginEntry, IsNothingElseAndGoesWithItsLastRelease) {
+TEST(PluginEntry, ObjectsLiveUntilTheirLastRelease) {
+    void* const instance = CreateInstance();
+    const IUnknownTable& unknown = **static_cast<const IUnknownTable**>(instance);
+    const auto query = [&](CFUUIDBytes id, OSStatus expected) {
+        void* object = instance;
+        EXPECT_EQ(unknown.QueryInterface(instance, id, &object), expected);
+        return object;
+    };
     const auto factory = reinterpret_cast<PDEFactory>(
         CFBundleGetFunctionPointerForName(Product(), CFSTR("KalmoPDEPluginFactory")));
     EXPECT_EQ(factory(nullptr, UUID(kKalmoFactoryUUID)), nullptr) << "another type";
-    void *const instance = CreateInstance(), *object = instance;
-    const IUnknownTable& unknown = **static_cast<const IUnknownTable**>(instance);
-    EXPECT_EQ(unknown.QueryInterface(instance, {}, &object), kENoInterface);
-    EXPECT_EQ(object, nullptr);
-    EXPECT_EQ(unknown.Release(instance), 0u);
+    EXPECT_EQ(query({}, kENoInterface), nullptr);
+    CFUUIDBytes id;
+    std::memcpy(id.bytes, kIUnknownUUIDBytes, sizeof id);
+    EXPECT_EQ(query(id, noErr), instance);
+    EXPECT_EQ(unknown.AddRef(instance), 3u);
+    unknown.Release(instance);
+    EXPECT_EQ(unknown.Release(instance), 1u);
+
+    void* first = query(CFUUIDGetUUIDBytes(UUID(kDialogExtensionInterfaceUUID)), noErr);
+    void* second = query(CFUUIDGetUUIDBytes(UUID(kDialogExtensionInterfaceUUID)), noErr);
+    EXPECT_EQ(CFPlugInInstanceCount(UUID(kKalmoFactoryUUID)), 1);
+    const auto releaseInstance = unknown.Release;
+    EXPECT_EQ(releaseInstance(instance), 0u) << "queries do not count the instance";
     EXPECT_EQ(CFPlugInInstanceCount(UUID(kKalmoFactoryUUID)), 0);
+
+    const PDEInterfaceTable* table = static_cast<PDEInterfaceObject*>(first)->table;
+    EXPECT_NE(table, static_cast<PDEInterfaceObject*>(second)->table);
+    EXPECT_EQ(table->Retain(first), noErr);
+    const auto release = table->Release;
+    void* pointer = first;
+    EXPECT_EQ(release(&pointer), noErr);
+    EXPECT_EQ(pointer, nullptr) << "the caller's pointer goes although the object stays";
+    for (void** object : {&pointer, &first, &second}) EXPECT_EQ(release(object), noErr);
 }
 
 }  // namespace

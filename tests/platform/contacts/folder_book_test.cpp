@@ -65,6 +65,9 @@ TEST(FolderBook, MeetsOnlyWholeCardsInTheFolderItself) {
     ASSERT_EQ(mkfifo((folder / "pipe.vcf").c_str(), 0600), 0);
     const std::pair<const char*, std::string> kFiles[] = {
         {"good.vcf", CardOf("good")},
+        {"UPPER.VCF", CardOf("upper")},
+        {".hidden.vcf", CardOf("hidden")},
+        {"notes.txt", CardOf("notes")},
         {"cut.vcf", CardOf("cut").substr(20)},
         {"zz copy.vcf", CardOf("good", "TEL:1\n")},
         {"several.vcf", CardOf("a") + CardOf("b")},
@@ -75,7 +78,7 @@ TEST(FolderBook, MeetsOnlyWholeCardsInTheFolderItself) {
     const Contacts contacts = Loaded(folder);
     std::set<std::string> uids;
     for (const Person& person : contacts.persons) uids.insert(person.uid);
-    EXPECT_EQ(uids, (std::set<std::string>{"good", "a", "b", "no uid"}));
+    EXPECT_EQ(uids, (std::set<std::string>{"good", "upper", "a", "b", "no uid"}));
     EXPECT_EQ(contacts.passedOver, 5u) << "link, pipe, cut, copy, meeting";
 
     const auto book = OpenFolder(folder);
